@@ -1,0 +1,11 @@
+// Everything that Torvo Utility offers, one header per family.
+#pragma once
+
+#include <Utility/bounded_copy.h>
+#include <Utility/cancel.h>
+#include <Utility/instance.h>
+#include <Utility/memory_blocks.h>
+#include <Utility/platform/host.h>
+#include <Utility/platform/types.h>
+#include <Utility/resources.h>
+#include <Utility/version.h>

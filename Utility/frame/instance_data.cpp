@@ -1,0 +1,140 @@
+#include <Utility/frame/instance_data.h>
+
+#include <Utility/cancel.h>
+#include <Utility/frame/storage.h>
+#include <Utility/resources.h>
+
+#include <new>
+
+namespace Torvo {
+
+namespace {
+
+// The instance that the calling thread is building or destroying at this moment. A store may be unable to keep it (a
+// host's callback that refuses, no slot left); the services' own constructors and destructors must find it all the
+// same, or each of them would build another one without end.
+thread_local InstanceData* instanceInWork = nullptr;
+
+class InstanceInWork {
+public:
+    explicit InstanceInWork(InstanceData* instance) : former(instanceInWork) { instanceInWork = instance; }
+    ~InstanceInWork() { instanceInWork = former; }
+    InstanceInWork(const InstanceInWork&) = delete;
+    InstanceInWork& operator=(const InstanceInWork&) = delete;
+
+private:
+    InstanceData* const former;
+};
+
+template <typename T>
+bool Install(T* created) {
+    return created != nullptr && T::Instance(created);
+}
+
+// Creates every service in the order in which they need each other, up to the first that cannot be created.
+InstanceData* CreateServices() {
+    InstanceData* const instance = InstanceData::Create();
+    if (instance == nullptr) return nullptr;
+    const InstanceInWork inWork(instance);
+    static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
+                      Install(cCheckEsc::Create()));
+    return instance;
+}
+
+// The instance that this thread had before the host's store became current, moved into the host's store; or null.
+InstanceData* MoveThreadInstanceToHost() {
+    if (storageFrame.current != &storageFrame.external) return nullptr;
+    InstanceData* const instance = storageFrame.threadLocal.GetData();
+    if (instance == nullptr) return nullptr;
+    storageFrame.threadLocal.SetData(nullptr);
+    storageFrame.external.SetData(instance);
+    return instance;
+}
+
+InstanceData* FindOrCreateInstance() {
+    if (InstanceData* const moved = MoveThreadInstanceToHost()) return moved;
+    if (instanceInWork != nullptr) return instanceInWork;
+    return CreateServices();
+}
+
+}  // namespace
+
+bool InstanceDataImpl::SetSlot(unsigned int key, void* value) {
+    if (key < services.size()) {
+        services[key] = value;
+        return true;
+    }
+    try {
+        others[key] = value;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+void* InstanceDataImpl::GetSlot(unsigned int key) {
+    if (key < services.size()) return services[key];
+    const auto found = others.find(key);
+    return found != others.end() ? found->second : nullptr;
+}
+
+InstanceData* GetInstanceData() {
+    if (InstanceData* const held = storageFrame.current.load(std::memory_order_acquire)->GetData()) return held;
+    return FindOrCreateInstance();
+}
+
+bool SetInstanceData(InstanceData* instance) {
+    return storageFrame.current.load()->SetData(instance);
+}
+
+InstanceData* CreateInstanceData() {
+    return CreateServices();
+}
+
+void SetExternalDataStorage(InstanceData* (*get)(), bool (*set)(InstanceData*)) {
+    platform::EnterCriticalSection(&storageFrame.guard.section);
+    if (storageFrame.externalCount == 0) {
+        storageFrame.external.get = get;
+        storageFrame.external.set = set;
+        storageFrame.current = &storageFrame.external;
+    }
+    ++storageFrame.externalCount;
+    platform::LeaveCriticalSection(&storageFrame.guard.section);
+}
+
+void ClearExternalDataStorage() {
+    platform::EnterCriticalSection(&storageFrame.guard.section);
+    if (storageFrame.externalCount == 1) {
+        storageFrame.current = &storageFrame.threadLocal;
+        storageFrame.external.get = nullptr;
+        storageFrame.external.set = nullptr;
+    }
+    --storageFrame.externalCount;
+    platform::LeaveCriticalSection(&storageFrame.guard.section);
+
+    if (storageFrame.threadLocal.GetData() != nullptr) return;
+    storageFrame.threadLocal.SetData(storageFrame.external.GetData());
+    storageFrame.external.SetData(nullptr);
+}
+
+InstanceData* InstanceData::Create() {
+    InstanceData* const instance = new (std::nothrow) InstanceDataImpl;
+    if (instance != nullptr) storageFrame.current.load()->SetData(instance);
+    return instance;
+}
+
+void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
+    InstanceData* const target = fromThreadStore ? storageFrame.threadLocal.GetData() : GetInstanceData();
+    if (target == nullptr) return;
+    if (onlyIfAutoDestroy && !target->GetAutoDestroy()) return;
+    {
+        // Each getter travels the ordinary road, so these are the services of the current store's instance.
+        const InstanceInWork inWork(target);
+        delete cStringResourceBuffers::Instance();
+        delete cCheckEsc::Instance();
+    }
+    storageFrame.current.load()->SetData(nullptr);
+    delete target;
+}
+
+}  // namespace Torvo

@@ -1,0 +1,13 @@
+// The operations of the system and of the C runtime that the library needs, under the platform's own names and with
+// their documented contract, by family. The library calls these and nothing else of the system; each family has a file
+// here and one in each of the folders `posix` and `windows`.
+#pragma once
+
+#include <Utility/platform/host.h>
+#include <Utility/platform/locales.h>
+#include <Utility/platform/modules.h>
+#include <Utility/platform/runtime.h>
+#include <Utility/platform/text.h>
+#include <Utility/platform/threads.h>
+#include <Utility/platform/types.h>
+#include <Utility/platform/version.h>

@@ -1,0 +1,29 @@
+#include <Utility/platform/runtime.h>
+
+#include <malloc.h>
+
+#include <cstdlib>
+
+namespace Torvo::platform {
+
+void* malloc(std::size_t size) {
+    return std::malloc(size);
+}
+
+void* calloc(std::size_t count, std::size_t size) {
+    return std::calloc(count, size);
+}
+
+void* realloc(void* block, std::size_t size) {
+    return std::realloc(block, size);
+}
+
+void free(void* block) {
+    std::free(block);
+}
+
+std::size_t _msize(void* block) {
+    return ::malloc_usable_size(block);
+}
+
+}  // namespace Torvo::platform

@@ -1,0 +1,63 @@
+#include <Utility/bounded_copy.h>
+
+#include <Utility/platform/runtime.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace Torvo {
+
+namespace {
+
+bool IsWhite(wchar16 c) {
+    return c == 9 || c == 10 || c == 12 || c == 13 || c == 32;
+}
+
+bool IsBlank(wchar16 c) {
+    return IsWhite(c) || zuIsPrint(c) == 0;
+}
+
+// Moves the text from `from` on, terminator included, down to `s`.
+void MoveDown(wchar16* s, const wchar16* from) {
+    if (from != s) std::memmove(s, from, (platform::wcslen(from) + 1) * sizeof(wchar16));
+}
+
+}  // namespace
+
+wchar16* strcpyn(wchar16* dst, const wchar16* src, uint64 size) {
+    if (size == 0) return dst;
+    uint64 length = 0;
+    while (length < size - 1 && src[length] != 0) {
+        dst[length] = src[length];
+        ++length;
+    }
+    std::fill(dst + length, dst + size, wchar16{0});
+    return dst;
+}
+
+uint64 ltrim(wchar16* s) {
+    const wchar16* first = s;
+    while (*first != 0 && IsBlank(*first)) ++first;
+    const auto removed = static_cast<uint64>(first - s);
+    if (*first != 0) MoveDown(s, first);
+    return removed;
+}
+
+uint64 ltrim2(wchar16* s) {
+    const wchar16* first = s;
+    while (*first == ' ') ++first;
+    MoveDown(s, first);
+    return static_cast<uint64>(first - s);
+}
+
+uint64 rtrim(wchar16* s) {
+    uint64 length = platform::wcslen(s);
+    while (length > 0 && IsBlank(s[length - 1])) s[--length] = 0;
+    return length;
+}
+
+int32 zuIsPrint(wchar16 c) {
+    return c >= 128 || platform::iswprint(c) ? 1 : 0;
+}
+
+}  // namespace Torvo
