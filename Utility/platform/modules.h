@@ -27,7 +27,7 @@ bool GetModuleHandleExW(uint32 flags, const wchar16* name, HINSTANCE* module);
 // The address of an exported symbol, or null.
 void* GetProcAddress(HINSTANCE module, const char* name);
 // The full file name, in at most `size` units with the terminator; the number of units without it, `size` when the name
-// was cut (error 122), 0 on failure. Null means the program.
+// was cut (error 122; whether a cut name is terminated differs), 0 on failure. Null means the program.
 uint32 GetModuleFileNameW(HINSTANCE module, wchar16* buffer, uint32 size);
 // Loads a module, or takes one more reference to it. Null on failure.
 HINSTANCE LoadLibraryW(const wchar16* name);
@@ -37,7 +37,8 @@ bool FreeLibrary(HINSTANCE module);
 // Sets what a failing load may show to the user; the former mode. Only remembered where the system never shows any.
 uint32 SetErrorMode(uint32 mode);
 // Copies string number `id` (its low 16 bits) of the module into `buffer`, cut to `size` - 1 units, and terminates it.
-// The number of units copied; 0, with `buffer` empty, when there is no such string or `size` is below 1.
+// The number of units copied; 0 when there is no such string or `size` is below 2, and what the buffer holds then
+// differs.
 int LoadStringW(HINSTANCE module, uint32 id, wchar16* buffer, int size);
 
 }  // namespace Torvo::platform
