@@ -158,11 +158,11 @@ cStringResourceBuffers* cStringResourceBuffers::Create() {
 }
 
 cStringResourceBuffers* cStringResourceBuffers::Instance() {
-    return ServiceInstance<cStringResourceBuffers>(ServiceKey::StringResourceBuffers);
+    return ServiceInstance<cStringResourceBuffers, ServiceKey::StringResourceBuffers>();
 }
 
 bool cStringResourceBuffers::Instance(cStringResourceBuffers* service) {
-    return ServiceInstance(ServiceKey::StringResourceBuffers, service);
+    return SetServiceInstance<cStringResourceBuffers, ServiceKey::StringResourceBuffers>(service);
 }
 
 }  // namespace Torvo

@@ -28,11 +28,11 @@ cCheckEsc* cCheckEsc::Create() {
 }
 
 cCheckEsc* cCheckEsc::Instance() {
-    return ServiceInstance<cCheckEsc>(ServiceKey::CheckEsc);
+    return ServiceInstance<cCheckEsc, ServiceKey::CheckEsc>();
 }
 
 bool cCheckEsc::Instance(cCheckEsc* service) {
-    return ServiceInstance(ServiceKey::CheckEsc, service);
+    return SetServiceInstance<cCheckEsc, ServiceKey::CheckEsc>(service);
 }
 
 void InitCheckEscCallback(cCheckEscCallback* callback) {

@@ -51,13 +51,13 @@ InstanceData* MoveThreadInstanceToHost() {
     return instance;
 }
 
+}  // namespace
+
 InstanceData* FindOrCreateInstance() {
     if (InstanceData* const moved = MoveThreadInstanceToHost()) return moved;
     if (instanceInWork != nullptr) return instanceInWork;
     return CreateServices();
 }
-
-}  // namespace
 
 bool InstanceDataImpl::SetSlot(unsigned int key, void* value) {
     if (key < services.size()) {
@@ -72,15 +72,14 @@ bool InstanceDataImpl::SetSlot(unsigned int key, void* value) {
     return true;
 }
 
-void* InstanceDataImpl::GetSlot(unsigned int key) {
-    if (key < services.size()) return services[key];
+void* InstanceDataImpl::GetOther(unsigned int key) const {
     const auto found = others.find(key);
     return found != others.end() ? found->second : nullptr;
 }
 
 InstanceData* GetInstanceData() {
-    if (InstanceData* const held = storageFrame.current.load(std::memory_order_acquire)->GetData()) return held;
-    return FindOrCreateInstance();
+    InstanceData* const held = HeldInstance();
+    return held != nullptr ? held : FindOrCreateInstance();
 }
 
 bool SetInstanceData(InstanceData* instance) {

@@ -1,6 +1,7 @@
 // The table of services behind InstanceData, the keys, and the two static members that every service class has.
 #pragma once
 
+#include <Utility/frame/storage.h>
 #include <Utility/instance.h>
 
 #include <array>
@@ -21,29 +22,34 @@ enum class ServiceKey : unsigned int {
     StringNormalizerManager = 13,
 };
 
-// The keys in use are small numbers, so they index an array; any other key goes into the map.
+// The keys in use are small numbers, so they index an array; any other key goes into the map. GetSlot is in the header
+// because it is part of every call's road: a compiler that sees it can guess which GetSlot a call means.
 class InstanceDataImpl final : public InstanceData {
 public:
     bool SetSlot(unsigned int key, void* value) override;
-    void* GetSlot(unsigned int key) override;
+    void* GetSlot(unsigned int key) override { return key < services.size() ? services[key] : GetOther(key); }
     bool GetAutoDestroy() override { return autoDestroy; }
     void ClearAutoDestroy() override { autoDestroy = false; }
 
 private:
+    void* GetOther(unsigned int key) const;
+
     std::array<void*, 16> services{};
     std::map<unsigned int, void*> others;
     bool autoDestroy = true;
 };
 
 // The getter and the setter behind T::Instance() and T::Instance(T*).
-template <typename T>
-T* ServiceInstance(ServiceKey key) {
-    return static_cast<T*>(GetInstanceData()->GetSlot(static_cast<unsigned int>(key)));
+template <typename T, ServiceKey Key>
+inline T* ServiceInstance() {
+    InstanceData* const held = HeldInstance();
+    InstanceData* const instance = held != nullptr ? held : FindOrCreateInstance();
+    return static_cast<T*>(instance->GetSlot(static_cast<unsigned int>(Key)));
 }
 
-template <typename T>
-bool ServiceInstance(ServiceKey key, T* service) {
-    return GetInstanceData()->SetSlot(static_cast<unsigned int>(key), service);
+template <typename T, ServiceKey Key>
+bool SetServiceInstance(T* service) {
+    return GetInstanceData()->SetSlot(static_cast<unsigned int>(Key), service);
 }
 
 }  // namespace Torvo

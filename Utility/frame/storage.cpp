@@ -4,28 +4,22 @@ namespace Torvo {
 
 TlsInstanceDataStorage::~TlsInstanceDataStorage() {
     platform::EnterCriticalSection(&guard.section);
-    if (index != -1) platform::TlsFree(static_cast<uint32>(index.load()));
-    index = -1;
+    if (index != platform::TlsOutOfIndexes) platform::TlsFree(index);
+    index = platform::TlsOutOfIndexes;
     platform::LeaveCriticalSection(&guard.section);
 }
 
-// Whether there is an index; allocates it if not.
-bool TlsInstanceDataStorage::EnsureIndex() {
-    if (index.load(std::memory_order_acquire) != -1) return true;
+// Allocates the index unless another thread just did; whether there is one.
+bool TlsInstanceDataStorage::AllocateIndex() {
     platform::EnterCriticalSection(&guard.section);
-    if (index == -1) index = static_cast<int32>(platform::TlsAlloc());  // -1 again when none is left
+    if (index == platform::TlsOutOfIndexes) index = platform::TlsAlloc();
     platform::LeaveCriticalSection(&guard.section);
-    return index != -1;
-}
-
-InstanceData* TlsInstanceDataStorage::GetData() {
-    if (!EnsureIndex()) return nullptr;
-    return static_cast<InstanceData*>(
-        platform::TlsGetValue(static_cast<uint32>(index.load(std::memory_order_relaxed))));
+    return index != platform::TlsOutOfIndexes;
 }
 
 bool TlsInstanceDataStorage::SetData(InstanceData* instance) {
-    return EnsureIndex() && platform::TlsSetValue(static_cast<uint32>(index.load()), instance);
+    if (index.load(std::memory_order_acquire) == platform::TlsOutOfIndexes && !AllocateIndex()) return false;
+    return platform::TlsSetValue(index, instance);
 }
 
 }  // namespace Torvo

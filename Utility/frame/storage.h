@@ -27,17 +27,19 @@ public:
     bool (*set)(InstanceData*) = nullptr;
 };
 
-// One instance per thread, in a slot of thread-local storage that is allocated at first use.
+// One instance per thread, in a slot of thread-local storage that is allocated when the first instance is stored.
 class TlsInstanceDataStorage final : public InstanceDataStorage {
 public:
     ~TlsInstanceDataStorage() override;
-    InstanceData* GetData() override;
+    InstanceData* GetData() override {
+        return static_cast<InstanceData*>(platform::TlsGetValue(index.load(std::memory_order_acquire)));
+    }
     bool SetData(InstanceData* instance) override;
 
 private:
-    bool EnsureIndex();
+    bool AllocateIndex();
 
-    std::atomic<int32> index = -1;
+    std::atomic<uint32> index = platform::TlsOutOfIndexes;  // not allocated; every thread finds null under it
     ZUGuard guard;
 };
 
@@ -51,5 +53,15 @@ struct StorageFrame {
 };
 
 extern StorageFrame storageFrame;
+
+// The caller's instance when the current store does not hold one: moved from the thread-local store, or created.
+InstanceData* FindOrCreateInstance();
+
+// The instance that the current store holds for the caller, or null. The thread-local store is asked directly, which
+// only saves time: it is the one that nearly every call finds.
+inline InstanceData* HeldInstance() {
+    InstanceDataStorage* const current = storageFrame.current.load(std::memory_order_acquire);
+    return current == &storageFrame.threadLocal ? storageFrame.threadLocal.GetData() : current->GetData();
+}
 
 }  // namespace Torvo

@@ -4,6 +4,7 @@
 #include <Utility/platform/types.h>
 
 #if !defined(_WIN32)
+#include <Utility/platform/posix/thread_slots.h>
 #include <pthread.h>
 #endif
 
@@ -49,8 +50,10 @@ inline constexpr uint32 TlsOutOfIndexes = 0xFFFFFFFF;
 uint32 TlsAlloc();
 // Gives the index back; the values are forgotten, never freed. False for an index that is not allocated.
 bool TlsFree(uint32 index);
-// The calling thread's value; null when it never set one, or when the index is not allocated.
+// The calling thread's value; null when it never set one, or for TlsOutOfIndexes.
+#if defined(_WIN32)
 void* TlsGetValue(uint32 index);
+#endif
 // Sets the calling thread's value; false for an index that is not allocated.
 bool TlsSetValue(uint32 index, void* value);
 
