@@ -4,6 +4,7 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/cancel.h>
 #include <Utility/instance.h>
+#include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>

@@ -2,6 +2,7 @@
 
 #include <Utility/cancel.h>
 #include <Utility/frame/storage.h>
+#include <Utility/locale_info.h>
 #include <Utility/resources.h>
 
 #include <new>
@@ -37,6 +38,7 @@ InstanceData* CreateServices() {
     if (instance == nullptr) return nullptr;
     const InstanceInWork inWork(instance);
     static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
+                      Install(cLocaleInfo::Create()) &&             //
                       Install(cCheckEsc::Create()));
     return instance;
 }
@@ -130,6 +132,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         // Each getter travels the ordinary road, so these are the services of the current store's instance.
         const InstanceInWork inWork(target);
         delete cStringResourceBuffers::Instance();
+        delete cLocaleInfo::Instance();
         delete cCheckEsc::Instance();
     }
     storageFrame.current.load()->SetData(nullptr);
