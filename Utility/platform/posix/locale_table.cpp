@@ -1,0 +1,159 @@
+#include <Utility/platform/posix/locale_table.h>
+
+#include <Utility/platform/host.h>
+#include <Utility/platform/posix/locale_identifiers.h>
+#include <Utility/platform/threads.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <vector>
+
+namespace Torvo::platform {
+
+namespace {
+
+// The types come in two runs, 0x00 to 0x7F and 0x1000 to 0x107F. Every other number maps to an entry that stays empty.
+constexpr std::size_t NoEntry = 0;
+
+constexpr std::size_t EntryIndex(uint32 type) {
+    if (type < 0x80) return type;
+    return type >= 0x1000 && type < 0x1080 ? type - 0x1000 + 0x80 : NoEntry;
+}
+
+// The tables made so far: one place for each row of identifiers and one for the user's default. A place once filled
+// never changes, so that readers need no lock; the mutex keeps two threads from making the same table.
+class LocaleTables {
+public:
+    LocaleTables() : places(LocaleIdentifiers().size() + 1) {}
+
+    const LocaleTable* Get(const LocaleIdentifier* row) {
+        const auto index = static_cast<std::size_t>(row - LocaleIdentifiers().data());
+        return Get(places[index], row->SpecificName());
+    }
+    const LocaleTable* GetUserDefault() { return Get(places.back(), UserDefaultLocaleName()); }
+
+private:
+    using Place = std::atomic<const LocaleTable*>;
+
+    const LocaleTable* Get(Place& place, const std::string& name) {
+        if (const LocaleTable* const made = place.load(std::memory_order_acquire)) return made;
+        const std::lock_guard lock(making);
+        if (place.load() == nullptr) place = new LocaleTable(BuildLocaleTable(name));
+        return place.load();
+    }
+
+    std::vector<Place> places;
+    std::mutex making;
+};
+
+LocaleTables& Tables() {
+    // Never destroyed: threads may still ask while the process ends.
+    static LocaleTables* const tables = new LocaleTables;
+    return *tables;
+}
+
+bool MeansUserDefault(uint32 locale) {
+    return locale == 0 || locale == 0x400 || locale == 0x800 || locale == 0xC00 || locale == 0x1000 || locale == 0x1400;
+}
+
+const LocaleTable* MakeOrFindTable(uint32 locale) {
+    try {
+        if (MeansUserDefault(locale)) return Tables().GetUserDefault();
+        const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
+        return row != nullptr ? Tables().Get(row) : nullptr;
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+const char* EnvironmentLocale() {
+    for (const char* const variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        if (const char* const value = std::getenv(variable); value != nullptr && *value != 0) return value;
+    }
+    return "C";
+}
+
+// The table that the calling thread asked for last.
+struct LastTable {
+    uint32 locale;
+    const LocaleTable* table;
+};
+thread_local LastTable lastTable = {0, nullptr};
+
+// A code page of the thread's locale, or of the next locale that has one.
+uint32 CodePageOrFallback(uint32 LocaleTable::*page, uint32 none, uint32 last) {
+    for (const uint32 locale : {GetThreadLocale(), uint32{0}}) {
+        const LocaleTable* const table = FindLocaleTable(locale);
+        if (table != nullptr && table->*page != none) return table->*page;
+    }
+    return last;
+}
+
+}  // namespace
+
+LocaleTable::Value LocaleTable::Find(uint32 type) const {
+    const Entry entry = entries[EntryIndex(type)];
+    if (entry.units == 0) return {nullptr, 0};
+    return {texts.data() + entry.offset, entry.units};
+}
+
+void LocaleTable::Set(uint32 type, std::u16string_view text) {
+    Entry& entry = entries[EntryIndex(type)];
+    entry.offset = static_cast<uint16>(texts.size());
+    entry.units = static_cast<uint16>(text.size() + 1);
+    texts.append(text);
+    texts.push_back(0);
+}
+
+bool IsNumericLocaleType(uint32 type) {
+    switch (type) {
+        case LOCALE_IDIGITS:
+        case LOCALE_ILZERO:
+        case LOCALE_ICURRDIGITS:
+        case LOCALE_ICURRENCY:
+        case LOCALE_INEGCURR:
+        case LOCALE_IDATE:
+        case LOCALE_ITIME:
+        case LOCALE_IDEFAULTANSICODEPAGE:
+        case LOCALE_IDEFAULTCODEPAGE:
+        case LOCALE_ITIMEMARKPOSN:
+        case LOCALE_INEGNUMBER:
+            return true;
+        default:
+            return false;
+    }
+}
+
+const LocaleTable* FindLocaleTable(uint32 locale) {
+    if (lastTable.table != nullptr && lastTable.locale == locale) return lastTable.table;
+    const LocaleTable* const table = MakeOrFindTable(locale);
+    if (table != nullptr) lastTable = {locale, table};
+    return table;
+}
+
+uint32 ThreadAnsiCodePage() {
+    return CodePageOrFallback(&LocaleTable::ansiCodePage, 0, 1252);
+}
+
+uint32 ThreadOemCodePage() {
+    return CodePageOrFallback(&LocaleTable::oemCodePage, 1, 437);
+}
+
+const std::string& UserDefaultLocaleName() {
+    static const std::string* const name = new std::string(LocaleNameOfEnvironment(EnvironmentLocale()));
+    return *name;
+}
+
+uint32 UserDefaultLocale() {
+    static const uint32 locale = [] {
+        const LocaleIdentifier* const row = FindLocaleIdentifier(UserDefaultLocaleName());
+        return row != nullptr ? row->lcid : uint32{0xC00};
+    }();
+    return locale;
+}
+
+}  // namespace Torvo::platform

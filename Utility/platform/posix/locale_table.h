@@ -1,0 +1,62 @@
+// What a locale says of numbers, money, dates and times, as an immutable table.
+//
+// A table is made from ICU's data once per locale, at the first query for it, and lives as long as the process. Threads
+// share it without a lock, and each thread remembers the table of its last query: a query then is a comparison, an
+// index and a copy.
+#pragma once
+
+#include <Utility/platform/locales.h>
+
+#include <array>
+#include <string>
+
+namespace Torvo::platform {
+
+class LocaleTable {
+public:
+    // `text` is null for a type that the table does not have. `units` counts the terminator.
+    struct Value {
+        const wchar16* text;
+        uint32 units;
+    };
+
+    // One of the LOCALE_ types that <Utility/platform/locales.h> lists.
+    Value Find(uint32 type) const;
+
+    uint32 ansiCodePage = 0;  // 0 for a language that is written in Unicode only
+    uint32 oemCodePage = 1;   // 1 for such a language
+
+    // For the building of a table alone. Setting a type again replaces its value.
+    void Set(uint32 type, std::u16string_view text);
+
+private:
+    struct Entry {
+        uint16 offset;
+        uint16 units;
+    };
+
+    std::array<Entry, 256> entries{};
+    std::u16string texts;
+};
+
+// Whether the value of a type is a number, which a query may ask for in binary.
+bool IsNumericLocaleType(uint32 type);
+
+// A new table for the locale of a name.
+LocaleTable BuildLocaleTable(const std::string& name);
+
+// The table for an identifier, or null for one that names no locale (or when memory is short). The identifiers that
+// stand for a default (0, 0x400, 0x800, 0xC00, 0x1000, 0x1400) lead to the user's default.
+const LocaleTable* FindLocaleTable(uint32 locale);
+
+// The code pages of the calling thread's locale. A language that is written in Unicode only borrows those of the user's
+// default locale, and those of English if that has none either; the result is always the number of a real page.
+uint32 ThreadAnsiCodePage();
+uint32 ThreadOemCodePage();
+
+// The name of the user's default locale, which the environment decides once, at the first question.
+const std::string& UserDefaultLocaleName();
+// Its identifier; 0x0C00 when it has none of its own.
+uint32 UserDefaultLocale();
+
+}  // namespace Torvo::platform

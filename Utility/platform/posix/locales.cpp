@@ -1,0 +1,119 @@
+#include <Utility/platform/locales.h>
+
+#include <Utility/platform/host.h>
+#include <Utility/platform/posix/locale_identifiers.h>
+#include <Utility/platform/posix/locale_table.h>
+#include <Utility/platform/runtime.h>
+#include <Utility/platform/threads.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <string_view>
+
+namespace Torvo::platform {
+
+namespace {
+
+// The longest name of a locale, terminator included, that the calls accept.
+constexpr std::size_t LocaleNameMaxLength = 85;
+
+// What SetThreadLocale set; 0 as long as the thread follows the user's default.
+thread_local uint32 threadLocale = 0;
+
+int Fail(uint32 error) {
+    SetLastError(error);
+    return 0;
+}
+
+// The common end of all calls that hand out text: with a size of 0 the number of units needed, else the copy.
+int Deliver(const wchar16* text, uint32 units, wchar16* buffer, int size) {
+    const int needed = static_cast<int>(units);
+    if (size == 0) return needed;
+    if (size < needed) return Fail(ERROR_INSUFFICIENT_BUFFER);
+    std::memcpy(buffer, text, units * sizeof(wchar16));
+    return needed;
+}
+
+int Deliver(std::string_view name, wchar16* buffer, int size) {
+    const std::u16string wide(name.begin(), name.end());
+    return Deliver(wide.c_str(), static_cast<uint32>(wide.size() + 1), buffer, size);
+}
+
+bool IsBadBuffer(const wchar16* buffer, int size) {
+    return size < 0 || (size > 0 && buffer == nullptr);
+}
+
+int DeliverNumber(const LocaleTable::Value& value, wchar16* buffer, int size) {
+    const auto number = static_cast<uint32>(_wtoi(value.text));
+    wchar16 units[sizeof number / sizeof(wchar16)];
+    std::memcpy(units, &number, sizeof number);
+    return Deliver(units, std::size(units), buffer, size);
+}
+
+// A name of 7-bit characters as bytes; empty for one that no locale can have.
+std::string NarrowName(const wchar16* name) {
+    const std::size_t length = wcslen(name);
+    if (length >= LocaleNameMaxLength || std::any_of(name, name + length, [](wchar16 c) { return c >= 0x80; })) {
+        return "?";
+    }
+    return std::string(name, name + length);
+}
+
+uint32 LocaleOfName(std::string_view name, bool neutralAllowed) {
+    const LocaleIdentifier* row = FindLocaleIdentifier(name);
+    if (row != nullptr && row->IsNeutral() && !neutralAllowed) {
+        row = FindLocaleIdentifier(row->specific);
+        if (row == nullptr) return UnnumberedLocale;
+    }
+    if (row != nullptr) return row->lcid;
+    return CldrLocaleName(name).empty() ? 0 : UnnumberedLocale;
+}
+
+}  // namespace
+
+uint32 GetThreadLocale() {
+    return threadLocale != 0 ? threadLocale : UserDefaultLocale();
+}
+
+bool SetThreadLocale(uint32 locale) {
+    if (FindLocaleTable(locale) == nullptr) return Fail(ERROR_INVALID_PARAMETER) != 0;
+    const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
+    // A neutral locale becomes the specific one behind it, and one with a sort order of its own becomes plain.
+    threadLocale = row != nullptr ? LocaleOfName(row->name, false) & 0xFFFF : UserDefaultLocale();
+    return true;
+}
+
+int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
+    if (IsBadBuffer(buffer, size)) return Fail(ERROR_INVALID_PARAMETER);
+    const LocaleTable* const table = FindLocaleTable(locale);
+    if (table == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    const uint32 plainType = type & ~(LOCALE_NOUSEROVERRIDE | LOCALE_RETURN_NUMBER);
+    const LocaleTable::Value value = table->Find(plainType);
+    if (value.text == nullptr) return Fail(ERROR_INVALID_FLAGS);
+    if ((type & LOCALE_RETURN_NUMBER) == 0) return Deliver(value.text, value.units, buffer, size);
+    if (!IsNumericLocaleType(plainType)) return Fail(ERROR_INVALID_FLAGS);
+    return DeliverNumber(value, buffer, size);
+}
+
+int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags) {
+    if (IsBadBuffer(name, size)) return Fail(ERROR_INVALID_PARAMETER);
+    if (FindLocaleTable(locale) == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
+    if (row == nullptr) return Deliver(UserDefaultLocaleName(), name, size);
+    return Deliver((flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0 ? row->name : row->SpecificName(), name, size);
+}
+
+uint32 LocaleNameToLCID(const wchar16* name, uint32 flags) {
+    if (name == nullptr) return UserDefaultLocale();
+    const uint32 locale = LocaleOfName(NarrowName(name), (flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0);
+    if (locale == 0) SetLastError(ERROR_INVALID_PARAMETER);
+    return locale;
+}
+
+int GetSystemDefaultLocaleName(wchar16* name, int size) {
+    if (IsBadBuffer(name, size)) return Fail(ERROR_INVALID_PARAMETER);
+    return Deliver(UserDefaultLocaleName(), name, size);
+}
+
+}  // namespace Torvo::platform
