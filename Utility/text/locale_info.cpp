@@ -266,11 +266,11 @@ cLocaleInfo* cLocaleInfo::Create() {
 }
 
 cLocaleInfo* cLocaleInfo::Instance() {
-    return ServiceInstance<cLocaleInfo>(ServiceKey::LocaleInfo);
+    return ServiceInstance<cLocaleInfo, ServiceKey::LocaleInfo>();
 }
 
 bool cLocaleInfo::Instance(cLocaleInfo* service) {
-    return ServiceInstance(ServiceKey::LocaleInfo, service);
+    return SetServiceInstance<cLocaleInfo, ServiceKey::LocaleInfo>(service);
 }
 
 uint32 GetLocaleIdentifier() {
