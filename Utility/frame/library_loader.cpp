@@ -1,0 +1,40 @@
+#include <Utility/platform/platform.h>
+#include <Utility/startup.h>
+
+namespace Torvo {
+
+namespace {
+
+constexpr uint32 PathSize = 260;
+
+// The file name of a module; false when it does not fit, since a path that was cut leads nowhere.
+bool ModuleFileName(HINSTANCE module, wchar16 (&path)[PathSize]) {
+    const uint32 length = platform::GetModuleFileNameW(module, path, PathSize);
+    return length > 0 && length < PathSize;
+}
+
+}  // namespace
+
+bool LoadZULibrary(wchar16 const* library, wchar16 const* siblingModule, HINSTANCE& result) {
+    HINSTANCE sibling = platform::GetModuleHandleW(siblingModule);
+    if (sibling == nullptr) sibling = platform::GetModuleHandleW(nullptr);
+    if (sibling == nullptr) return false;
+
+    wchar16 siblingPath[PathSize];
+    platform::PathParts place;
+    platform::PathParts file;
+    wchar16 path[PathSize];
+    result = nullptr;
+    if (!ModuleFileName(sibling, siblingPath)) return false;
+    platform::_wsplitpath(siblingPath, &place);
+    platform::_wsplitpath(library, &file);
+    const wchar16* const extension = file.extension[0] != 0 ? file.extension : ZUTEXT("dll");
+    if (!platform::_wmakepath(path, PathSize, place.drive, place.directory, file.name, extension)) return false;
+
+    const uint32 formerMode = platform::SetErrorMode(platform::FailCriticalErrors);
+    result = platform::LoadLibraryExW(path, nullptr, platform::LoadWithAlteredSearchPath);
+    platform::SetErrorMode(formerMode);
+    return result != nullptr;
+}
+
+}  // namespace Torvo

@@ -1,0 +1,88 @@
+#include <Utility/Utility.h>
+#include <gtest/gtest.h>
+#include <support/fixture_path.h>
+
+#include <thread>
+
+namespace {
+
+using namespace Torvo;
+
+// A system charset of the test's choice.
+class FixedCharset : public cCharsetInfo {
+public:
+    explicit FixedCharset(int charset) : value(static_cast<ZUCHARSET>(charset)) {}
+    ZUCHARSET system_charset() override { return value; }
+
+private:
+    const ZUCHARSET value;
+};
+
+// Calls InitLiterals on a thread whose system charset is the given one.
+bool InitLiteralsUnder(int charset) {
+    bool result = false;
+    std::thread([&] {
+        cCharsetInfo* const own = cCharsetInfo::Instance();
+        FixedCharset fixed(charset);
+        cCharsetInfo::Instance(&fixed);
+        result = InitLiterals();
+        cCharsetInfo::Instance(own);
+        InstanceData::Destroy(false, false);
+    }).join();
+    return result;
+}
+
+// The font is chosen once for the process, so this is one story.
+TEST(Literals, FontIsEmptyThenChosenOnceAndKept) {
+    const wchar16* const font = GetDefaultRotatableFont();
+    EXPECT_EQ(wstring16(font), ZUTEXT(""));
+    // A charset without a font: a later call tries again.
+    EXPECT_FALSE(InitLiteralsUnder(54));
+    EXPECT_FALSE(InitLiteralsUnder(-1));
+    EXPECT_EQ(wstring16(font), ZUTEXT(""));
+    EXPECT_TRUE(InitLiteralsUnder(13));
+    EXPECT_EQ(wstring16(font), ZUTEXT("Arial Cyr"));
+    // The first choice holds, also where there would be none.
+    EXPECT_TRUE(InitLiteralsUnder(38));
+    EXPECT_TRUE(InitLiteralsUnder(54));
+    EXPECT_EQ(GetDefaultRotatableFont(), font);
+    EXPECT_EQ(wstring16(font), ZUTEXT("Arial Cyr"));
+}
+
+class SiblingLibrary : public testing::Test {
+protected:
+    // Loads the sibling that the tests bring along; it lies beside the program.
+    HINSTANCE Load(const wchar16* name, const wchar16* sibling = nullptr) {
+        HINSTANCE library = nullptr;
+        EXPECT_TRUE(LoadZULibrary(name, sibling, library));
+        return library;
+    }
+};
+
+TEST_F(SiblingLibrary, NothingIsLoadedByTheCallsToSiblings) {
+    UtilDllEnsureInit();
+    UtilDllForceTerm();
+    // Had one of them been loaded, its directory would be known now; the program's is used instead.
+    HINSTANCE library = nullptr;
+    EXPECT_FALSE(LoadZULibrary(ZUTEXT("no_such_library"), ZUTEXT("raster.dll"), library));
+    EXPECT_EQ(library, nullptr);
+}
+
+TEST_F(SiblingLibrary, IsFoundByNameBesideTheProgram) {
+    const HINSTANCE library = Load(ZUTEXT("dbinfo"));
+    EXPECT_NE(library, nullptr);
+    EXPECT_EQ(Load(ZUTEXT("dbinfo.dll")), library);
+    EXPECT_EQ(Load(ZUTEXT("C:\\any\\directory\\at\\all\\dbinfo.dll")), library) << "a directory part is ignored";
+    EXPECT_EQ(Load(ZUTEXT("dbinfo"), ZUTEXT("no_module_of_this_name")), library);
+    EXPECT_EQ(Load(ZUTEXT("dbinfo"), ZUTEXT("dbinfo.dll")), library) << "beside a module that is loaded";
+}
+
+TEST_F(SiblingLibrary, IsNotFoundUnderAnotherNameOrWithoutOne) {
+    HINSTANCE library = nullptr;
+    EXPECT_FALSE(LoadZULibrary(ZUTEXT("no_such_library"), nullptr, library));
+    EXPECT_FALSE(LoadZULibrary(ZUTEXT("dbinfo.xyz"), nullptr, library));
+    EXPECT_FALSE(LoadZULibrary(wstring16(500, wchar16{'x'}).c_str(), nullptr, library));
+    EXPECT_EQ(library, nullptr);
+}
+
+}  // namespace
