@@ -63,8 +63,11 @@ bool MeansUserDefault(uint32 locale) {
 const LocaleTable* MakeOrFindTable(uint32 locale) {
     try {
         if (MeansUserDefault(locale)) return Tables().GetUserDefault();
-        const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
-        return row != nullptr ? Tables().Get(row) : nullptr;
+        const LocaleIdentifier* row = FindLocaleIdentifier(locale);
+        if (row == nullptr) return nullptr;
+        // A neutral locale shares the table of the specific one behind it.
+        const LocaleIdentifier* const specific = FindLocaleIdentifier(row->SpecificName());
+        return Tables().Get(specific != nullptr ? specific : row);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -86,11 +89,10 @@ thread_local LastTable lastTable = {0, nullptr};
 
 // A code page of the thread's locale, or of the next locale that has one.
 uint32 CodePageOrFallback(uint32 LocaleTable::*page, uint32 none, uint32 last) {
-    for (const uint32 locale : {GetThreadLocale(), uint32{0}}) {
-        const LocaleTable* const table = FindLocaleTable(locale);
-        if (table != nullptr && table->*page != none) return table->*page;
-    }
-    return last;
+    const LocaleTable* const own = FindLocaleTable(GetThreadLocale());
+    if (own != nullptr && own->*page != none) return own->*page;
+    const LocaleTable* const fallback = MakeOrFindTable(0);
+    return fallback != nullptr && fallback->*page != none ? fallback->*page : last;
 }
 
 }  // namespace
