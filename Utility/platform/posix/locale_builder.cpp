@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -44,6 +45,13 @@ struct PatternGeneratorCloser {
     void operator()(void* generator) const { udatpg_close(static_cast<UDateTimePatternGenerator*>(generator)); }
 };
 using PatternGenerator = std::unique_ptr<void, PatternGeneratorCloser>;
+
+// An object of ICU's, which fails to open only when memory is short or its data are missing.
+template <typename T>
+T* Opened(T* object) {
+    if (object == nullptr) throw std::bad_alloc();
+    return object;
+}
 
 // The text of an ICU call that takes (buffer, capacity, status) and answers the length; empty when it fails. All such
 // texts of a locale are far shorter than the buffer.
@@ -244,16 +252,14 @@ u16string FirstSeparator(u16string_view picture, u16string_view fieldLetters) {
     return fields > 1 ? separator : u16string();
 }
 
-// 0 month, day, year; 1 day, month, year; 2 year, month, day.
+// 0 month, day, year; 1 day, month, year; 2 year, month, day. There is no number for year, day, month (Kirghiz,
+// Uighur), which counts as day before month.
 int DateOrder(u16string_view picture) {
-    switch (picture[std::min(picture.find_first_of(u"dMy"), picture.size() - 1)]) {
-        case u'y':
-            return 2;
-        case u'd':
-            return 1;
-        default:
-            return 0;
-    }
+    const auto year = picture.find(u'y');
+    const auto month = picture.find(u'M');
+    const auto day = picture.find(u'd');
+    if (day < month) return 1;
+    return year < month ? 2 : 0;
 }
 
 // ---- Where the data of a locale are
@@ -294,6 +300,8 @@ std::string DataLocaleOf(const std::string& localeName) {
 
 // The table speaks of the Gregorian calendar and of the digits 0 to 9, whatever a locale prefers.
 constexpr char PlatformKeywords[] = "@calendar=gregorian;numbers=latn";
+// With no currency in particular, since a few locales write a pattern of its own for theirs.
+constexpr char CurrencyPatternKeywords[] = "@calendar=gregorian;currency=XXX;numbers=latn";
 
 using Resource = std::unique_ptr<UResourceBundle, Closer<ures_close>>;
 
@@ -345,7 +353,7 @@ public:
     }
 
 private:
-    NumberFormat OpenNumbers(UNumberFormatStyle style) const;
+    static NumberFormat OpenNumbers(const std::string& icuName, UNumberFormatStyle style);
     static u16string Symbol(const NumberFormat& format, UNumberFormatSymbol symbol);
     static u16string Pattern(const NumberFormat& format);
     u16string Currency() const;
@@ -369,9 +377,9 @@ private:
     LocaleTable table;
 };
 
-NumberFormat LocaleTableBuilder::OpenNumbers(UNumberFormatStyle style) const {
+NumberFormat LocaleTableBuilder::OpenNumbers(const std::string& icuName, UNumberFormatStyle style) {
     UErrorCode status = U_ZERO_ERROR;
-    return NumberFormat(unum_open(style, nullptr, 0, icuName.c_str(), nullptr, &status));
+    return NumberFormat(Opened(unum_open(style, nullptr, 0, icuName.c_str(), nullptr, &status)));
 }
 
 // The narrow no-break space, which the platform's older locales do not have, becomes the plain one.
@@ -409,7 +417,7 @@ u16string LocaleTableBuilder::CurrencySymbol() const {
 
 u16string LocaleTableBuilder::DatePattern(UDateFormatStyle time, UDateFormatStyle date) const {
     UErrorCode status = U_ZERO_ERROR;
-    const DateFormat format(udat_open(time, date, icuName.c_str(), nullptr, 0, nullptr, 0, &status));
+    const DateFormat format(Opened(udat_open(time, date, icuName.c_str(), nullptr, 0, nullptr, 0, &status)));
     return TextOf([&](char16_t* buffer, int32 size, UErrorCode* error) {
         return udat_toPattern(static_cast<UDateFormat*>(format.get()), false, buffer, size, error);
     });
@@ -417,7 +425,7 @@ u16string LocaleTableBuilder::DatePattern(UDateFormatStyle time, UDateFormatStyl
 
 u16string LocaleTableBuilder::SkeletonPattern(u16string_view skeleton) const {
     UErrorCode status = U_ZERO_ERROR;
-    const PatternGenerator generator(udatpg_open(icuName.c_str(), &status));
+    const PatternGenerator generator(Opened(udatpg_open(icuName.c_str(), &status)));
     return TextOf([&](char16_t* buffer, int32 size, UErrorCode* error) {
         return udatpg_getBestPattern(static_cast<UDateTimePatternGenerator*>(generator.get()), skeleton.data(),
                                      static_cast<int32>(skeleton.size()), buffer, size, error);
@@ -436,7 +444,7 @@ void LocaleTableBuilder::SetCodePages() {
 }
 
 void LocaleTableBuilder::SetNumbers() {
-    const NumberFormat format = OpenNumbers(UNUM_DECIMAL);
+    const NumberFormat format = OpenNumbers(icuName, UNUM_DECIMAL);
     const NumberPattern pattern(Pattern(format));
     SetNumber(LOCALE_IDIGITS, 2);
     SetNumber(LOCALE_ILZERO, 1);
@@ -447,8 +455,8 @@ void LocaleTableBuilder::SetNumbers() {
 }
 
 void LocaleTableBuilder::SetCurrency() {
-    const NumberFormat format = OpenNumbers(UNUM_CURRENCY_ACCOUNTING);
-    const NumberPattern pattern(Pattern(format));
+    const NumberFormat format = OpenNumbers(icuName, UNUM_CURRENCY_ACCOUNTING);
+    const NumberPattern pattern(Pattern(OpenNumbers(dataLocale + CurrencyPatternKeywords, UNUM_CURRENCY_ACCOUNTING)));
     table.Set(LOCALE_SCURRENCY, CurrencySymbol());
     table.Set(LOCALE_SMONDECIMALSEP, Symbol(format, UNUM_MONETARY_SEPARATOR_SYMBOL));
     table.Set(LOCALE_SMONTHOUSANDSEP, Symbol(format, UNUM_MONETARY_GROUPING_SEPARATOR_SYMBOL));
@@ -484,7 +492,7 @@ void LocaleTableBuilder::SetInvariantForms() {
 
 void LocaleTableBuilder::SetNames() {
     UErrorCode status = U_ZERO_ERROR;
-    const DateFormat format(udat_open(UDAT_NONE, UDAT_SHORT, icuName.c_str(), nullptr, 0, nullptr, 0, &status));
+    const DateFormat format(Opened(udat_open(UDAT_NONE, UDAT_SHORT, icuName.c_str(), nullptr, 0, nullptr, 0, &status)));
     table.Set(LOCALE_S1159, AbbreviatedDayMark(dataLocale, 0));
     table.Set(LOCALE_S2359, AbbreviatedDayMark(dataLocale, 1));
     SetWeekdays(format, UDAT_WEEKDAYS, LOCALE_SDAYNAME1);

@@ -55,6 +55,14 @@ const std::vector<std::string>& CldrNames() {
     return names;
 }
 
+// A name of ICU's with the script and the territory that it implies.
+std::string WithLikelySubtags(const std::string& name) {
+    char full[ULOC_FULLNAME_CAPACITY];
+    UErrorCode status = U_ZERO_ERROR;
+    uloc_addLikelySubtags(name.c_str(), full, sizeof full, &status);
+    return U_SUCCESS(status) ? full : name;
+}
+
 // The name of the specific locale that a name leads to; empty when there is none.
 std::string SpecificLocaleName(const std::string& name) {
     if (const LocaleIdentifier* const row = FindLocaleIdentifier(name)) return row->SpecificName();
@@ -88,17 +96,9 @@ struct EnvironmentLocale {
         if (modifier == "devanagari") names.push_back(plain + "-Deva" + region);
         if (modifier == "valencia") names.push_back(plain + region + "-valencia");
         names.push_back(plain + region);
-        names.push_back(WithLikelyScript(plain + region));
+        names.push_back(WithLikelySubtags(plain + region));
         names.push_back(plain);
         return names;
-    }
-
-private:
-    static std::string WithLikelyScript(const std::string& name) {
-        char full[ULOC_FULLNAME_CAPACITY];
-        UErrorCode status = U_ZERO_ERROR;
-        uloc_addLikelySubtags(name.c_str(), full, sizeof full, &status);
-        return U_SUCCESS(status) ? full : name;
     }
 };
 
@@ -134,6 +134,19 @@ std::string CldrLocaleName(std::string_view name) {
     const auto& names = CldrNames();
     const auto found = std::lower_bound(names.begin(), names.end(), name, LessFolded);
     return found != names.end() && EqualFolded(*found, name) ? *found : std::string();
+}
+
+const LocaleIdentifier* FindImpliedLocaleIdentifier(std::string_view name) {
+    char icuName[ULOC_FULLNAME_CAPACITY];
+    char language[ULOC_LANG_CAPACITY];
+    char territory[ULOC_COUNTRY_CAPACITY];
+    UErrorCode status = U_ZERO_ERROR;
+    uloc_forLanguageTag(std::string(name).c_str(), icuName, sizeof icuName, nullptr, &status);
+    uloc_getLanguage(icuName, language, sizeof language, &status);
+    uloc_getCountry(icuName, territory, sizeof territory, &status);
+    if (U_FAILURE(status)) return nullptr;
+    const std::string plain = std::string(language) + '_' + territory;
+    return WithLikelySubtags(plain) == icuName ? FindLocaleIdentifier(plain) : nullptr;
 }
 
 std::string LocaleNameOfEnvironment(std::string_view value) {

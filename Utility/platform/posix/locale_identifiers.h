@@ -17,6 +17,11 @@ namespace Torvo::platform {
 // The number that stands for a locale without one. As an argument of a query it means the user's default.
 inline constexpr uint32 UnnumberedLocale = 0x1000;
 
+// Whether an identifier stands for the user's default, whatever that is.
+constexpr bool MeansUserDefault(uint32 lcid) {
+    return lcid == 0 || lcid == 0x400 || lcid == 0x800 || lcid == 0xC00 || lcid == UnnumberedLocale || lcid == 0x1400;
+}
+
 struct LocaleIdentifier {
     uint32 lcid;
     const char* name;
@@ -35,6 +40,8 @@ std::span<const LocaleIdentifier> LocaleIdentifiers();
 const LocaleIdentifier* FindLocaleIdentifier(uint32 lcid);
 // The row of a name, in letters of either case, with '-' or '_' between its parts; or null.
 const LocaleIdentifier* FindLocaleIdentifier(std::string_view name);
+// The row of a name that says its script although the rest implies it, as in zh-Hans-CN; or null.
+const LocaleIdentifier* FindImpliedLocaleIdentifier(std::string_view name);
 // The row that decides on code pages: the one of the name itself or of the nearest language above it; or null.
 const LocaleIdentifier* FindNearestLocaleIdentifier(std::string_view name);
 

@@ -56,10 +56,6 @@ LocaleTables& Tables() {
     return *tables;
 }
 
-bool MeansUserDefault(uint32 locale) {
-    return locale == 0 || locale == 0x400 || locale == 0x800 || locale == 0xC00 || locale == 0x1000 || locale == 0x1400;
-}
-
 const LocaleTable* MakeOrFindTable(uint32 locale) {
     try {
         if (MeansUserDefault(locale)) return Tables().GetUserDefault();

@@ -35,13 +35,11 @@ int Deliver(const wchar16* text, uint32 units, wchar16* buffer, int size) {
     return needed;
 }
 
-int Deliver(std::string_view name, wchar16* buffer, int size) {
+// Of the calls for names; a negative size is too small to them.
+int DeliverName(std::string_view name, wchar16* buffer, int size) {
+    if (buffer == nullptr && size > 0) return Fail(ERROR_INVALID_PARAMETER);
     const std::u16string wide(name.begin(), name.end());
     return Deliver(wide.c_str(), static_cast<uint32>(wide.size() + 1), buffer, size);
-}
-
-bool IsBadBuffer(const wchar16* buffer, int size) {
-    return size < 0 || (size > 0 && buffer == nullptr);
 }
 
 int DeliverNumber(const LocaleTable::Value& value, wchar16* buffer, int size) {
@@ -67,7 +65,9 @@ uint32 LocaleOfName(std::string_view name, bool neutralAllowed) {
         if (row == nullptr) return UnnumberedLocale;
     }
     if (row != nullptr) return row->lcid;
-    return CldrLocaleName(name).empty() ? 0 : UnnumberedLocale;
+    if (CldrLocaleName(name).empty()) return 0;
+    const LocaleIdentifier* const implied = FindImpliedLocaleIdentifier(name);
+    return implied != nullptr ? implied->lcid : UnnumberedLocale;
 }
 
 }  // namespace
@@ -77,15 +77,21 @@ uint32 GetThreadLocale() {
 }
 
 bool SetThreadLocale(uint32 locale) {
-    if (FindLocaleTable(locale) == nullptr) return Fail(ERROR_INVALID_PARAMETER) != 0;
     const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
-    // A neutral locale becomes the specific one behind it, and one with a sort order of its own becomes plain.
-    threadLocale = row != nullptr ? LocaleOfName(row->name, false) & 0xFFFF : UserDefaultLocale();
+    if (MeansUserDefault(locale)) {
+        threadLocale = UserDefaultLocale();
+    } else if (row != nullptr) {
+        // A neutral locale becomes the specific one behind it, and one with a sort order of its own becomes plain.
+        threadLocale = LocaleOfName(row->name, false) & 0xFFFF;
+    } else {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
     return true;
 }
 
 int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
-    if (IsBadBuffer(buffer, size)) return Fail(ERROR_INVALID_PARAMETER);
+    if (size < 0 || (size > 0 && buffer == nullptr)) return Fail(ERROR_INVALID_PARAMETER);
     const LocaleTable* const table = FindLocaleTable(locale);
     if (table == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     const uint32 plainType = type & ~(LOCALE_NOUSEROVERRIDE | LOCALE_RETURN_NUMBER);
@@ -97,11 +103,10 @@ int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
 }
 
 int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags) {
-    if (IsBadBuffer(name, size)) return Fail(ERROR_INVALID_PARAMETER);
-    if (FindLocaleTable(locale) == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    if (MeansUserDefault(locale)) return DeliverName(UserDefaultLocaleName(), name, size);
     const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
-    if (row == nullptr) return Deliver(UserDefaultLocaleName(), name, size);
-    return Deliver((flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0 ? row->name : row->SpecificName(), name, size);
+    if (row == nullptr) return Fail(ERROR_INVALID_PARAMETER);
+    return DeliverName((flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0 ? row->name : row->SpecificName(), name, size);
 }
 
 uint32 LocaleNameToLCID(const wchar16* name, uint32 flags) {
@@ -112,8 +117,7 @@ uint32 LocaleNameToLCID(const wchar16* name, uint32 flags) {
 }
 
 int GetSystemDefaultLocaleName(wchar16* name, int size) {
-    if (IsBadBuffer(name, size)) return Fail(ERROR_INVALID_PARAMETER);
-    return Deliver(UserDefaultLocaleName(), name, size);
+    return DeliverName(UserDefaultLocaleName(), name, size);
 }
 
 }  // namespace Torvo::platform
