@@ -3,6 +3,8 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/cancel.h>
+#include <Utility/charsets.h>
+#include <Utility/conversion.h>
 #include <Utility/instance.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>

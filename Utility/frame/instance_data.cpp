@@ -1,6 +1,7 @@
 #include <Utility/frame/instance_data.h>
 
 #include <Utility/cancel.h>
+#include <Utility/charsets.h>
 #include <Utility/frame/storage.h>
 #include <Utility/locale_info.h>
 #include <Utility/resources.h>
@@ -39,6 +40,7 @@ InstanceData* CreateServices() {
     const InstanceInWork inWork(instance);
     static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
                       Install(cLocaleInfo::Create()) &&             //
+                      Install(cCharsetInfo::Create()) &&            //
                       Install(cCheckEsc::Create()));
     return instance;
 }
@@ -132,6 +134,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         // Each getter travels the ordinary road, so these are the services of the current store's instance.
         const InstanceInWork inWork(target);
         delete cStringResourceBuffers::Instance();
+        delete cCharsetInfo::Instance();
         delete cLocaleInfo::Instance();
         delete cCheckEsc::Instance();
     }
