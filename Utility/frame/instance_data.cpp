@@ -2,6 +2,7 @@
 
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
+#include <Utility/conversion.h>
 #include <Utility/frame/storage.h>
 #include <Utility/locale_info.h>
 #include <Utility/resources.h>
@@ -41,6 +42,7 @@ InstanceData* CreateServices() {
     static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
                       Install(cLocaleInfo::Create()) &&             //
                       Install(cCharsetInfo::Create()) &&            //
+                      Install(cCharsetConverter::Create()) &&       //
                       Install(cCheckEsc::Create()));
     return instance;
 }
@@ -135,6 +137,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         const InstanceInWork inWork(target);
         delete cStringResourceBuffers::Instance();
         delete cCharsetInfo::Instance();
+        delete cCharsetConverter::Instance();
         delete cLocaleInfo::Instance();
         delete cCheckEsc::Instance();
     }
