@@ -122,11 +122,11 @@ cCharsetConverter* cCharsetConverter::Create() {
 }
 
 cCharsetConverter* cCharsetConverter::Instance() {
-    return ServiceInstance<cCharsetConverter>(ServiceKey::CharsetConverter);
+    return ServiceInstance<cCharsetConverter, ServiceKey::CharsetConverter>();
 }
 
 bool cCharsetConverter::Instance(cCharsetConverter* service) {
-    return ServiceInstance(ServiceKey::CharsetConverter, service);
+    return SetServiceInstance<cCharsetConverter, ServiceKey::CharsetConverter>(service);
 }
 
 bool ConvertCharset(ZUCHARSET from, ZUCHARSET to, int* unmapped, unsigned char** table) {

@@ -103,11 +103,11 @@ cCharsetInfo* cCharsetInfo::Create() {
 }
 
 cCharsetInfo* cCharsetInfo::Instance() {
-    return ServiceInstance<cCharsetInfo>(ServiceKey::CharsetInfo);
+    return ServiceInstance<cCharsetInfo, ServiceKey::CharsetInfo>();
 }
 
 bool cCharsetInfo::Instance(cCharsetInfo* service) {
-    return ServiceInstance(ServiceKey::CharsetInfo, service);
+    return SetServiceInstance<cCharsetInfo, ServiceKey::CharsetInfo>(service);
 }
 
 ZUCHARSET system_charset() {
