@@ -11,4 +11,5 @@
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
 #include <Utility/resources.h>
+#include <Utility/strings.h>
 #include <Utility/version.h>

@@ -15,6 +15,8 @@ std::size_t _msize(void* block);
 
 // Text of 16-bit units. Results point into the first argument where the C library's do.
 std::size_t wcslen(const wchar16* text);
+// The same, and `count` for a text that is longer; not looked at behind that.
+std::size_t wcsnlen(const wchar16* text, std::size_t count);
 wchar16* wcschr(const wchar16* text, wchar16 unit);
 wchar16* wcsrchr(const wchar16* text, wchar16 unit);
 wchar16* wcsstr(const wchar16* text, const wchar16* part);
@@ -31,7 +33,7 @@ int _wcsicmp(const wchar16* a, const wchar16* b);
 int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count);
 bool iswalpha(wchar16 unit);
 bool iswalnum(wchar16 unit);
-bool iswprint(wchar16 unit);
+bool iswprint(wchar16 unit);  // not the tab
 // The leading decimal number of a text; 0 when there is none, the nearest limit when it is too large.
 int _wtoi(const wchar16* text);
 

@@ -1,6 +1,7 @@
 #include <Utility/bounded_copy.h>
 
 #include <Utility/platform/runtime.h>
+#include <Utility/text/unit_classes.h>
 
 #include <algorithm>
 #include <cstring>
@@ -8,14 +9,6 @@
 namespace Torvo {
 
 namespace {
-
-bool IsWhite(wchar16 c) {
-    return c == 9 || c == 10 || c == 12 || c == 13 || c == 32;
-}
-
-bool IsBlank(wchar16 c) {
-    return IsWhite(c) || zuIsPrint(c) == 0;
-}
 
 // Moves the text from `from` on, terminator included, down to `s`.
 void MoveDown(wchar16* s, const wchar16* from) {
@@ -26,11 +19,8 @@ void MoveDown(wchar16* s, const wchar16* from) {
 
 wchar16* strcpyn(wchar16* dst, const wchar16* src, uint64 size) {
     if (size == 0) return dst;
-    uint64 length = 0;
-    while (length < size - 1 && src[length] != 0) {
-        dst[length] = src[length];
-        ++length;
-    }
+    const uint64 length = platform::wcsnlen(src, size - 1);
+    std::memmove(dst, src, length * sizeof(wchar16));
     std::fill(dst + length, dst + size, wchar16{0});
     return dst;
 }

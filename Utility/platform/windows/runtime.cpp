@@ -33,6 +33,10 @@ std::size_t wcslen(const wchar16* text) {
     return std::wcslen(text);
 }
 
+std::size_t wcsnlen(const wchar16* text, std::size_t count) {
+    return ::wcsnlen(text, count);
+}
+
 wchar16* wcschr(const wchar16* text, wchar16 unit) {
     return const_cast<wchar16*>(std::wcschr(text, unit));
 }
@@ -89,8 +93,9 @@ bool iswalnum(wchar16 unit) {
     return std::iswalnum(unit) != 0;
 }
 
+// The older runtimes let the tab print.
 bool iswprint(wchar16 unit) {
-    return std::iswprint(unit) != 0;
+    return unit != '\t' && std::iswprint(unit) != 0;
 }
 
 int _wtoi(const wchar16* text) {
@@ -106,6 +111,7 @@ void _wsplitpath(const wchar16* path, PathParts* parts) {
 
 bool _wmakepath(wchar16* path, std::size_t size, const wchar16* drive, const wchar16* directory, const wchar16* name,
                 const wchar16* extension) {
+    if (size == 0) return false;
     if (::_wmakepath_s(path, size, drive, directory, name, extension) == 0) return true;
     *path = 0;
     return false;

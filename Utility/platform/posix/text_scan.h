@@ -1,0 +1,250 @@
+// Scanning and comparing 16-bit text sixteen bytes at a time.
+//
+// A scan loads aligned blocks, and a comparison loads a block only when it lies within one page. Such a load may take
+// in bytes before the text or behind its terminator, but never a page that the text does not reach. A sanitizer cannot
+// know that; under one the same functions are plain loops, which also shows it a text whose terminator is missing.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <algorithm>
+#include <bit>
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define TORVO_PLAIN_LOOPS 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || __has_feature(memory_sanitizer)
+#define TORVO_PLAIN_LOOPS 1
+#endif
+#endif
+
+#if !defined(TORVO_PLAIN_LOOPS)
+#include <emmintrin.h>
+#endif
+
+namespace Torvo::platform::scan {
+
+inline wchar16 FoldUnit(wchar16 unit) {
+    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 0x20) : unit;
+}
+
+#if defined(TORVO_PLAIN_LOOPS)
+
+// Matches a unit that equals one of two.
+class EitherOf {
+public:
+    EitherOf(wchar16 a, wchar16 b) : first(a), second(b) {}
+    bool operator()(wchar16 unit) const { return unit == first || unit == second; }
+
+private:
+    wchar16 first;
+    wchar16 second;
+};
+
+inline bool Either(bool a, bool b) {
+    return a || b;
+}
+
+// The first unit at or after `text` that matches. There must be one.
+template <typename Matcher>
+const wchar16* FindFirst(const wchar16* text, const Matcher& matches) {
+    while (!matches(*text)) ++text;
+    return text;
+}
+
+inline const wchar16* FindEnd(const wchar16* text) {
+    return FindFirst(text, [](wchar16 unit) { return unit == 0; });
+}
+
+// The length of a text, at most `count`.
+inline std::size_t LengthWithin(const wchar16* text, std::size_t count) {
+    std::size_t length = 0;
+    while (length < count && text[length] != 0) ++length;
+    return length;
+}
+
+// The last of the units from `text` to before `end` that equals `unit`, or null.
+inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 unit) {
+    while (end > text) {
+        if (*--end == unit) return end;
+    }
+    return nullptr;
+}
+
+// The index of the first pair of units, among the first `count`, that differ or are both the terminator; `count` when
+// there is none. With IgnoreCase, A to Z count as a to z.
+template <bool IgnoreCase>
+std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
+    for (std::size_t index = 0; index < count; ++index) {
+        if ((IgnoreCase ? FoldUnit(a[index]) : a[index]) != (IgnoreCase ? FoldUnit(b[index]) : b[index])) return index;
+        if (a[index] == 0) return index;
+    }
+    return count;
+}
+
+#else
+
+inline constexpr std::size_t BlockBytes = sizeof(__m128i);
+inline constexpr std::size_t BlockUnits = BlockBytes / sizeof(wchar16);
+
+inline __m128i Broadcast(wchar16 unit) {
+    return _mm_set1_epi16(static_cast<short>(unit));
+}
+
+// Matches a unit that equals one of two.
+class EitherOf {
+public:
+    EitherOf(wchar16 a, wchar16 b) : left(Broadcast(a)), right(Broadcast(b)) {}
+    __m128i operator()(__m128i block) const {
+        return _mm_or_si128(_mm_cmpeq_epi16(block, left), _mm_cmpeq_epi16(block, right));
+    }
+
+private:
+    __m128i left;
+    __m128i right;
+};
+
+inline __m128i Either(__m128i a, __m128i b) {
+    return _mm_or_si128(a, b);
+}
+
+// Two bits per unit of a block of all-ones and all-zeros.
+inline unsigned Mask(__m128i block) {
+    return static_cast<unsigned>(_mm_movemask_epi8(block));
+}
+
+inline unsigned FirstUnit(unsigned mask) {
+    return static_cast<unsigned>(std::countr_zero(mask)) / 2;
+}
+
+// The aligned block that holds the start of a text, and how many of its bytes lie before the text.
+inline const __m128i* BlockOf(const wchar16* text) {
+    return reinterpret_cast<const __m128i*>(reinterpret_cast<std::uintptr_t>(text) & ~(BlockBytes - 1));
+}
+
+inline unsigned BytesBefore(const wchar16* text) {
+    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(text) & (BlockBytes - 1));
+}
+
+// The first unit at or after `text` that matches. There must be one.
+template <typename Matcher>
+const wchar16* FindFirst(const wchar16* text, const Matcher& matches) {
+    const __m128i* block = BlockOf(text);
+    const unsigned head = Mask(matches(_mm_load_si128(block))) >> BytesBefore(text);
+    if (head != 0) return text + FirstUnit(head);
+    for (;;) {
+        ++block;
+        const unsigned mask = Mask(matches(_mm_load_si128(block)));
+        if (mask != 0) return reinterpret_cast<const wchar16*>(block) + FirstUnit(mask);
+    }
+}
+
+// The terminator. Long texts are taken a cache line at a time, which never crosses a page either.
+inline const wchar16* FindEnd(const wchar16* text) {
+    constexpr std::size_t LineBlocks = 4;
+    const __m128i zero = _mm_setzero_si128();
+    const auto isEnd = [zero](__m128i block) { return _mm_cmpeq_epi16(block, zero); };
+    const __m128i* block = BlockOf(text);
+    const unsigned head = Mask(isEnd(_mm_load_si128(block))) >> BytesBefore(text);
+    if (head != 0) return text + FirstUnit(head);
+    ++block;
+    while (reinterpret_cast<std::uintptr_t>(block) % (LineBlocks * BlockBytes) != 0) {
+        const unsigned mask = Mask(isEnd(_mm_load_si128(block)));
+        if (mask != 0) return reinterpret_cast<const wchar16*>(block) + FirstUnit(mask);
+        ++block;
+    }
+    for (;; block += LineBlocks) {
+        const __m128i left = _mm_or_si128(isEnd(_mm_load_si128(block)), isEnd(_mm_load_si128(block + 1)));
+        const __m128i right = _mm_or_si128(isEnd(_mm_load_si128(block + 2)), isEnd(_mm_load_si128(block + 3)));
+        if (Mask(_mm_or_si128(left, right)) != 0) break;
+    }
+    return FindFirst(reinterpret_cast<const wchar16*>(block), isEnd);
+}
+
+// The length of a text, at most `count`.
+inline std::size_t LengthWithin(const wchar16* text, std::size_t count) {
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i* block = BlockOf(text);
+    unsigned mask = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), zero)) >> BytesBefore(text);
+    if (mask != 0) return std::min<std::size_t>(FirstUnit(mask), count);
+    std::size_t length = (BlockBytes - BytesBefore(text)) / sizeof(wchar16);
+    for (; length < count; length += BlockUnits) {
+        mask = Mask(_mm_cmpeq_epi16(_mm_load_si128(++block), zero));
+        if (mask != 0) return std::min(length + FirstUnit(mask), count);
+    }
+    return count;
+}
+
+// The last of the units from `text` to before `end` that equals `unit`, or null.
+inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 unit) {
+    const __m128i wanted = Broadcast(unit);
+    const __m128i* const first = BlockOf(text);
+    const __m128i* block = BlockOf(end);
+    unsigned inside = (1u << BytesBefore(end)) - 1;
+    for (;; --block) {
+        if (block == first) inside &= 0xFFFFu << BytesBefore(text);
+        const unsigned mask = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), wanted)) & inside;
+        if (mask != 0) return reinterpret_cast<const wchar16*>(block) + (std::bit_width(mask) - 1) / 2;
+        if (block == first) return nullptr;
+        inside = 0xFFFF;
+    }
+}
+
+inline bool BlockIsInOnePage(const wchar16* text) {
+    constexpr std::uintptr_t PageBytes = 4096;
+    return reinterpret_cast<std::uintptr_t>(text) % PageBytes <= PageBytes - BlockBytes;
+}
+
+inline __m128i LoadAny(const wchar16* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+}
+
+// A to Z become a to z. The comparisons are signed, which keeps units from 0x8000 up, as negative ones, out of the
+// range too.
+inline __m128i FoldBlock(__m128i block) {
+    const __m128i isUpper = _mm_and_si128(_mm_cmpgt_epi16(block, Broadcast('A' - 1)),  //
+                                          _mm_cmplt_epi16(block, Broadcast('Z' + 1)));
+    return _mm_or_si128(block, _mm_and_si128(isUpper, Broadcast(0x20)));
+}
+
+// The index of the first pair of units, among the first `count`, that differ or are both the terminator; `count` when
+// there is none. With IgnoreCase, A to Z count as a to z.
+template <bool IgnoreCase>
+std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
+    std::size_t index = 0;
+    while (index < count) {
+        if (BlockIsInOnePage(a + index) && BlockIsInOnePage(b + index)) {
+            const __m128i left = LoadAny(a + index);
+            const __m128i right = LoadAny(b + index);
+            const __m128i same = IgnoreCase ? _mm_cmpeq_epi16(FoldBlock(left), FoldBlock(right))  //
+                                            : _mm_cmpeq_epi16(left, right);
+            const unsigned goesOn = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same));
+            if (goesOn != 0xFFFF) return std::min(index + FirstUnit(~goesOn), count);
+            index += BlockUnits;
+        } else {
+            const wchar16 left = IgnoreCase ? FoldUnit(a[index]) : a[index];
+            const wchar16 right = IgnoreCase ? FoldUnit(b[index]) : b[index];
+            if (left != right || left == 0) return index;
+            ++index;
+        }
+    }
+    return count;
+}
+
+#endif
+
+// Matches a unit that equals one of up to four; with fewer, some are named twice.
+class OneOf {
+public:
+    OneOf(wchar16 a, wchar16 b, wchar16 c, wchar16 d) : first(a, b), second(c, d) {}
+    template <typename Units>
+    auto operator()(Units units) const {
+        return Either(first(units), second(units));
+    }
+
+private:
+    EitherOf first;
+    EitherOf second;
+};
+
+}  // namespace Torvo::platform::scan
