@@ -1,24 +1,39 @@
-// A system charset chosen by the test, for as long as the object lives.
+// A system charset of a test's choosing, on any system: stands in for the service of the calling thread's instance
+// until it goes out of scope.
 #pragma once
 
 #include <Utility/charsets.h>
 
 namespace Torvo::test {
 
-class SystemCharset : public cCharsetInfo {
+class SystemCharset {
 public:
-    explicit SystemCharset(ZUCHARSET cs) : charset(cs), former(cCharsetInfo::Instance()) {
-        cCharsetInfo::Instance(this);
+    explicit SystemCharset(ZUCHARSET charset) : service(charset), former(cCharsetInfo::Instance()) {
+        cCharsetInfo::Instance(&service);
     }
-    ~SystemCharset() override { cCharsetInfo::Instance(former); }
+    ~SystemCharset() { cCharsetInfo::Instance(former); }
     SystemCharset(const SystemCharset&) = delete;
     SystemCharset& operator=(const SystemCharset&) = delete;
 
-    ZUCHARSET system_charset() override { return charset; }
+    // How often the library has asked.
+    int Queries() const { return service.queries; }
 
 private:
-    const ZUCHARSET charset;
-    cCharsetInfo* const former;
+    class Service final : public cCharsetInfo {
+    public:
+        explicit Service(ZUCHARSET answered) : charset(answered) {}
+        ZUCHARSET system_charset() override {
+            ++queries;
+            return charset;
+        }
+        int queries = 0;
+
+    private:
+        ZUCHARSET charset;
+    };
+
+    Service service;
+    cCharsetInfo* former;
 };
 
 }  // namespace Torvo::test

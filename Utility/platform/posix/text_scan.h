@@ -163,6 +163,7 @@ inline const wchar16* FindEnd(const wchar16* text) {
 
 // The length of a text, at most `count`.
 inline std::size_t LengthWithin(const wchar16* text, std::size_t count) {
+    if (count == 0) return 0;
     const __m128i zero = _mm_setzero_si128();
     const __m128i* block = BlockOf(text);
     unsigned mask = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), zero)) >> BytesBefore(text);

@@ -1,0 +1,83 @@
+// Texts that end where the next page must not be touched.
+
+#include <Utility/platform/runtime.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace {
+
+using Torvo::wchar16;
+namespace platform = Torvo::platform;
+
+// Two pages with a forbidden one before and behind.
+class GuardedPages {
+public:
+    GuardedPages() : page(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
+        memory = static_cast<char*>(mmap(nullptr, 4 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        mprotect(memory + page, 2 * page, PROT_READ | PROT_WRITE);
+    }
+    ~GuardedPages() { munmap(memory, 4 * page); }
+    GuardedPages(const GuardedPages&) = delete;
+    GuardedPages& operator=(const GuardedPages&) = delete;
+
+    wchar16* Begin() { return reinterpret_cast<wchar16*>(memory + page); }
+    wchar16* End() { return reinterpret_cast<wchar16*>(memory + 3 * page); }
+
+    // A text of 'a', whose terminator is the last unit before the forbidden page.
+    wchar16* TextAtEnd(std::size_t length) {
+        wchar16* const text = End() - length - 1;
+        std::fill_n(text, length, wchar16{'a'});
+        End()[-1] = 0;
+        return text;
+    }
+    wchar16* TextAtBegin(std::size_t length) {
+        std::fill_n(Begin(), length, wchar16{'a'});
+        Begin()[length] = 0;
+        return Begin();
+    }
+
+private:
+    std::size_t page;
+    char* memory;
+};
+
+TEST(TextScan, NothingIsReadInAPageBehindTheText) {
+    GuardedPages first;
+    GuardedPages second;
+    for (std::size_t length = 0; length < 2100; length += length < 100 ? 1 : 37) {
+        wchar16* const text = first.TextAtEnd(length);
+        ASSERT_EQ(platform::wcslen(text), length);
+        ASSERT_EQ(platform::wcsnlen(text, 5000), length);
+        ASSERT_EQ(platform::wcschr(text, 'x'), nullptr);
+        ASSERT_EQ(platform::wcsrchr(text, 'x'), nullptr);
+        ASSERT_EQ(platform::wcspbrk(text, ZUTEXT("xyz")), nullptr);
+        ASSERT_EQ(platform::wcspbrk(text, ZUTEXT("vwxyz")), nullptr);
+        ASSERT_EQ(platform::wcsspn(text, ZUTEXT("a")), length);
+        ASSERT_EQ(platform::wcsstr(text, ZUTEXT("ab")), nullptr);
+        wchar16* const same = second.TextAtEnd(length);
+        ASSERT_EQ(platform::wcsncmp(text, same, 5000), 0);
+        ASSERT_EQ(platform::_wcsicmp(text, same), 0);
+        wchar16* const shifted = second.TextAtBegin(length);
+        ASSERT_EQ(platform::_wcsicmp(text, shifted), 0);
+        ASSERT_EQ(platform::_wcsicmp(shifted, text), 0);
+    }
+}
+
+// A bounded search must not leave the page of the last unit that it may look at.
+TEST(TextScan, NothingIsReadInAPageBehindTheBound) {
+    GuardedPages pages;
+    for (std::size_t length = 1; length < 100; ++length) {
+        wchar16* const text = pages.End() - length;
+        std::fill_n(text, length, wchar16{'a'});
+        ASSERT_EQ(platform::wcsnlen(text, length), length);
+        ASSERT_EQ(platform::wcsncmp(text, text, length), 0);
+        ASSERT_EQ(platform::_wcsnicmp(text, text, length), 0);
+    }
+    EXPECT_EQ(platform::wcsnlen(pages.End(), 0), 0u);
+    EXPECT_EQ(platform::wcsncmp(pages.End(), pages.End(), 0), 0);
+}
+
+}  // namespace
