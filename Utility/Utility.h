@@ -11,5 +11,6 @@
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
 #include <Utility/resources.h>
+#include <Utility/startup.h>
 #include <Utility/strings.h>
 #include <Utility/version.h>

@@ -16,6 +16,7 @@ bool ModuleFileName(HINSTANCE module, wchar16 (&path)[PathSize]) {
 }  // namespace
 
 bool LoadZULibrary(wchar16 const* library, wchar16 const* siblingModule, HINSTANCE& result) {
+    if (library == nullptr) return false;
     HINSTANCE sibling = platform::GetModuleHandleW(siblingModule);
     if (sibling == nullptr) sibling = platform::GetModuleHandleW(nullptr);
     if (sibling == nullptr) return false;

@@ -1,6 +1,6 @@
 #include <Utility/Utility.h>
 #include <gtest/gtest.h>
-#include <support/fixture_path.h>
+#include <support/system_charset.h>
 
 #include <thread>
 
@@ -8,25 +8,14 @@ namespace {
 
 using namespace Torvo;
 
-// A system charset of the test's choice.
-class FixedCharset : public cCharsetInfo {
-public:
-    explicit FixedCharset(int charset) : value(static_cast<ZUCHARSET>(charset)) {}
-    ZUCHARSET system_charset() override { return value; }
-
-private:
-    const ZUCHARSET value;
-};
-
 // Calls InitLiterals on a thread whose system charset is the given one.
 bool InitLiteralsUnder(int charset) {
     bool result = false;
     std::thread([&] {
-        cCharsetInfo* const own = cCharsetInfo::Instance();
-        FixedCharset fixed(charset);
-        cCharsetInfo::Instance(&fixed);
-        result = InitLiterals();
-        cCharsetInfo::Instance(own);
+        {
+            const test::SystemCharset chosen(static_cast<ZUCHARSET>(charset));
+            result = InitLiterals();
+        }
         InstanceData::Destroy(false, false);
     }).join();
     return result;
