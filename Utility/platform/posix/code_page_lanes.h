@@ -1,0 +1,62 @@
+// Sixteen bytes or units at a time, with the vector instructions that every x86-64 has.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <emmintrin.h>
+
+namespace Torvo::platform {
+
+inline constexpr std::size_t Lanes = 16;
+
+inline __m128i LoadBytes(const uint8* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+}
+
+// One bit per byte, set where the byte is 80 or above.
+inline uint32 HighBytes(__m128i bytes) {
+    return static_cast<uint32>(_mm_movemask_epi8(bytes));
+}
+
+// Sixteen bytes as units of the same numbers.
+inline void StoreWidened(wchar16* target, __m128i bytes) {
+    const __m128i zero = _mm_setzero_si128();
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_unpacklo_epi8(bytes, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target + Lanes / 2), _mm_unpackhi_epi8(bytes, zero));
+}
+
+struct UnitLanes {
+    __m128i low, high;
+};
+
+inline UnitLanes LoadUnits(const wchar16* text) {
+    return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(text)),
+            _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + Lanes / 2))};
+}
+
+// Sixteen units below 100 as bytes of the same numbers; anything above becomes some byte.
+inline void StoreNarrowed(uint8* target, UnitLanes units) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_packus_epi16(units.low, units.high));
+}
+
+// One bit per unit, set where the unit is 80 or above.
+inline uint32 NonAscii(UnitLanes units) {
+    const __m128i high = _mm_set1_epi16(static_cast<short>(0xFF80));
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i ascii = _mm_packs_epi16(_mm_cmpeq_epi16(_mm_and_si128(units.low, high), zero),
+                                          _mm_cmpeq_epi16(_mm_and_si128(units.high, high), zero));
+    return ~HighBytes(ascii) & 0xFFFF;
+}
+
+// One bit per unit, set where the unit is neither below 80 nor from A0 to FF.
+inline uint32 NonLatin1(UnitLanes units) {
+    const __m128i first = _mm_set1_epi16(0xA0);
+    const __m128i span = _mm_set1_epi16(0xFF - 0xA0);
+    const __m128i zero = _mm_setzero_si128();
+    const auto isUpper = [&](__m128i lanes) {
+        return _mm_cmpeq_epi16(_mm_subs_epu16(_mm_sub_epi16(lanes, first), span), zero);
+    };
+    return NonAscii(units) & ~HighBytes(_mm_packs_epi16(isUpper(units.low), isUpper(units.high)));
+}
+
+}  // namespace Torvo::platform

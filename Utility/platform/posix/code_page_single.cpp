@@ -1,0 +1,139 @@
+// Pages with one byte to each character.
+#include <Utility/platform/threads.h>
+
+#include <algorithm>
+#include <bit>
+
+#include "code_page_conversions.h"
+#include "code_page_encoder.h"
+#include "code_page_lanes.h"
+
+namespace Torvo::platform {
+
+namespace {
+
+// ---- bytes to units ----
+
+void Translate(const CodePage& page, const uint8* source, wchar16* target, std::size_t count) {
+    const wchar16* units = page.SingleUnits();
+    for (std::size_t i = 0; i < count; ++i) target[i] = units[source[i]];
+}
+
+// Of sixteen bytes those that are not their own unit: one bit each.
+uint32 ForeignBytes(__m128i bytes, bool isLatin1FromA0) {
+    const uint32 high = HighBytes(bytes);
+    if (!isLatin1FromA0) return high;
+    const __m128i belowA0 = _mm_cmplt_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xA0)));
+    return HighBytes(belowA0) & high;
+}
+
+// Above this many foreign bytes of sixteen the table alone is quicker than the vector and the table.
+constexpr int FewForeign = 4;
+
+void DecodeLanes(const CodePage& page, const uint8* source, wchar16* target) {
+    const __m128i bytes = LoadBytes(source);
+    uint32 foreign = ForeignBytes(bytes, page.IsLatin1FromA0());
+    if (std::popcount(foreign) > FewForeign) return Translate(page, source, target, Lanes);
+    StoreWidened(target, bytes);
+    for (; foreign != 0; foreign &= foreign - 1) {
+        const int lane = std::countr_zero(foreign);
+        target[lane] = page.Single(source[lane]);
+    }
+}
+
+bool HasRefused(const CodePage& page, ByteText source) {
+    return std::any_of(source.text, source.text + source.size, [&](uint8 byte) { return page.IsRefused(byte); });
+}
+
+// ---- units to bytes ----
+
+// What the vector road needs ahead of it, so that nothing it stores in excess stays: sixteen bytes of output are
+// certain where 33 units follow, of which a mark may eat every second, and the unit behind the sixteen can be looked
+// at.
+constexpr std::ptrdiff_t SourceAhead = 2 * Lanes + 1;
+
+class SingleEncoder {
+public:
+    SingleEncoder(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules)
+        : page_(page),
+          encoder_(page, rules),
+          at_(source.text),
+          end_(source.text + source.size),
+          to_(target.text),
+          toEnd_(target.text + target.size) {}
+
+    void Run() {
+        while (end_ - at_ >= SourceAhead && toEnd_ - to_ >= static_cast<std::ptrdiff_t>(Lanes)) EncodeLanes();
+        while (at_ != end_ && to_ != toEnd_) EncodeOne();
+    }
+    bool IsComplete() const { return at_ == end_; }
+    bool UsedDefault() const { return encoder_.UsedDefault(); }
+    const uint8* WrittenEnd() const { return to_; }
+
+private:
+    void EncodeOne() { *to_++ = static_cast<uint8>(encoder_.Next(at_, end_)); }
+
+    void EncodeLanes() {
+        const UnitLanes units = LoadUnits(at_);
+        uint32 foreign = page_.IsLatin1FromA0() ? NonLatin1(units) : NonAscii(units);
+        const int whole = WholeLanes(foreign);
+        if (std::popcount(foreign) > FewForeign || whole == 0) {
+            for (const wchar16* stop = at_ + Lanes; at_ < stop;) EncodeOne();
+            return;
+        }
+        StoreNarrowed(to_, units);
+        for (foreign &= (1u << whole) - 1; foreign != 0; foreign &= foreign - 1) {
+            const int lane = std::countr_zero(foreign);
+            to_[lane] = static_cast<uint8>(encoder_.CodeOrDefault(at_[lane]));
+        }
+        at_ += whole;
+        to_ += whole;
+    }
+    // How many of the sixteen units stand alone. A unit before a mark does not, and the mark itself neither.
+    int WholeLanes(uint32 foreign) const {
+        if (!encoder_.Composes()) return Lanes;
+        for (; foreign != 0; foreign &= foreign - 1) {
+            const int lane = std::countr_zero(foreign);
+            if (MayCombine(at_[lane])) return std::max(lane - 1, 0);
+        }
+        return MayCombine(at_[Lanes]) ? Lanes - 1 : Lanes;
+    }
+
+    const CodePage& page_;
+    Encoder encoder_;
+    const wchar16* at_;
+    const wchar16* end_;
+    uint8* to_;
+    uint8* toEnd_;
+};
+
+}  // namespace
+
+Conversion DecodeSingle(const CodePage& page, ByteText source, UnitTarget target, bool strict) {
+    if (strict && HasRefused(page, source)) return {0, ERROR_NO_UNICODE_TRANSLATION};
+    if (target.text == nullptr) return {source.size, 0};
+    const std::size_t count = std::min(source.size, target.size);
+    std::size_t done = 0;
+    for (; count - done >= Lanes; done += Lanes) DecodeLanes(page, source.text + done, target.text + done);
+    Translate(page, source.text + done, target.text + done, count - done);
+    return {count, count < source.size ? ERROR_INSUFFICIENT_BUFFER : 0};
+}
+
+Conversion EncodeSingle(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules,
+                        bool& usedDefault) {
+    if (target.text == nullptr) {
+        Encoder encoder(page, rules);
+        std::size_t count = 0;
+        const wchar16* at = source.text;
+        for (const wchar16* end = at + source.size; at != end; ++count) encoder.Next(at, end);
+        usedDefault |= encoder.UsedDefault();
+        return {count, 0};
+    }
+    SingleEncoder encoder(page, source, target, rules);
+    encoder.Run();
+    usedDefault |= encoder.UsedDefault();
+    return {static_cast<std::size_t>(encoder.WrittenEnd() - target.text),
+            encoder.IsComplete() ? 0 : ERROR_INSUFFICIENT_BUFFER};
+}
+
+}  // namespace Torvo::platform

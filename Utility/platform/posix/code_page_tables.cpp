@@ -1,0 +1,193 @@
+#include "code_page_tables.h"
+
+#include <algorithm>
+#include <atomic>
+#include <new>
+
+namespace Torvo::platform {
+
+struct CodePageData {
+    uint32 number;
+    char16_t defaultUnit;
+    const char16_t* upper;     // of the bytes 80 to FF
+    const char* refused;       // bytes, in hexadecimal
+    const char* leads;         // likewise, in ascending order
+    const char16_t* pairs;     // RowSize units for each lead
+    const char* unitsToBytes;  // what is not the inverse of the other direction, in the notation of the golden vectors
+};
+
+namespace {
+
+int HexDigit(char digit) {
+    return digit <= '9' ? digit - '0' : digit - 'a' + 10;
+}
+
+// Takes a number in hexadecimal off the front of `text`.
+int TakeHex(const char*& text) {
+    int value = 0;
+    while ((*text >= '0' && *text <= '9') || (*text >= 'a' && *text <= 'f')) value = value * 16 + HexDigit(*text++);
+    return value;
+}
+
+template <typename Take>
+void ForEachByte(const char* hexadecimal, Take take) {
+    for (; *hexadecimal != 0; hexadecimal += 2) {
+        take(static_cast<uint8>(HexDigit(hexadecimal[0]) << 4 | HexDigit(hexadecimal[1])));
+    }
+}
+
+}  // namespace
+
+// Fills the table of codes, which is made wide first and stored without the blocks that hold none.
+class CodePage::Builder {
+public:
+    explicit Builder(CodePage& page) : page_(page) {}
+
+    bool Run(const char* unitsToBytes) {
+        codes_.reset(new (std::nothrow) uint16[65536]);
+        if (codes_ == nullptr) return false;
+        std::fill_n(codes_.get(), 65536, NoCode);
+        InvertSingles();
+        InvertPairs();
+        Apply(unitsToBytes);
+        return Store();
+    }
+
+private:
+    // Of several codes for a unit the lowest counts, so the first one found stays.
+    void Note(wchar16 unit, int code) {
+        if (codes_[unit] == NoCode) codes_[unit] = static_cast<uint16>(code);
+    }
+    void InvertSingles() {
+        for (int byte = 0; byte < 256; ++byte) {
+            const auto value = static_cast<uint8>(byte);
+            if (!page_.IsLead(value) && !page_.IsRefused(value)) Note(page_.Single(value), byte);
+        }
+    }
+    void InvertPairs() {
+        for (int lead = 0; lead < 256; ++lead) {
+            const char16_t* row = page_.rows_[static_cast<std::size_t>(lead)];
+            for (std::size_t i = 0; row != nullptr && i < RowSize; ++i) {
+                if (row[i] != 0) Note(row[i], lead << 8 | static_cast<int>(FirstTrail + i));
+            }
+        }
+    }
+    // `unit~code` or `first-last~code` with ascending codes; `=` for `~` where the code leads back to the unit.
+    void Apply(const char* text) {
+        while (*text != 0) {
+            int unit = TakeHex(text);
+            const int last = *text == '-' ? TakeHex(++text) : unit;
+            int code = TakeHex(++text);
+            for (; unit <= last; ++unit, ++code) codes_[static_cast<std::size_t>(unit)] = static_cast<uint16>(code);
+            while (*text == ' ') ++text;
+        }
+    }
+    bool Store() {
+        std::size_t used = BlockSize;
+        const auto isEmpty = [&](std::size_t block) {
+            const uint16* first = codes_.get() + block * BlockSize;
+            return std::all_of(first, first + BlockSize, [](uint16 code) { return code == NoCode; });
+        };
+        for (std::size_t block = 0; block < page_.blocks_.size(); ++block) {
+            if (isEmpty(block)) continue;
+            page_.blocks_[block] = static_cast<uint16>(used);
+            used += BlockSize;
+        }
+        page_.codes_.reset(new (std::nothrow) uint16[used]);
+        if (page_.codes_ == nullptr) return false;
+        std::fill_n(page_.codes_.get(), BlockSize, NoCode);
+        for (std::size_t block = 0; block < page_.blocks_.size(); ++block) {
+            if (page_.blocks_[block] == 0) continue;
+            std::copy_n(codes_.get() + block * BlockSize, BlockSize, page_.codes_.get() + page_.blocks_[block]);
+        }
+        return true;
+    }
+
+    CodePage& page_;
+    std::unique_ptr<uint16[]> codes_;
+};
+
+std::unique_ptr<CodePage> CodePage::Build(const CodePageData& data) {
+    std::unique_ptr<CodePage> page(new (std::nothrow) CodePage);
+    if (page == nullptr) return nullptr;
+    page->defaultUnit_ = data.defaultUnit;
+    page->pairs_ = data.pairs;
+    ForEachByte(data.refused, [&](uint8 byte) { page->refused_[byte] = true; });
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+        const char16_t unit = byte < 0x80 ? static_cast<char16_t>(byte) : data.upper[byte - 0x80];
+        page->single_[byte] = unit == 0 && page->refused_[byte] ? data.defaultUnit : unit;
+    }
+    page->isLatin1FromA0_ = true;
+    for (std::size_t byte = 0xA0; byte < 256; ++byte) page->isLatin1FromA0_ &= page->single_[byte] == byte;
+    const char16_t* row = data.pairs;
+    ForEachByte(data.leads, [&](uint8 byte) {
+        page->rows_[byte] = row;
+        row += RowSize;
+    });
+    return Builder(*page).Run(data.unitsToBytes) ? std::move(page) : nullptr;
+}
+
+// ---- the pages by number ----
+
+namespace {
+
+constexpr CodePageData pages[] = {
+#define CODE_PAGE(number, defaultUnit, upper, refused, leads, pairs, unitsToBytes) \
+    {number, defaultUnit, upper, refused, leads, pairs, unitsToBytes},
+#include "code_page_data.inc"
+#undef CODE_PAGE
+};
+constexpr std::size_t PageCount = std::size(pages);
+
+// The smallest number by which all page numbers leave different remainders, which are their places.
+constexpr uint32 PlaceCount = 109;
+constexpr uint8 NoPage = 0xFF;
+
+constexpr auto pageAtPlace = [] {
+    std::array<uint8, PlaceCount> places{};
+    places.fill(NoPage);
+    for (std::size_t i = 0; i < PageCount; ++i) places[pages[i].number % PlaceCount] = static_cast<uint8>(i);
+    return places;
+}();
+static_assert(std::count(pageAtPlace.begin(), pageAtPlace.end(), NoPage) == PlaceCount - PageCount);
+
+std::size_t IndexOf(uint32 number) {
+    const uint8 index = pageAtPlace[number % PlaceCount];
+    return index != NoPage && pages[index].number == number ? index : PageCount;
+}
+
+// Never freed, so that a thread may still convert while the process ends.
+std::array<std::atomic<const CodePage*>, PageCount> builtPages{};
+
+}  // namespace
+
+bool CodePage::Exists(uint32 number) {
+    return IndexOf(number) != PageCount;
+}
+
+bool CodePage::IsLeadByte(uint32 number, uint8 byte) {
+    const std::size_t index = IndexOf(number);
+    if (index == PageCount) return false;
+    bool found = false;
+    ForEachByte(pages[index].leads, [&](uint8 lead) { found |= lead == byte; });
+    return found;
+}
+
+const CodePage* CodePage::Find(uint32 number) {
+    const std::size_t index = IndexOf(number);
+    if (index == PageCount) return nullptr;
+    const CodePage* page = builtPages[index].load(std::memory_order_acquire);
+    return page != nullptr ? page : BuildShared(index);
+}
+
+// Two threads that come first at the same time both make the tables; one of them throws its own away.
+const CodePage* CodePage::BuildShared(std::size_t index) {
+    std::unique_ptr<CodePage> made = Build(pages[index]);
+    const CodePage* shared = nullptr;
+    if (made != nullptr && builtPages[index].compare_exchange_strong(shared, made.get(), std::memory_order_acq_rel)) {
+        shared = made.release();
+    }
+    return shared;
+}
+
+}  // namespace Torvo::platform

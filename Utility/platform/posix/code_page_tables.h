@@ -1,0 +1,76 @@
+// The tables of the code pages with one or two bytes to a character. They are made of code_page_data.inc at a page's
+// first use, never change afterwards and are shared by all threads for the life of the process.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <array>
+#include <memory>
+
+namespace Torvo::platform {
+
+// Where a unit has no bytes in a page.
+inline constexpr uint16 NoCode = 0xFFFF;
+
+struct CodePageData;
+
+class CodePage {
+public:
+    // The page of that number; null if there is none, or if memory for its tables is short.
+    static const CodePage* Find(uint32 number);
+    // Whether there is a page of that number; makes no tables.
+    static bool Exists(uint32 number);
+    // Whether the byte begins a pair in that page; makes no tables.
+    static bool IsLeadByte(uint32 number, uint8 byte);
+
+    bool HasPairs() const { return pairs_ != nullptr; }
+    // A0 to FF lead to the units of the same numbers, and back.
+    bool IsLatin1FromA0() const { return isLatin1FromA0_; }
+
+    // ---- bytes to units ----
+
+    // What becomes of a lead byte without a pair, and of a pair that is none.
+    wchar16 DefaultUnit() const { return defaultUnit_; }
+    const wchar16* SingleUnits() const { return single_.data(); }
+    wchar16 Single(uint8 byte) const { return single_[byte]; }
+    bool IsLead(uint8 byte) const { return rows_[byte] != nullptr; }
+    bool IsRefused(uint8 byte) const { return refused_[byte]; }
+    // 0 where the two bytes are no pair.
+    wchar16 Pair(uint8 lead, uint8 trail) const {
+        return trail < FirstTrail || trail > LastTrail ? wchar16{0} : rows_[lead][trail - FirstTrail];
+    }
+
+    // ---- units to bytes ----
+
+    // One byte, or lead and trail; NoCode if there are none. The nearest character counts as well as the exact one.
+    uint16 Code(wchar16 unit) const {
+        return codes_[static_cast<std::size_t>(blocks_[unit / BlockSize]) + unit % BlockSize];
+    }
+    // Whether the code leads back to the unit.
+    bool IsExact(wchar16 unit, uint16 code) const {
+        return unit == (code > 0xFF ? Pair(static_cast<uint8>(code >> 8), static_cast<uint8>(code)) : single_[code]);
+    }
+
+private:
+    class Builder;
+
+    static constexpr uint8 FirstTrail = 0x40;
+    static constexpr uint8 LastTrail = 0xFE;
+    static constexpr std::size_t RowSize = LastTrail - FirstTrail + 1;
+    static constexpr std::size_t BlockSize = 64;
+
+    static std::unique_ptr<CodePage> Build(const CodePageData& data);
+    static const CodePage* BuildShared(std::size_t index);
+
+    std::array<wchar16, 256> single_{};
+    std::array<bool, 256> refused_{};
+    std::array<const char16_t*, 256> rows_{};  // by lead byte
+    const char16_t* pairs_ = nullptr;
+    wchar16 defaultUnit_ = 0;
+    bool isLatin1FromA0_ = false;
+    // Where in codes_ the block of 64 units begins; blocks without any code share the first.
+    std::array<uint16, 65536 / BlockSize> blocks_{};
+    std::unique_ptr<uint16[]> codes_;
+};
+
+}  // namespace Torvo::platform
