@@ -39,9 +39,17 @@ struct ByteTarget {
     std::size_t size;
 };
 
+// What becomes of a base and a mark that make one character which the page does not hold.
+enum class Unheld : uint8 {
+    Separate,  // both, each for itself: WC_SEPCHARS, and without a flag
+    Base,      // the base alone: WC_DISCARDNS
+    Default,   // the default character: WC_DEFAULTCHAR
+};
+
 // How text is to be written in a page: what the flags and the default character say.
 struct EncodeRules {
-    bool composes;   // WC_COMPOSITECHECK
+    bool composes;  // WC_COMPOSITECHECK
+    Unheld unheld;
     bool exactOnly;  // WC_NO_BEST_FIT_CHARS
     uint16 defaultCode;
 };

@@ -20,25 +20,31 @@ public:
     uint16 Next(const wchar16*& at, const wchar16* end) {
         if (rules_.composes && end - at > 1 && MayCombine(at[1])) {
             const wchar16 character = Composed(at[0], at[1]);
-            const uint16 code = character == 0 ? NoCode : CodeOf(character);
-            if (code != NoCode) {
-                at += 2;
-                return code;
-            }
+            if (character != 0) return Compose(character, at);
         }
         return CodeOrDefault(*at++);
     }
     // The code of a unit alone.
     uint16 CodeOrDefault(wchar16 unit) {
         const uint16 code = CodeOf(unit);
-        if (code != NoCode) return code;
-        usedDefault_ = true;
-        return rules_.defaultCode;
+        return code != NoCode ? code : Default();
     }
     bool Composes() const { return rules_.composes; }
     bool UsedDefault() const { return usedDefault_; }
 
 private:
+    uint16 Compose(wchar16 character, const wchar16*& at) {
+        const wchar16 base = *at++;
+        const uint16 code = CodeOf(character);
+        if (code == NoCode && rules_.unheld == Unheld::Separate) return CodeOrDefault(base);
+        ++at;
+        if (code != NoCode) return code;
+        return rules_.unheld == Unheld::Base ? CodeOrDefault(base) : Default();
+    }
+    uint16 Default() {
+        usedDefault_ = true;
+        return rules_.defaultCode;
+    }
     uint16 CodeOf(wchar16 unit) const {
         const uint16 code = page_.Code(unit);
         return rules_.exactOnly && code != NoCode && !page_.IsExact(unit, code) ? NoCode : code;

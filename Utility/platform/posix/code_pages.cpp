@@ -67,6 +67,11 @@ uint16 DefaultCode(const CodePage& page, const char* defaultChar) {
     return static_cast<uint16>(first << 8 | static_cast<uint8>(defaultChar[1]));
 }
 
+Unheld UnheldBy(uint32 flags) {
+    if ((flags & WC_DEFAULTCHAR) != 0) return Unheld::Default;
+    return (flags & WC_DISCARDNS) != 0 ? Unheld::Base : Unheld::Separate;
+}
+
 std::size_t LengthOf(const char* source, int size) {
     return size < 0 ? std::strlen(source) + 1 : static_cast<std::size_t>(size);
 }
@@ -110,7 +115,7 @@ int WideCharToMultiByte(uint32 codePage, uint32 flags, const wchar16* source, in
     if (page == nullptr) {
         conversion = EncodeUtf8(text, bytes, (flags & WC_ERR_INVALID_CHARS) != 0, used);
     } else {
-        const EncodeRules rules{(flags & WC_COMPOSITECHECK) != 0, (flags & WC_NO_BEST_FIT_CHARS) != 0,
+        const EncodeRules rules{(flags & WC_COMPOSITECHECK) != 0, UnheldBy(flags), (flags & WC_NO_BEST_FIT_CHARS) != 0,
                                 DefaultCode(*page, defaultChar)};
         conversion = page->HasPairs() ? EncodeDouble(*page, text, bytes, rules, used)
                                       : EncodeSingle(*page, text, bytes, rules, used);
