@@ -3,9 +3,10 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/frame/instance_data.h>
 #include <Utility/platform/platform.h>
+#include <Utility/text/locale_value.h>
 
 #include <algorithm>
-#include <limits>
+#include <iterator>
 #include <new>
 
 namespace Torvo {
@@ -21,44 +22,8 @@ constexpr wchar16 FixedMorningMark[] = ZUTEXT("AM");
 constexpr wchar16 FixedAfternoonMark[] = ZUTEXT("PM");
 constexpr wchar16 FixedTimeSeparator[] = ZUTEXT(":");
 
-// Nearly every locale value is short, so it is read into a buffer on the stack with a single call of the system; only
-// for one that does not fit there, its length is asked for and memory allocated.
-class LocaleValue {
-public:
-    LocaleValue(uint32 locale, uint32 type) : units(Read(locale, type, onStack, StackSize)) {
-        if (units == 0 && platform::GetLastError() == ERROR_INSUFFICIENT_BUFFER) ReadLong(locale, type);
-        // A few types are not text and have no terminator.
-        if (units != 0) text[units] = 0;
-    }
-    LocaleValue(const LocaleValue&) = delete;
-    LocaleValue& operator=(const LocaleValue&) = delete;
-
-    // How many units the system delivered, the terminator included; 0 if there is no value.
-    int Units() const { return units; }
-    const wchar16* Text() const { return text; }
-
-private:
-    static constexpr int StackSize = 80;
-
-    // Leaves the last unit of the buffer free.
-    static int Read(uint32 locale, uint32 type, wchar16* buffer, int size) {
-        return platform::GetLocaleInfoW(locale, type, buffer, size - 1);
-    }
-
-    void ReadLong(uint32 locale, uint32 type) {
-        const int needed = platform::GetLocaleInfoW(locale, type, nullptr, 0);
-        if (needed == 0) return;
-        onHeap.reset(new (std::nothrow) wchar16[static_cast<std::size_t>(needed) + 1]);
-        if (onHeap == nullptr) return;
-        text = onHeap.get();
-        units = Read(locale, type, text, needed + 1);
-    }
-
-    wchar16 onStack[StackSize];
-    std::unique_ptr<wchar16[]> onHeap;
-    wchar16* text = onStack;
-    int units;
-};
+// Room for the longest values that the library reads.
+using Value = LocaleValue<80>;
 
 std::unique_ptr<wchar16[]> NewText(const wchar16* text, uint64 size) {
     std::unique_ptr<wchar16[]> block(new (std::nothrow) wchar16[size]);
@@ -102,14 +67,14 @@ uint32 cLocaleInfoImpl::GetLocaleIdentifier() {
 }
 
 bool cLocaleInfoImpl::GetLocaleInt(uint32 lctype, uint32* value) {
-    const LocaleValue read(localeIdentifier, lctype);
+    const Value read(localeIdentifier, lctype);
     if (read.Units() == 0 || value == nullptr) return false;
     *value = static_cast<uint32>(platform::_wtoi(read.Text()));
     return true;
 }
 
 bool cLocaleInfoImpl::GetLocaleString(uint32 lctype, wchar16* buffer, uint64 size) {
-    const LocaleValue read(localeIdentifier, lctype);
+    const Value read(localeIdentifier, lctype);
     const auto units = static_cast<uint64>(read.Units());
     if (units == 0 || units > size || buffer == nullptr) return false;
     std::copy_n(read.Text(), units, buffer);
