@@ -46,8 +46,7 @@ private:
     bool metRefused_ = false;
 };
 
-// Sixteen bytes of ASCII at once, as long as they come. Where a run of fewer ends in a pair, the units stored in excess
-// are overwritten: the sixteen units that 32 bytes make at the least are still to come.
+// Sixteen bytes of ASCII at once, as long as they come.
 void CopyAscii(DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
     while (decoder.Left() >= Lanes && target.size - count >= Lanes) {
         const __m128i bytes = LoadBytes(decoder.At());

@@ -3,24 +3,48 @@
 
 #include <Utility/platform/types.h>
 
+#include <array>
+
 #include "code_page_conversions.h"
 
 namespace Torvo::platform {
 
-// Whether the unit may make one character with the unit before it: some canonical decomposition ends with it.
-bool MayCombine(wchar16 unit);
-// The character made of both, 0 if there is none.
-wchar16 Composed(wchar16 base, wchar16 mark);
+struct UnitRange {
+    wchar16 first, last;
+};
 
+// The second units of the canonical decompositions in the basic plane, with what lies between them in one script. The
+// vowels and final consonants of Hangul are not among them: the calls leave those alone.
+inline constexpr UnitRange combiningUnits[] = {
+    {0x0300, 0x0345}, {0x05B4, 0x05C2}, {0x0653, 0x0655}, {0x093C, 0x093C}, {0x09BC, 0x09BE}, {0x09D7, 0x09D7},
+    {0x0A3C, 0x0A3C}, {0x0B3C, 0x0B3E}, {0x0B56, 0x0B57}, {0x0BBE, 0x0BBE}, {0x0BD7, 0x0BD7}, {0x0C56, 0x0C56},
+    {0x0CC2, 0x0CC2}, {0x0CD5, 0x0CD6}, {0x0D3E, 0x0D3E}, {0x0D57, 0x0D57}, {0x0DCA, 0x0DDF}, {0x0F72, 0x0F80},
+    {0x0FB5, 0x0FB7}, {0x102E, 0x102E}, {0x1B35, 0x1B35}, {0x3099, 0x309A},
+};
+
+// One bit for each unit of the basic plane. Text touches few of its lines.
+inline constexpr auto combiningBits = [] {
+    std::array<uint64, 65536 / 64> bits{};
+    for (const UnitRange& range : combiningUnits) {
+        for (uint32 unit = range.first; unit <= range.last; ++unit) bits[unit / 64] |= uint64{1} << unit % 64;
+    }
+    return bits;
+}();
+
+// Whether the unit may make one character with the unit before it.
+inline bool MayCombine(wchar16 unit) {
+    return (combiningBits[unit / 64] >> unit % 64 & 1) != 0;
+}
 class Encoder {
 public:
     Encoder(const CodePage& page, EncodeRules rules) : page_(page), rules_(rules) {}
 
     // The code of the character at `at`, which is moved behind it.
     uint16 Next(const wchar16*& at, const wchar16* end) {
-        if (rules_.composes && end - at > 1 && MayCombine(at[1])) {
-            const wchar16 character = Composed(at[0], at[1]);
-            if (character != 0) return Compose(character, at);
+        if (rules_.composes && end - at > 1 && MayCombine(at[1])) [[unlikely]] {
+            const Step step = Compose(at);
+            at += step.units;
+            return step.code;
         }
         return CodeOrDefault(*at++);
     }
@@ -33,14 +57,13 @@ public:
     bool UsedDefault() const { return usedDefault_; }
 
 private:
-    uint16 Compose(wchar16 character, const wchar16*& at) {
-        const wchar16 base = *at++;
-        const uint16 code = CodeOf(character);
-        if (code == NoCode && rules_.unheld == Unheld::Separate) return CodeOrDefault(base);
-        ++at;
-        if (code != NoCode) return code;
-        return rules_.unheld == Unheld::Base ? CodeOrDefault(base) : Default();
-    }
+    struct Step {
+        uint16 code;
+        int units;
+    };
+
+    // A unit and one behind it that may combine.
+    Step Compose(const wchar16* at);
     uint16 Default() {
         usedDefault_ = true;
         return rules_.defaultCode;

@@ -64,22 +64,28 @@ public:
 
     void Run() {
         while (end_ - at_ >= SourceAhead && toEnd_ - to_ >= static_cast<std::ptrdiff_t>(Lanes)) EncodeLanes();
-        while (at_ != end_ && to_ != toEnd_) EncodeOne();
+        EncodeEach(end_, toEnd_);
     }
     bool IsComplete() const { return at_ == end_; }
     bool UsedDefault() const { return encoder_.UsedDefault(); }
     const uint8* WrittenEnd() const { return to_; }
 
 private:
-    void EncodeOne() { *to_++ = static_cast<uint8>(encoder_.Next(at_, end_)); }
+    // Places are kept in locals, since a byte that is stored may be any byte of this object as far as is known.
+    void EncodeEach(const wchar16* stop, const uint8* room) {
+        const wchar16* at = at_;
+        uint8* to = to_;
+        while (at < stop && to != room) *to++ = static_cast<uint8>(encoder_.Next(at, end_));
+        at_ = at;
+        to_ = to;
+    }
 
     void EncodeLanes() {
         const UnitLanes units = LoadUnits(at_);
         uint32 foreign = page_.IsLatin1FromA0() ? NonLatin1(units) : NonAscii(units);
         const int whole = WholeLanes(foreign);
         if (std::popcount(foreign) > FewForeign || whole == 0) {
-            for (const wchar16* stop = at_ + Lanes; at_ < stop;) EncodeOne();
-            return;
+            return EncodeEach(at_ + Lanes, toEnd_);
         }
         StoreNarrowed(to_, units);
         for (foreign &= (1u << whole) - 1; foreign != 0; foreign &= foreign - 1) {

@@ -71,65 +71,79 @@ Decoded DecodeNext(const uint8* at, std::size_t left) {
     return left < 4 ? Invalid(left) : DecodeFour(at);
 }
 
-// What must be left so that sixteen units are certain to be made of it: three bytes may make one.
+// What must be left so that sixteen units are certain to be made of it: three bytes may make one. And room for the two
+// units of one character more.
 constexpr std::ptrdiff_t BytesAhead = 3 * Lanes;
+constexpr std::ptrdiff_t UnitsAhead = Lanes + 2;
 
-class Utf8Decoder {
-public:
-    Utf8Decoder(ByteText source, UnitTarget target)
-        : at_(source.text), end_(at_ + source.size), to_(target.text), toEnd_(to_ + target.size) {}
-
-    void Run() {
-        while (end_ - at_ >= BytesAhead && toEnd_ - to_ >= static_cast<std::ptrdiff_t>(Lanes)) DecodeLanes();
-        while (at_ != end_ && to_ != toEnd_) DecodeOne();
-    }
-    bool IsComplete() const { return at_ == end_; }
-    bool MetInvalid() const { return metInvalid_; }
-    const wchar16* WrittenEnd() const { return to_; }
-
-private:
-    // The ASCII that comes first, then all up to the next ASCII.
-    void DecodeLanes() {
-        const __m128i bytes = LoadBytes(at_);
-        StoreWidened(to_, bytes);
-        const uint32 high = HighBytes(bytes);
-        if (high == 0) {
-            at_ += Lanes;
-            to_ += Lanes;
-            return;
-        }
-        const int ascii = std::countr_zero(high);
-        at_ += ascii;
-        to_ += ascii;
-        const uint8* const stop = at_ + Lanes;
-        do {
-            DecodeOne();
-        } while (at_ < stop && *at_ >= 0x80 && toEnd_ - to_ >= 2);
-    }
-    void DecodeOne() {
-        if (*at_ < 0x80) {
-            *to_++ = *at_++;
-            return;
-        }
-        const Decoded next = DecodeNext(at_, static_cast<std::size_t>(end_ - at_));
-        metInvalid_ |= !next.valid;
-        if (next.character <= 0xFFFF) {
-            *to_++ = static_cast<wchar16>(next.character);
-        } else {
-            *to_++ = static_cast<wchar16>(0xD7C0 + (next.character >> 10));
-            // Where only the first half fits, the text is cut there.
-            if (to_ == toEnd_) return;
-            *to_++ = static_cast<wchar16>(0xDC00 | (next.character & 0x3FF));
-        }
-        at_ += next.size;
-    }
-
-    const uint8* at_;
-    const uint8* end_;
-    wchar16* to_;
-    wchar16* toEnd_;
-    bool metInvalid_ = false;
+// Places in source and target, in locals of each loop.
+struct DecodeState {
+    const uint8* at;
+    wchar16* to;
+    bool metInvalid;
 };
+
+// A character that is not ASCII; `room` is behind the target, which has room for one unit at least. False where only
+// the first half of the character fits: the text is cut there.
+bool DecodeOne(DecodeState& state, const uint8* end, const wchar16* room) {
+    const Decoded next = DecodeNext(state.at, static_cast<std::size_t>(end - state.at));
+    state.metInvalid |= !next.valid;
+    if (next.character <= 0xFFFF) {
+        *state.to++ = static_cast<wchar16>(next.character);
+    } else {
+        *state.to++ = static_cast<wchar16>(0xD7C0 + (next.character >> 10));
+        if (state.to == room) return false;
+        *state.to++ = static_cast<wchar16>(0xDC00 | (next.character & 0x3FF));
+    }
+    state.at += next.size;
+    return true;
+}
+
+// The road for well-formed text of up to three bytes to a character, as long as there is enough ahead.
+void DecodeAhead(DecodeState& state, const uint8* end, const wchar16* room) {
+    const uint8* at = state.at;
+    wchar16* to = state.to;
+    while (end - at >= BytesAhead && room - to >= UnitsAhead) {
+        const uint8 lead = at[0];
+        if (lead < 0x80) {
+            const __m128i bytes = LoadBytes(at);
+            StoreWidened(to, bytes);
+            const int ascii = std::countr_zero(HighBytes(bytes) | 1u << Lanes);
+            at += ascii;
+            to += ascii;
+        } else if (lead >= 0xC2 && lead < 0xE0 && IsContinuation(at[1])) {
+            *to++ = static_cast<wchar16>((lead & 0x1Fu) << 6 | (at[1] & 0x3Fu));
+            at += 2;
+        } else {
+            // Subtraction makes a continuation byte its six bits, and everything else larger.
+            const uint32 second = static_cast<uint8>(at[1] - 0x80u);
+            const uint32 third = static_cast<uint8>(at[2] - 0x80u);
+            const uint32 character = (lead & 0x0Fu) << 12 | (second & 0x3F) << 6 | (third & 0x3F);
+            if ((lead & 0xF0) == 0xE0 && (second | third) < 0x40 && character >= 0x800 && character - 0xD800 >= 0x800) {
+                *to++ = static_cast<wchar16>(character);
+                at += 3;
+            } else {
+                state.at = at;
+                state.to = to;
+                DecodeOne(state, end, room);
+                at = state.at;
+                to = state.to;
+            }
+        }
+    }
+    state.at = at;
+    state.to = to;
+}
+
+void DecodeRest(DecodeState& state, const uint8* end, const wchar16* room) {
+    while (state.at != end && state.to != room) {
+        if (*state.at < 0x80) {
+            *state.to++ = *state.at++;
+        } else if (!DecodeOne(state, end, room)) {
+            return;
+        }
+    }
+}
 
 Conversion CountUnits(ByteText source, bool strict) {
     std::size_t count = 0;
@@ -182,81 +196,74 @@ uint8 Continuation(uint32 bits) {
     return static_cast<uint8>(0x80 | (bits & 0x3F));
 }
 
-class Utf8Encoder {
-public:
-    Utf8Encoder(UnitText source, ByteTarget target)
-        : at_(source.text), end_(at_ + source.size), to_(target.text), toEnd_(to_ + target.size) {}
-
-    void Run() {
-        while (end_ - at_ >= static_cast<std::ptrdiff_t>(Lanes) && toEnd_ - to_ >= RoomAhead) EncodeLanes();
-        while (at_ != end_ && EncodeOne()) {
-        }
-    }
-    bool IsComplete() const { return at_ == end_; }
-    bool MetInvalid() const { return metInvalid_; }
-    const uint8* WrittenEnd() const { return to_; }
-
-private:
-    void EncodeLanes() {
-        const UnitLanes units = LoadUnits(at_);
-        StoreNarrowed(to_, units);
-        const uint32 foreign = NonAscii(units);
-        if (foreign == 0) {
-            at_ += Lanes;
-            to_ += Lanes;
-            return;
-        }
-        const int ascii = std::countr_zero(foreign);
-        at_ += ascii;
-        to_ += ascii;
-        while (at_ != end_ && *at_ >= 0x80 && EncodeOne()) {
-        }
-    }
-    // False where the character does not fit.
-    bool EncodeOne() {
-        const uint32 unit = *at_;
-        const std::ptrdiff_t room = toEnd_ - to_;
-        if (unit < 0x80) {
-            if (room < 1) return false;
-            *to_++ = static_cast<uint8>(unit);
-            ++at_;
-            return true;
-        }
-        if (unit < 0x800) {
-            if (room < 2) return false;
-            to_[0] = static_cast<uint8>(0xC0 | unit >> 6);
-            to_[1] = Continuation(unit);
-            to_ += 2;
-            ++at_;
-            return true;
-        }
-        return EncodeLong(room);
-    }
-    bool EncodeLong(std::ptrdiff_t room) {
-        const Encoded next = CharacterAt(at_, static_cast<std::size_t>(end_ - at_));
-        const uint32 character = next.character;
-        const std::ptrdiff_t size = SizeOf(character);
-        if (room < size) return false;
-        metInvalid_ |= !next.valid;
-        if (size == 4) {
-            to_[0] = static_cast<uint8>(0xF0 | character >> 18);
-            to_[1] = Continuation(character >> 12);
-        } else {
-            to_[0] = static_cast<uint8>(0xE0 | character >> 12);
-        }
-        to_[size - 2] = Continuation(character >> 6);
-        to_[size - 1] = Continuation(character);
-        to_ += size;
-        at_ += next.units;
-        return true;
-    }
-
-    const wchar16* at_;
-    const wchar16* end_;
-    uint8* to_;
-    uint8* toEnd_;
-    bool metInvalid_ = false;
+struct EncodeState {
+    const wchar16* at;
+    uint8* to;
+    bool metInvalid;
 };
+
+// The character at `state.at`; false where it does not fit.
+bool EncodeOne(EncodeState& state, const wchar16* end, const uint8* room) {
+    const Encoded next = CharacterAt(state.at, static_cast<std::size_t>(end - state.at));
+    const uint32 character = next.character;
+    const std::ptrdiff_t size = SizeOf(character);
+    if (room - state.to < size) return false;
+    state.metInvalid |= !next.valid;
+    uint8* const to = state.to;
+    switch (size) {
+        case 1:
+            to[0] = static_cast<uint8>(character);
+            break;
+        case 2:
+            to[0] = static_cast<uint8>(0xC0 | character >> 6);
+            break;
+        case 3:
+            to[0] = static_cast<uint8>(0xE0 | character >> 12);
+            break;
+        default:
+            to[0] = static_cast<uint8>(0xF0 | character >> 18);
+            break;
+    }
+    for (std::ptrdiff_t i = 1; i < size; ++i) to[i] = Continuation(character >> (size - 1 - i) * 6);
+    state.to += size;
+    state.at += next.units;
+    return true;
+}
+
+// The road for text without surrogates, as long as there is enough ahead.
+void EncodeAhead(EncodeState& state, const wchar16* end, const uint8* room) {
+    const wchar16* at = state.at;
+    uint8* to = state.to;
+    while (end - at >= static_cast<std::ptrdiff_t>(Lanes) && room - to >= RoomAhead) {
+        const uint32 unit = at[0];
+        if (unit < 0x80) {
+            const UnitLanes units = LoadUnits(at);
+            StoreNarrowed(to, units);
+            const int ascii = std::countr_zero(NonAscii(units) | 1u << Lanes);
+            at += ascii;
+            to += ascii;
+        } else if (unit < 0x800) {
+            to[0] = static_cast<uint8>(0xC0 | unit >> 6);
+            to[1] = Continuation(unit);
+            to += 2;
+            ++at;
+        } else if (unit - 0xD800 >= 0x800) {
+            to[0] = static_cast<uint8>(0xE0 | unit >> 12);
+            to[1] = Continuation(unit >> 6);
+            to[2] = Continuation(unit);
+            to += 3;
+            ++at;
+        } else {
+            state.at = at;
+            state.to = to;
+            EncodeOne(state, end, room);
+            at = state.at;
+            to = state.to;
+        }
+    }
+    state.at = at;
+    state.to = to;
+}
 
 Conversion Finished(std::size_t count, bool complete, bool strict, bool metInvalid) {
     if (!complete) return {count, ERROR_INSUFFICIENT_BUFFER};
@@ -267,10 +274,11 @@ Conversion Finished(std::size_t count, bool complete, bool strict, bool metInval
 
 Conversion DecodeUtf8(ByteText source, UnitTarget target, bool strict) {
     if (target.text == nullptr) return CountUnits(source, strict);
-    Utf8Decoder decoder(source, target);
-    decoder.Run();
-    return Finished(static_cast<std::size_t>(decoder.WrittenEnd() - target.text), decoder.IsComplete(), strict,
-                    decoder.MetInvalid());
+    DecodeState state{source.text, target.text, false};
+    const uint8* const end = source.text + source.size;
+    DecodeAhead(state, end, target.text + target.size);
+    DecodeRest(state, end, target.text + target.size);
+    return Finished(static_cast<std::size_t>(state.to - target.text), state.at == end, strict, state.metInvalid);
 }
 
 Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict, bool& usedDefault) {
@@ -285,11 +293,15 @@ Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict, bool& use
             i += next.units;
         }
     } else {
-        Utf8Encoder encoder(source, target);
-        encoder.Run();
-        count = static_cast<std::size_t>(encoder.WrittenEnd() - target.text);
-        metInvalid = encoder.MetInvalid();
-        complete = encoder.IsComplete();
+        EncodeState state{source.text, target.text, false};
+        const wchar16* const end = source.text + source.size;
+        const uint8* const room = target.text + target.size;
+        EncodeAhead(state, end, room);
+        while (state.at != end && EncodeOne(state, end, room)) {
+        }
+        count = static_cast<std::size_t>(state.to - target.text);
+        metInvalid = state.metInvalid;
+        complete = state.at == end;
     }
     usedDefault |= metInvalid && complete && !strict;
     return Finished(count, complete, strict, metInvalid);
