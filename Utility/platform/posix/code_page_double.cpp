@@ -71,14 +71,32 @@ std::size_t SizeOf(uint16 code) {
     return code > 0xFF ? 2 : 1;
 }
 
-void CopyAscii(const wchar16*& at, const wchar16* end, ByteTarget target, std::size_t& count, bool composes) {
-    while (end - at > static_cast<std::ptrdiff_t>(Lanes) && target.size - count >= Lanes) {
-        const UnitLanes units = LoadUnits(at);
-        if (NonAscii(units) != 0 || (composes && MayCombine(at[Lanes]))) return;
-        StoreNarrowed(target.text + count, units);
-        at += Lanes;
-        count += Lanes;
+// Up to the first unit that needs a closer look, the last one, or the last byte. Sixteen units of ASCII go at once.
+void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* end, ByteTarget target,
+                   std::size_t& count) {
+    const CodePage::Codes codes = encoder.UnitCodes();
+    const bool composes = encoder.Composes();
+    const wchar16* at = from;
+    uint8* to = target.text + count;
+    const uint8* const room = target.text + target.size;
+    while (end - at > 1 && room - to > 1) {
+        if (at[0] < 0x80 && at[1] < 0x80 && end - at > LaneCount && room - to >= LaneCount) {
+            const UnitLanes units = LoadUnits(at);
+            if (NonAscii(units) == 0 && !(composes && MayCombine(at[Lanes]))) {
+                StoreNarrowed(to, units);
+                at += Lanes;
+                to += Lanes;
+                continue;
+            }
+        }
+        const uint16 code = codes[*at];
+        if (code == NoCode || (composes && MayCombine(at[1]))) break;
+        if (code > 0xFF) *to++ = static_cast<uint8>(code >> 8);
+        *to++ = static_cast<uint8>(code);
+        ++at;
     }
+    from = at;
+    count = static_cast<std::size_t>(to - target.text);
 }
 
 }  // namespace
@@ -91,9 +109,9 @@ Conversion DecodeDouble(const CodePage& page, ByteText source, UnitTarget target
     DoubleDecoder decoder(page, source);
     std::size_t count = 0;
     while (!decoder.IsDone() && count != target.size) {
-        if (*decoder.At() < 0x80) CopyAscii(decoder, target, count);
-        if (decoder.IsDone() || count == target.size) break;
-        target.text[count++] = decoder.Next();
+        const wchar16 unit = decoder.Next();
+        target.text[count++] = unit;
+        if (unit < 0x80 && !decoder.IsDone() && *decoder.At() < 0x80) CopyAscii(decoder, target, count);
     }
     return {count, decoder.IsDone() ? 0 : ERROR_INSUFFICIENT_BUFFER};
 }
@@ -109,7 +127,7 @@ Conversion EncodeDouble(const CodePage& page, UnitText source, ByteTarget target
         while (at != end) count += SizeOf(encoder.Next(at, end));
     }
     while (at != end && error == 0) {
-        if (*at < 0x80) CopyAscii(at, end, target, count, rules.composes);
+        if (encoder.TakesTable()) EncodeByTable(encoder, at, end, target, count);
         // The next character is looked at only where a byte is left, as the default is then known to be needed.
         const uint16 code = count == target.size ? NoCode : encoder.Next(at, end);
         if (count == target.size || target.size - count < SizeOf(code)) {

@@ -37,7 +37,7 @@ inline bool MayCombine(wchar16 unit) {
 }
 class Encoder {
 public:
-    Encoder(const CodePage& page, EncodeRules rules) : page_(page), rules_(rules) {}
+    Encoder(const CodePage& page, EncodeRules rules) : page_(page), codes_(page.UnitCodes()), rules_(rules) {}
 
     // The code of the character at `at`, which is moved behind it.
     uint16 Next(const wchar16*& at, const wchar16* end) {
@@ -54,6 +54,9 @@ public:
         return code != NoCode ? code : Default();
     }
     bool Composes() const { return rules_.composes; }
+    // Whether the table alone tells the code of a unit, but for those that it gives none.
+    bool TakesTable() const { return !rules_.exactOnly; }
+    CodePage::Codes UnitCodes() const { return codes_; }
     bool UsedDefault() const { return usedDefault_; }
 
 private:
@@ -69,11 +72,12 @@ private:
         return rules_.defaultCode;
     }
     uint16 CodeOf(wchar16 unit) const {
-        const uint16 code = page_.Code(unit);
+        const uint16 code = codes_[unit];
         return rules_.exactOnly && code != NoCode && !page_.IsExact(unit, code) ? NoCode : code;
     }
 
     const CodePage& page_;
+    const CodePage::Codes codes_;
     const EncodeRules rules_;
     bool usedDefault_ = false;
 };

@@ -8,6 +8,7 @@
 namespace Torvo::platform {
 
 inline constexpr std::size_t Lanes = 16;
+inline constexpr std::ptrdiff_t LaneCount = Lanes;  // for the distance between two places
 
 inline __m128i LoadBytes(const uint8* text) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));

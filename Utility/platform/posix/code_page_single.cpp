@@ -27,13 +27,16 @@ uint32 ForeignBytes(__m128i bytes, bool isLatin1FromA0) {
     return HighBytes(belowA0) & high;
 }
 
-// Above this many foreign bytes of sixteen the table alone is quicker than the vector and the table.
-constexpr int FewForeign = 4;
+// Whether more than four of sixteen are foreign: the table alone is then quicker than the vector and the table.
+bool AreMany(uint32 foreign) {
+    for (int i = 0; i < 4; ++i) foreign &= foreign - 1;
+    return foreign != 0;
+}
 
 void DecodeLanes(const CodePage& page, const uint8* source, wchar16* target) {
     const __m128i bytes = LoadBytes(source);
     uint32 foreign = ForeignBytes(bytes, page.IsLatin1FromA0());
-    if (std::popcount(foreign) > FewForeign) return Translate(page, source, target, Lanes);
+    if (AreMany(foreign)) return Translate(page, source, target, Lanes);
     StoreWidened(target, bytes);
     for (; foreign != 0; foreign &= foreign - 1) {
         const int lane = std::countr_zero(foreign);
@@ -63,7 +66,7 @@ public:
           toEnd_(target.text + target.size) {}
 
     void Run() {
-        while (end_ - at_ >= SourceAhead && toEnd_ - to_ >= static_cast<std::ptrdiff_t>(Lanes)) EncodeLanes();
+        while (end_ - at_ >= SourceAhead && toEnd_ - to_ >= LaneCount) EncodeLanes();
         EncodeEach(end_, toEnd_);
     }
     bool IsComplete() const { return at_ == end_; }
@@ -71,11 +74,25 @@ public:
     const uint8* WrittenEnd() const { return to_; }
 
 private:
-    // Places are kept in locals, since a byte that is stored may be any byte of this object as far as is known.
     void EncodeEach(const wchar16* stop, const uint8* room) {
+        while (at_ < stop && to_ != room) {
+            if (encoder_.TakesTable()) EncodeByTable(stop, room);
+            if (at_ < stop && to_ != room) *to_++ = static_cast<uint8>(encoder_.Next(at_, end_));
+        }
+    }
+    // Up to the first unit that needs a closer look, or the last one. Places are kept in locals, since a byte that is
+    // stored may be any byte of this object as far as is known.
+    void EncodeByTable(const wchar16* stop, const uint8* room) {
+        const CodePage::Codes codes = encoder_.UnitCodes();
+        const bool composes = encoder_.Composes();
+        const wchar16* const last = std::min(stop, end_ - 1);
         const wchar16* at = at_;
         uint8* to = to_;
-        while (at < stop && to != room) *to++ = static_cast<uint8>(encoder_.Next(at, end_));
+        for (; at < last && to != room; ++at) {
+            const uint16 code = codes[*at];
+            if (code == NoCode || (composes && MayCombine(at[1]))) break;
+            *to++ = static_cast<uint8>(code);
+        }
         at_ = at;
         to_ = to;
     }
@@ -83,10 +100,9 @@ private:
     void EncodeLanes() {
         const UnitLanes units = LoadUnits(at_);
         uint32 foreign = page_.IsLatin1FromA0() ? NonLatin1(units) : NonAscii(units);
+        if (AreMany(foreign)) return EncodeEach(at_ + Lanes, toEnd_);
         const int whole = WholeLanes(foreign);
-        if (std::popcount(foreign) > FewForeign || whole == 0) {
-            return EncodeEach(at_ + Lanes, toEnd_);
-        }
+        if (whole == 0) return EncodeEach(at_ + Lanes, toEnd_);
         StoreNarrowed(to_, units);
         for (foreign &= (1u << whole) - 1; foreign != 0; foreign &= foreign - 1) {
             const int lane = std::countr_zero(foreign);

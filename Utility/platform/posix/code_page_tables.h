@@ -42,9 +42,22 @@ public:
 
     // ---- units to bytes ----
 
-    // One byte, or lead and trail; NoCode if there are none. The nearest character counts as well as the exact one.
-    uint16 Code(wchar16 unit) const {
-        return codes_[static_cast<std::size_t>(blocks_[unit / BlockSize]) + unit % BlockSize];
+    // The codes of all units, by value, so that a loop that stores bytes need not read the places again.
+    class Codes {
+    public:
+        // One byte, or lead and trail; NoCode if there are none. The nearest character counts as well as the exact one.
+        uint16 operator[](wchar16 unit) const { return codes_[blocks_[unit / BlockSize] + unit % BlockSize]; }
+
+    private:
+        friend class CodePage;
+        const uint16* blocks_;
+        const uint16* codes_;
+    };
+    Codes UnitCodes() const {
+        Codes codes;
+        codes.blocks_ = blocks_.data();
+        codes.codes_ = codes_.get();
+        return codes;
     }
     // Whether the code leads back to the unit.
     bool IsExact(wchar16 unit, uint16 code) const {

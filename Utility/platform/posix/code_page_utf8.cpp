@@ -105,7 +105,10 @@ void DecodeAhead(DecodeState& state, const uint8* end, const wchar16* room) {
     wchar16* to = state.to;
     while (end - at >= BytesAhead && room - to >= UnitsAhead) {
         const uint8 lead = at[0];
-        if (lead < 0x80) {
+        if (lead < 0x80 && at[1] >= 0x80) {
+            *to++ = lead;
+            ++at;
+        } else if (lead < 0x80) {
             const __m128i bytes = LoadBytes(at);
             StoreWidened(to, bytes);
             const int ascii = std::countr_zero(HighBytes(bytes) | 1u << Lanes);
@@ -234,9 +237,12 @@ bool EncodeOne(EncodeState& state, const wchar16* end, const uint8* room) {
 void EncodeAhead(EncodeState& state, const wchar16* end, const uint8* room) {
     const wchar16* at = state.at;
     uint8* to = state.to;
-    while (end - at >= static_cast<std::ptrdiff_t>(Lanes) && room - to >= RoomAhead) {
+    while (end - at >= LaneCount && room - to >= RoomAhead) {
         const uint32 unit = at[0];
-        if (unit < 0x80) {
+        if (unit < 0x80 && at[1] >= 0x80) {
+            *to++ = static_cast<uint8>(unit);
+            ++at;
+        } else if (unit < 0x80) {
             const UnitLanes units = LoadUnits(at);
             StoreNarrowed(to, units);
             const int ascii = std::countr_zero(NonAscii(units) | 1u << Lanes);
