@@ -4,6 +4,7 @@
 #include <golden/code_page_probe.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -38,6 +39,254 @@ TEST(CodePages, AnswerWhatTheGoldenVectorsSay) {
     });
     EXPECT_EQ(differences, 0);
     EXPECT_EQ(number, expected.size());
+}
+
+// ---- whole texts against the same text taken piece by piece ----
+
+using Units = std::vector<wchar16>;
+using Bytes = std::vector<char>;
+
+constexpr uint32 AllPages[] = {28591, 28592, 28593, 28594, 28595, 28596, 28597, 28598, 28599, 1250, 1251,
+                               1252,  1253,  1254,  1255,  1256,  1257,  1258,  874,   437,   720,  737,
+                               775,   850,   852,   855,   857,   860,   861,   862,   863,   864,  865,
+                               866,   869,   20127, 932,   936,   949,   950,   65001};
+
+// A small generator, so that a failure can be repeated from its seed on every system.
+class Random {
+public:
+    explicit Random(uint64 seed) : state_(seed * 2 + 1) {}
+    uint32 Below(uint32 limit) {
+        state_ = state_ * 6364136223846793005u + 1442695040888963407u;
+        return static_cast<uint32>(state_ >> 33) % limit;
+    }
+
+private:
+    uint64 state_;
+};
+
+// Blocks that end exactly where the text ends, so that a sanitizer sees one step too far.
+template <typename Unit>
+std::unique_ptr<Unit[]> ExactCopy(const std::vector<Unit>& text) {
+    std::unique_ptr<Unit[]> copy(new Unit[text.size()]);
+    std::copy(text.begin(), text.end(), copy.get());
+    return copy;
+}
+
+struct Decoded {
+    int result;
+    uint32 error;
+    Units written;
+};
+
+constexpr wchar16 Untouched = 0x5A5A;
+
+Decoded Decode(uint32 page, const Bytes& source, std::size_t size) {
+    const auto text = ExactCopy(source);
+    const auto target = ExactCopy(Units(size, Untouched));
+    platform::SetLastError(0);
+    const int result = platform::MultiByteToWideChar(page, 0, text.get(), static_cast<int>(source.size()), target.get(),
+                                                     static_cast<int>(size));
+    return {result, platform::GetLastError(), Units(target.get(), target.get() + size)};
+}
+
+struct Encoded {
+    int result;
+    uint32 error;
+    Bytes written;
+};
+
+constexpr char UntouchedByte = '\x5A';
+
+Encoded Encode(uint32 page, uint32 flags, const Units& source, std::size_t size) {
+    const auto text = ExactCopy(source);
+    const auto target = ExactCopy(Bytes(size, UntouchedByte));
+    platform::SetLastError(0);
+    const int result =
+        platform::WideCharToMultiByte(page, flags, text.get(), static_cast<int>(source.size()), target.get(),
+                                      static_cast<int>(size), page == CP_UTF8 ? nullptr : "_", nullptr);
+    return {result, platform::GetLastError(), Bytes(target.get(), target.get() + size)};
+}
+
+// How many units at `at` make one character in a page: what the vectors prove for texts of one and two units.
+std::size_t UnitsOfCharacter(uint32 page, uint32 flags, const Units& text, std::size_t at) {
+    if (at + 1 == text.size()) return 1;
+    const Units pair{text[at], text[at + 1]};
+    if (page == CP_UTF8) return (pair[0] & 0xFC00) == 0xD800 && (pair[1] & 0xFC00) == 0xDC00 ? 2 : 1;
+    if (flags == 0) return 1;
+    const Encoded whole = Encode(page, flags, pair, 8);
+    const Encoded apart = Encode(page, 0, pair, 8);
+    return whole.written != apart.written ? 2 : 1;
+}
+
+// What must come out of a text, character by character, for a target of a size.
+Encoded PlainEncode(uint32 page, uint32 flags, const Units& text, std::size_t size) {
+    Encoded plain{0, 0, Bytes(size, UntouchedByte)};
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t units = UnitsOfCharacter(page, flags, text, at);
+        const auto from = text.begin() + static_cast<std::ptrdiff_t>(at);
+        const Encoded character = Encode(page, flags, Units(from, from + static_cast<std::ptrdiff_t>(units)), 8);
+        if (count + static_cast<std::size_t>(character.result) > size)
+            return {0, ERROR_INSUFFICIENT_BUFFER, plain.written};
+        std::copy_n(character.written.begin(), character.result,
+                    plain.written.begin() + static_cast<std::ptrdiff_t>(count));
+        count += static_cast<std::size_t>(character.result);
+        at += units;
+    }
+    plain.result = static_cast<int>(count);
+    return plain;
+}
+
+wchar16 RandomUnit(Random& random, uint32 kind) {
+    static constexpr wchar16 specials[] = {0x20AC, 0x2019, 0x301, 0x308, 0x323, 0x3099, 0xD83D, 0xDE00, 0x100,
+                                           0x80,   0x9F,   0xA0,  0xFF,  0x7F,  0xFFFF, 0x304B, 0xFF21, 0x345};
+    switch (kind) {
+        case 0:
+            return static_cast<wchar16>(0x20 + random.Below(0x5F));
+        case 1:
+            return static_cast<wchar16>(0xA0 + random.Below(0x60));
+        case 2:
+            return specials[random.Below(std::size(specials))];
+        case 3:
+            return static_cast<wchar16>(0x390 + random.Below(0x100));
+        case 4:
+            return static_cast<wchar16>(0x4E00 + random.Below(0x5000));
+        case 5:
+            return static_cast<wchar16>(0xAC00 + random.Below(0x2BA4));
+        default:
+            return static_cast<wchar16>(random.Below(0x10000));
+    }
+}
+
+// Runs of one kind, mostly long enough for a vector, with single units of another kind between.
+Units RandomText(Random& random, std::size_t length) {
+    Units text;
+    while (text.size() < length) {
+        const uint32 kind = random.Below(7);
+        for (uint32 run = random.Below(random.Below(2) == 0 ? 4 : 40); run != 0 && text.size() < length; --run) {
+            text.push_back(RandomUnit(random, random.Below(12) == 0 ? 2 : kind));
+        }
+    }
+    return text;
+}
+
+TEST(CodePages, EncodeWholeTextsAsTheirCharacters) {
+    for (const uint32 page : AllPages) {
+        for (const uint32 flags : {uint32{0}, uint32{WC_COMPOSITECHECK}}) {
+            for (uint64 seed = 0; seed < 12; ++seed) {
+                Random random(seed);
+                const Units text = RandomText(random, 1 + random.Below(120));
+                const std::size_t needed = static_cast<std::size_t>(PlainEncode(page, flags, text, 600).result);
+                EXPECT_EQ(Encode(page, flags, text, 0).result, static_cast<int>(needed)) << page << " seed " << seed;
+                for (const std::size_t size : {needed / 2, needed - 1, needed, needed + 1, needed + 40}) {
+                    if (size == 0) continue;
+                    const Encoded plain = PlainEncode(page, flags, text, size);
+                    const Encoded whole = Encode(page, flags, text, size);
+                    ASSERT_EQ(whole.result, plain.result)
+                        << page << " flags " << flags << " seed " << seed << " size " << size;
+                    ASSERT_EQ(whole.error, plain.error)
+                        << page << " flags " << flags << " seed " << seed << " size " << size;
+                    ASSERT_EQ(whole.written, plain.written)
+                        << page << " flags " << flags << " seed " << seed << " size " << size;
+                }
+            }
+        }
+    }
+}
+
+// How many bytes at `at` make one character.
+std::size_t BytesOfCharacter(uint32 page, const Bytes& text, std::size_t at) {
+    const auto lead = static_cast<uint8>(text[at]);
+    if (page != CP_UTF8) {
+        return platform::IsDBCSLeadByteEx(page, lead) && at + 1 < text.size() && text[at + 1] != 0 ? 2 : 1;
+    }
+    // The longest beginning of at most four bytes whose meaning a byte behind it does not change. The vectors prove
+    // the meaning of such short texts.
+    for (std::size_t size = 1; size <= 4 && at + size <= text.size(); ++size) {
+        const auto from = text.begin() + static_cast<std::ptrdiff_t>(at);
+        Bytes head(from, from + static_cast<std::ptrdiff_t>(size));
+        head.insert(head.end(), {'a', 'a', 'a'});
+        const Decoded decoded = Decode(page, head, 12);
+        if (size == 1 && decoded.written[0] != 0xFFFD) return 1;
+        if (decoded.result == 4 && decoded.written[0] != 0xFFFD) return size;
+        if (decoded.result == 5 && (decoded.written[0] & 0xFC00) == 0xD800) return size;
+        if (decoded.result > 4 && decoded.written[0] == 0xFFFD) return size - 1;
+    }
+    return 1;
+}
+
+// Bytes of a text in the page with some bytes changed, so that well-formed and broken stretches meet.
+Bytes RandomBytes(Random& random, uint32 page, std::size_t length) {
+    const Units text = RandomText(random, length);
+    Encoded encoded = Encode(page, 0, text, length * 4);
+    encoded.written.resize(static_cast<std::size_t>(encoded.result));
+    for (char& byte : encoded.written) {
+        if (random.Below(20) == 0) byte = static_cast<char>(random.Below(256));
+    }
+    return encoded.written;
+}
+
+TEST(CodePages, DecodeWholeTextsAsTheirCharacters) {
+    for (const uint32 page : AllPages) {
+        for (uint64 seed = 0; seed < 12; ++seed) {
+            Random random(seed);
+            Bytes text = RandomBytes(random, page, 1 + random.Below(120));
+            // Three plain bytes at the end, as a sequence cut off there takes what follows it.
+            text.insert(text.end(), {'e', 'n', 'd'});
+            Units plain;
+            for (std::size_t at = 0; at < text.size();) {
+                const std::size_t size = BytesOfCharacter(page, text, at);
+                const auto from = text.begin() + static_cast<std::ptrdiff_t>(at);
+                Bytes character(from, from + static_cast<std::ptrdiff_t>(size));
+                if (page == CP_UTF8) character.insert(character.end(), {'e', 'n', 'd'});
+                const Decoded decoded = Decode(page, character, 8);
+                const int units = decoded.result - (page == CP_UTF8 ? 3 : 0);
+                plain.insert(plain.end(), decoded.written.begin(), decoded.written.begin() + units);
+                at += size;
+            }
+            EXPECT_EQ(Decode(page, text, 0).result, static_cast<int>(plain.size())) << page << " seed " << seed;
+            for (const std::size_t size : {plain.size() / 2, plain.size() - 1, plain.size(), plain.size() + 30}) {
+                Units expected(plain.begin(),
+                               plain.begin() + static_cast<std::ptrdiff_t>(std::min(size, plain.size())));
+                expected.resize(size, Untouched);
+                const Decoded whole = Decode(page, text, size);
+                ASSERT_EQ(whole.written, expected) << page << " seed " << seed << " size " << size;
+                ASSERT_EQ(whole.error, size < plain.size() ? ERROR_INSUFFICIENT_BUFFER : 0u)
+                    << page << " seed " << seed;
+                ASSERT_EQ(whole.result, size < plain.size() ? 0 : static_cast<int>(plain.size())) << page;
+            }
+        }
+    }
+}
+
+// ---- use ----
+
+TEST(CodePages, AreMadeOnceWhenManyThreadsComeFirst) {
+    const Bytes text{'\x82', '\xA0', 'a', '\x8A', '\xBF'};
+    const Units expected{0x3042, 'a', 0x6F22};
+    std::vector<Units> answers(8);
+    std::vector<std::thread> threads;
+    for (Units& answer : answers) threads.emplace_back([&] { answer = Decode(932, text, 3).written; });
+    for (std::thread& thread : threads) thread.join();
+    for (const Units& answer : answers) EXPECT_EQ(answer, expected);
+}
+
+TEST(CodePages, SymbolicNumbersStandForThePagesOfTheThread) {
+    // The names of bytes and units that every page has alike; which page it is belongs to the tests of locales.
+    for (const uint32 page : {CP_ACP, CP_OEMCP, CP_THREAD_ACP}) {
+        EXPECT_EQ(Decode(page, {'a', 'b'}, 2).written, (Units{'a', 'b'})) << page;
+        EXPECT_EQ(Encode(page, 0, {'a', 'b'}, 2).written, (Bytes{'a', 'b'})) << page;
+        EXPECT_FALSE(platform::IsValidCodePage(page)) << page;
+    }
+}
+
+TEST(CodePages, SourceMayLieAtTheEndOfItsBlock) {
+    for (const uint32 page : AllPages) {
+        for (std::size_t length = 1; length < 70; ++length) {
+            EXPECT_EQ(Decode(page, Bytes(length, 'x'), length).written, Units(length, 'x')) << page;
+            EXPECT_EQ(Encode(page, WC_COMPOSITECHECK, Units(length, 'x'), length).written, Bytes(length, 'x')) << page;
+        }
+    }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Pages in which a lead byte and a trail byte make one character.
 #include <Utility/platform/threads.h>
 
+#include <algorithm>
+
 #include "code_page_conversions.h"
 #include "code_page_encoder.h"
 #include "code_page_lanes.h"
@@ -48,13 +50,10 @@ private:
 
 // Sixteen bytes of ASCII at once, as long as they come.
 void CopyAscii(DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
-    while (decoder.Left() >= Lanes && target.size - count >= Lanes) {
-        const __m128i bytes = LoadBytes(decoder.At());
-        if (HighBytes(bytes) != 0) return;
-        StoreWidened(target.text + count, bytes);
-        decoder.Skip(Lanes);
-        count += Lanes;
-    }
+    const std::size_t ascii =
+        WidenAscii(decoder.At(), target.text + count, std::min(decoder.Left(), target.size - count));
+    decoder.Skip(ascii);
+    count += ascii;
 }
 
 Conversion CountUnits(const CodePage& page, ByteText source, bool strict) {

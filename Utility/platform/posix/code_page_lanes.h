@@ -60,4 +60,40 @@ inline uint32 NonLatin1(UnitLanes units) {
     return NonAscii(units) & ~HighBytes(_mm_packs_epi16(isUpper(units.low), isUpper(units.high)));
 }
 
+// Copies whole vectors while they are ASCII, at most `count` of them in elements; how many elements were copied.
+inline std::size_t WidenAscii(const uint8* from, wchar16* to, std::size_t count) {
+    std::size_t done = 0;
+    for (; count - done >= 2 * Lanes; done += 2 * Lanes) {
+        const __m128i first = LoadBytes(from + done);
+        const __m128i second = LoadBytes(from + done + Lanes);
+        if (HighBytes(_mm_or_si128(first, second)) != 0) break;
+        StoreWidened(to + done, first);
+        StoreWidened(to + done + Lanes, second);
+    }
+    for (; count - done >= Lanes; done += Lanes) {
+        const __m128i bytes = LoadBytes(from + done);
+        if (HighBytes(bytes) != 0) break;
+        StoreWidened(to + done, bytes);
+    }
+    return done;
+}
+
+inline std::size_t NarrowAscii(const wchar16* from, uint8* to, std::size_t count) {
+    std::size_t done = 0;
+    for (; count - done >= 2 * Lanes; done += 2 * Lanes) {
+        const UnitLanes first = LoadUnits(from + done);
+        const UnitLanes second = LoadUnits(from + done + Lanes);
+        const UnitLanes both{_mm_or_si128(first.low, second.low), _mm_or_si128(first.high, second.high)};
+        if (NonAscii(both) != 0) break;
+        StoreNarrowed(to + done, first);
+        StoreNarrowed(to + done + Lanes, second);
+    }
+    for (; count - done >= Lanes; done += Lanes) {
+        const UnitLanes units = LoadUnits(from + done);
+        if (NonAscii(units) != 0) break;
+        StoreNarrowed(to + done, units);
+    }
+    return done;
+}
+
 }  // namespace Torvo::platform

@@ -110,8 +110,15 @@ void DecodeAhead(DecodeState& state, const uint8* end, const wchar16* room) {
             ++at;
         } else if (lead < 0x80) {
             const __m128i bytes = LoadBytes(at);
+            const uint32 high = HighBytes(bytes);
+            if (high == 0) {
+                const std::size_t ascii = WidenAscii(at, to, static_cast<std::size_t>(std::min(end - at, room - to)));
+                at += ascii;
+                to += ascii;
+                continue;
+            }
             StoreWidened(to, bytes);
-            const int ascii = std::countr_zero(HighBytes(bytes) | 1u << Lanes);
+            const int ascii = std::countr_zero(high);
             at += ascii;
             to += ascii;
         } else if (lead >= 0xC2 && lead < 0xE0 && IsContinuation(at[1])) {
@@ -244,8 +251,15 @@ void EncodeAhead(EncodeState& state, const wchar16* end, const uint8* room) {
             ++at;
         } else if (unit < 0x80) {
             const UnitLanes units = LoadUnits(at);
+            const uint32 foreign = NonAscii(units);
+            if (foreign == 0) {
+                const std::size_t ascii = NarrowAscii(at, to, static_cast<std::size_t>(std::min(end - at, room - to)));
+                at += ascii;
+                to += ascii;
+                continue;
+            }
             StoreNarrowed(to, units);
-            const int ascii = std::countr_zero(NonAscii(units) | 1u << Lanes);
+            const int ascii = std::countr_zero(foreign);
             at += ascii;
             to += ascii;
         } else if (unit < 0x800) {
