@@ -26,8 +26,12 @@ inline std::string Shown(const wchar16* text) {
     std::string shown = "[";
     for (; *text != 0; ++text) {
         const unsigned unit = *text;
-        shown +=
-            unit > 0x20 && unit < 0x7F && unit != '\\' ? std::string(1, static_cast<char>(unit)) : "\\" + Hex(unit);
+        if (unit > 0x20 && unit < 0x7F && unit != '\\') {
+            shown += static_cast<char>(unit);
+        } else {
+            shown += '\\';
+            shown += Hex(unit);
+        }
     }
     return shown + "]";
 }
@@ -105,8 +109,8 @@ inline void AddSteps(Lines& lines, const wchar16* text) {
 inline void AddSplit(Lines& lines, const std::basic_string<wchar16>& path) {
     platform::PathParts parts;
     platform::_wsplitpath(path.c_str(), &parts);
-    lines.push_back("_wsplitpath " + Shown(path.c_str()) + " " + Shown(parts.drive) + " " + Shown(parts.directory) +
-                    " " + Shown(parts.name) + " " + Shown(parts.extension));
+    lines.push_back(std::string("_wsplitpath ") + Shown(path.c_str()) + " " + Shown(parts.drive) + " " +
+                    Shown(parts.directory) + " " + Shown(parts.name) + " " + Shown(parts.extension));
 }
 
 inline void AddJoin(Lines& lines, std::size_t size, const wchar16* drive, const wchar16* directory, const wchar16* name,
@@ -114,19 +118,20 @@ inline void AddJoin(Lines& lines, std::size_t size, const wchar16* drive, const 
     const auto shown = [](const wchar16* text) { return text != nullptr ? Shown(text) : std::string("null"); };
     wchar16 path[600];
     const bool fits = platform::_wmakepath(path, size, drive, directory, name, extension);
-    lines.push_back("_wmakepath " + std::to_string(size) + " " + shown(drive) + " " + shown(directory) + " " +
-                    shown(name) + " " + shown(extension) + (fits ? " fits " : " fails ") + Shown(path));
+    lines.push_back(std::string("_wmakepath ") + std::to_string(size) + " " + shown(drive) + " " + shown(directory) +
+                    " " + shown(name) + " " + shown(extension) + (fits ? " fits " : " fails ") + Shown(path));
 }
 
 inline void AddNumber(Lines& lines, const wchar16* text) {
-    lines.push_back("_wtoi " + Shown(text) + " " + std::to_string(platform::_wtoi(text)));
+    lines.push_back(std::string("_wtoi ") + Shown(text) + " " + std::to_string(platform::_wtoi(text)));
 }
 
 inline void AddTokens(Lines& lines, std::basic_string<wchar16> text, const wchar16* delimiters) {
-    std::string line = "wcstok " + Shown(text.c_str()) + " " + Shown(delimiters);
+    std::string line = std::string("wcstok ") + Shown(text.c_str()) + " " + Shown(delimiters);
     for (const wchar16* token = platform::wcstok(text.data(), delimiters); token != nullptr;
          token = platform::wcstok(nullptr, delimiters)) {
-        line += " " + Shown(token);
+        line += ' ';
+        line += Shown(token);
     }
     lines.push_back(line);
 }
@@ -134,9 +139,10 @@ inline void AddTokens(Lines& lines, std::basic_string<wchar16> text, const wchar
 // How the runtime orders two texts, ignoring case, while its character locale is "C".
 inline void AddComparison(Lines& lines, const wchar16* a, const wchar16* b) {
     const auto sign = [](int value) { return std::to_string((value > 0) - (value < 0)); };
-    lines.push_back("compare " + Shown(a) + " " + Shown(b) + " _wcsicmp " + sign(platform::_wcsicmp(a, b)) +
-                    " _wcsnicmp 2 " + sign(platform::_wcsnicmp(a, b, 2)) + " wcsncmp 2 " +
-                    sign(platform::wcsncmp(a, b, 2)) + " wcsncmp 0 " + sign(platform::wcsncmp(a, b, 0)));
+    lines.push_back(std::string("compare ") + Shown(a) + " " + Shown(b) + " _wcsicmp " +
+                    sign(platform::_wcsicmp(a, b)) + " _wcsnicmp 2 " + sign(platform::_wcsnicmp(a, b, 2)) +
+                    " wcsncmp 2 " + sign(platform::wcsncmp(a, b, 2)) + " wcsncmp 0 " +
+                    sign(platform::wcsncmp(a, b, 0)));
 }
 
 // Calls on texts.

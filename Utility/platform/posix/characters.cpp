@@ -18,6 +18,18 @@ uint32 Category(wchar16 unit) {
     return U_GET_GC_MASK(unit);
 }
 
+// The other case of a unit where the two lead to each other, else the unit itself: the case tables of Windows hold only
+// such pairs.
+wchar16 LowerCaseOf(wchar16 unit) {
+    const UChar32 lower = u_tolower(unit);
+    return u_toupper(lower) == unit ? static_cast<wchar16>(lower) : unit;
+}
+
+wchar16 UpperCaseOf(wchar16 unit) {
+    const UChar32 upper = u_toupper(unit);
+    return u_tolower(upper) == unit ? static_cast<wchar16>(upper) : unit;
+}
+
 bool IsOneOf(wchar16 unit, const wchar16* units) {
     return wcschr(units, unit) != nullptr && unit != 0;
 }
@@ -46,16 +58,6 @@ const wchar16* PreviousPoint(const wchar16* start, const wchar16* current) {
 }
 
 }  // namespace
-
-wchar16 LowerCaseOf(wchar16 unit) {
-    const UChar32 lower = u_tolower(unit);
-    return u_toupper(lower) == unit ? static_cast<wchar16>(lower) : unit;
-}
-
-wchar16 UpperCaseOf(wchar16 unit) {
-    const UChar32 upper = u_toupper(unit);
-    return u_tolower(upper) == unit ? static_cast<wchar16>(upper) : unit;
-}
 
 bool IsSpace(wchar16 unit) {
     return (unit >= 9 && unit <= 13) || (Category(unit) & U_GC_Z_MASK) != 0;

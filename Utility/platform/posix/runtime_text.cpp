@@ -1,6 +1,7 @@
 #include <Utility/platform/posix/characters.h>
 #include <Utility/platform/posix/text_scan.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/platform/text.h>
 #include <Utility/platform/unit_set.h>
 
 #include <algorithm>
@@ -30,25 +31,30 @@ const wchar16* FindInSet(const wchar16* text, const wchar16* set, std::size_t co
     return text;
 }
 
-// Whether case is folded for A to Z alone. Asked only where two texts differ in a unit beyond ASCII.
 bool CharacterLocaleIsC() {
     const char* const name = std::setlocale(LC_CTYPE, nullptr);
     return name != nullptr && name[0] == 'C' && name[1] == 0;
 }
 
-int CompareIgnoringCase(const wchar16* a, const wchar16* b, std::size_t count) {
-    for (std::size_t index = 0;; ++index) {
-        index += scan::FirstDifferenceOrEnd<true>(a + index, b + index, count - index);
-        if (index == count) return 0;
-        wchar16 left = scan::FoldUnit(a[index]);
-        wchar16 right = scan::FoldUnit(b[index]);
-        if (left == right) return 0;  // both texts end here
-        if ((left >= 0x80 || right >= 0x80) && !CharacterLocaleIsC()) {
-            left = LowerCaseOf(left);
-            right = LowerCaseOf(right);
-        }
-        if (left != right) return left - right;
+// Compares from the first difference beyond ASCII on. Only here the locale makes a difference, so only here it is asked
+// for.
+int CompareBeyondAscii(const wchar16* a, const wchar16* b, std::size_t count) {
+    const auto fold = CharacterLocaleIsC() ? scan::FoldUnit : static_cast<wchar16 (*)(wchar16)>(CharLowerW);
+    for (std::size_t index = 0; index < count; ++index) {
+        const wchar16 left = fold(a[index]);
+        const wchar16 right = fold(b[index]);
+        if (left != right || left == 0) return left - right;
     }
+    return 0;
+}
+
+int CompareIgnoringCase(const wchar16* a, const wchar16* b, std::size_t count) {
+    const std::size_t index = scan::FirstDifferenceOrEnd<true>(a, b, count);
+    if (index == count) return 0;
+    const wchar16 left = scan::FoldUnit(a[index]);
+    const wchar16 right = scan::FoldUnit(b[index]);
+    if (left >= 0x80 || right >= 0x80) return CompareBeyondAscii(a + index, b + index, count - index);
+    return left - right;
 }
 
 }  // namespace

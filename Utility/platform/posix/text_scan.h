@@ -28,6 +28,18 @@ inline wchar16 FoldUnit(wchar16 unit) {
     return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 0x20) : unit;
 }
 
+// The index of the first pair of units from `index` to before `end` that differ or are both the terminator; `end` when
+// there is none. With IgnoreCase, A to Z count as a to z.
+template <bool IgnoreCase>
+std::size_t FirstDifferenceByUnit(const wchar16* a, const wchar16* b, std::size_t index, std::size_t end) {
+    for (; index < end; ++index) {
+        const wchar16 left = IgnoreCase ? FoldUnit(a[index]) : a[index];
+        const wchar16 right = IgnoreCase ? FoldUnit(b[index]) : b[index];
+        if (left != right || left == 0) return index;
+    }
+    return end;
+}
+
 #if defined(TORVO_PLAIN_LOOPS)
 
 // Matches a unit that equals one of two.
@@ -71,15 +83,9 @@ inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 
     return nullptr;
 }
 
-// The index of the first pair of units, among the first `count`, that differ or are both the terminator; `count` when
-// there is none. With IgnoreCase, A to Z count as a to z.
 template <bool IgnoreCase>
 std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
-    for (std::size_t index = 0; index < count; ++index) {
-        if ((IgnoreCase ? FoldUnit(a[index]) : a[index]) != (IgnoreCase ? FoldUnit(b[index]) : b[index])) return index;
-        if (a[index] == 0) return index;
-    }
-    return count;
+    return FirstDifferenceByUnit<IgnoreCase>(a, b, 0, count);
 }
 
 #else
@@ -191,43 +197,51 @@ inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 
     }
 }
 
-inline bool BlockIsInOnePage(const wchar16* text) {
-    constexpr std::uintptr_t PageBytes = 4096;
-    return reinterpret_cast<std::uintptr_t>(text) % PageBytes <= PageBytes - BlockBytes;
-}
-
 inline __m128i LoadAny(const wchar16* text) {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
 }
 
-// A to Z become a to z. The comparisons are signed, which keeps units from 0x8000 up, as negative ones, out of the
-// range too.
-inline __m128i FoldBlock(__m128i block) {
-    const __m128i isUpper = _mm_and_si128(_mm_cmpgt_epi16(block, Broadcast('A' - 1)),  //
-                                          _mm_cmplt_epi16(block, Broadcast('Z' + 1)));
-    return _mm_or_si128(block, _mm_and_si128(isUpper, Broadcast(0x20)));
+// All ones where two units are the same. With IgnoreCase, also where they differ in the bit of case alone and are
+// letters from A to Z: with that bit set the letter lies in a to z, which one signed comparison tells once that range
+// is moved to the top of the signed numbers.
+template <bool IgnoreCase>
+__m128i SameUnits(__m128i a, __m128i b) {
+    if constexpr (!IgnoreCase) return _mm_cmpeq_epi16(a, b);
+    constexpr wchar16 caseBit = 0x20;
+    constexpr wchar16 top = 0x7FFF;
+    const __m128i moved = _mm_add_epi16(_mm_or_si128(a, Broadcast(caseBit)), Broadcast(top - 'z'));
+    const __m128i isLetter = _mm_cmpgt_epi16(moved, Broadcast(top - 26));
+    const __m128i ignored = _mm_and_si128(isLetter, Broadcast(caseBit));
+    return _mm_cmpeq_epi16(_mm_andnot_si128(ignored, _mm_xor_si128(a, b)), _mm_setzero_si128());
 }
 
-// The index of the first pair of units, among the first `count`, that differ or are both the terminator; `count` when
-// there is none. With IgnoreCase, A to Z count as a to z.
+// How many units lie before the end of the page.
+inline std::size_t UnitsInPage(const wchar16* text) {
+    constexpr std::uintptr_t PageBytes = 4096;
+    return (PageBytes - reinterpret_cast<std::uintptr_t>(text) % PageBytes) / sizeof(wchar16);
+}
+
+inline std::size_t WholeBlocks(std::size_t units) {
+    return units - units % BlockUnits;
+}
+
+// The same as FirstDifferenceByUnit from 0 to `count`: by blocks while both texts stay within a page, the last of which
+// may reach beyond `count`, then by unit to the end of the page that ends first.
 template <bool IgnoreCase>
-std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
+static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
     std::size_t index = 0;
     while (index < count) {
-        if (BlockIsInOnePage(a + index) && BlockIsInOnePage(b + index)) {
+        const std::size_t pageEnd = index + std::min(UnitsInPage(a + index), UnitsInPage(b + index));
+        const std::size_t end = std::min(pageEnd, count);
+        const std::size_t blocksEnd = std::min(index + WholeBlocks(pageEnd - index), count);
+        for (; index < blocksEnd; index += BlockUnits) {
             const __m128i left = LoadAny(a + index);
-            const __m128i right = LoadAny(b + index);
-            const __m128i same = IgnoreCase ? _mm_cmpeq_epi16(FoldBlock(left), FoldBlock(right))  //
-                                            : _mm_cmpeq_epi16(left, right);
+            const __m128i same = SameUnits<IgnoreCase>(left, LoadAny(b + index));
             const unsigned goesOn = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same));
             if (goesOn != 0xFFFF) return std::min(index + FirstUnit(~goesOn), count);
-            index += BlockUnits;
-        } else {
-            const wchar16 left = IgnoreCase ? FoldUnit(a[index]) : a[index];
-            const wchar16 right = IgnoreCase ? FoldUnit(b[index]) : b[index];
-            if (left != right || left == 0) return index;
-            ++index;
         }
+        index = FirstDifferenceByUnit<IgnoreCase>(a, b, index, end);
+        if (index < end) return index;
     }
     return count;
 }

@@ -45,7 +45,9 @@ wchar16* wcsrchr(const wchar16* text, wchar16 unit) {
     return const_cast<wchar16*>(std::wcsrchr(text, unit));
 }
 
+// Not every runtime finds the empty part in an empty text.
 wchar16* wcsstr(const wchar16* text, const wchar16* part) {
+    if (*part == 0) return const_cast<wchar16*>(text);
     return const_cast<wchar16*>(std::wcsstr(text, part));
 }
 
