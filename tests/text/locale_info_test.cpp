@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <support/vtable_slot.h>
 
+#include <algorithm>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -344,15 +346,15 @@ TEST_F(LocaleInfo, SingleValuesAreOfTheLastIdentifier) {
 }
 
 TEST_F(LocaleInfo, NewServiceReadsTheUsersDefault) {
-    const uint32 userDefault = platform::GetThreadLocale();
+    const std::unique_ptr<cLocaleInfo> service(cLocaleInfo::Create());
     uint32 byDefault = 0;
-    uint32 byName = 0;
+    uint32 byIdentifier = 0;
     platform::SetThreadLocale(Japanese);
-    EXPECT_TRUE(GetLocaleInt(CodePage, &byDefault));
-    platform::SetThreadLocale(userDefault);
-    GetLocaleIdentifier();
-    EXPECT_TRUE(GetLocaleInt(CodePage, &byName));
-    EXPECT_EQ(byDefault, byName);
+    EXPECT_TRUE(service->GetLocaleInt(CodePage, &byDefault)) << "nobody has asked for the thread's locale yet";
+    platform::SetThreadLocale(0x400);  // the user's default
+    EXPECT_NE(service->GetLocaleIdentifier(), 0u);
+    EXPECT_TRUE(service->GetLocaleInt(CodePage, &byIdentifier));
+    EXPECT_EQ(byDefault, byIdentifier);
 }
 
 TEST_F(LocaleInfo, NumberOfATextWithoutOneIsZero) {

@@ -1,0 +1,97 @@
+#include <Utility/platform/platform.h>
+#include <golden/locale_probe.h>
+#include <golden/locale_vectors.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+namespace {
+
+using namespace Torvo;
+
+// The version of Wine as in "wine-8.0"; empty on any other system.
+std::string WineVersion() {
+    const HINSTANCE ntdll = platform::GetModuleHandleW(ZUTEXT("ntdll.dll"));
+    if (ntdll == nullptr) return {};
+    using Version = const char* (*)();
+    const auto version = reinterpret_cast<Version>(platform::GetProcAddress(ntdll, "wine_get_version"));
+    return version != nullptr ? std::string("wine-") + version() : std::string();
+}
+
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+TEST(LocaleCalls, VectorsAreWhatTheirSystemStillAnswers) {
+    const std::string vectors = test::LocaleVectorsText();
+    const std::string version = WineVersion();
+    if (version.empty()) GTEST_SKIP() << "the vectors come from Wine, and this is another system";
+    if (!FirstLine(vectors).starts_with("# Answers of " + version + ",")) {
+        GTEST_SKIP() << "the vectors come from another version than " << version;
+    }
+    const test::LocaleAnswers expected = test::ParseLocaleAnswers(vectors);
+    const test::LocaleAnswers answers = test::ParseLocaleAnswers(test::LocaleProbe().Run());
+    EXPECT_EQ(answers.size(), expected.size());
+    for (const auto& [key, answer] : expected) {
+        const auto found = answers.find(key);
+        ASSERT_NE(found, answers.end()) << key.first << ' ' << key.second;
+        EXPECT_EQ(found->second, answer) << key.first << ' ' << key.second;
+    }
+}
+
+class ThreadLocale : public testing::Test {
+protected:
+    void SetUp() override { former = platform::GetThreadLocale(); }
+    void TearDown() override { platform::SetThreadLocale(former); }
+
+private:
+    uint32 former = 0;
+};
+
+TEST_F(ThreadLocale, IsWhatWasSetAndANeutralOneBecomesSpecific) {
+    EXPECT_TRUE(platform::SetThreadLocale(0x407));
+    EXPECT_EQ(platform::GetThreadLocale(), 0x407u);
+    EXPECT_TRUE(platform::SetThreadLocale(0x0C));
+    EXPECT_EQ(platform::GetThreadLocale(), 0x40Cu);
+}
+
+TEST_F(ThreadLocale, UnknownIdentifierIsRefusedAndChangesNothing) {
+    platform::SetThreadLocale(0x407);
+    for (const uint32 locale : {0x1234u, 0xFFFFu, 0x10409u, 0xFFFFFFFFu}) {
+        platform::SetLastError(0);
+        EXPECT_FALSE(platform::SetThreadLocale(locale));
+        EXPECT_EQ(platform::GetLastError(), uint32{ERROR_INVALID_PARAMETER});
+        EXPECT_EQ(platform::GetThreadLocale(), 0x407u);
+    }
+}
+
+TEST_F(ThreadLocale, BelongsToTheThread) {
+    platform::SetThreadLocale(0x411);
+    uint32 others = 0;
+    std::thread([&others] { others = platform::GetThreadLocale(); }).join();
+    EXPECT_NE(others, 0x411u);
+    EXPECT_NE(others, 0u);
+}
+
+TEST(LocaleCalls, ASuccessLeavesTheLastErrorAlone) {
+    platform::SetLastError(4711);
+    wchar16 buffer[10];
+    EXPECT_EQ(platform::GetLocaleInfoW(0x407, LOCALE_SDECIMAL, buffer, 10), 2);
+    EXPECT_EQ(platform::LCIDToLocaleName(0x407, buffer, 10, 0), 6);
+    EXPECT_EQ(platform::LocaleNameToLCID(ZUTEXT("de-DE"), 0), 0x407u);
+    EXPECT_EQ(platform::GetLastError(), 4711u);
+}
+
+TEST(LocaleCalls, SystemDefaultHasANameThatLeadsBackToIt) {
+    wchar16 name[85];
+    const int units = platform::GetSystemDefaultLocaleName(name, 85);
+    ASSERT_GT(units, 1);
+    EXPECT_EQ(name[units - 1], 0);
+    EXPECT_NE(platform::LocaleNameToLCID(name, 0), 0u);
+    EXPECT_EQ(platform::GetSystemDefaultLocaleName(name, units), units);
+    EXPECT_EQ(platform::GetSystemDefaultLocaleName(name, units - 1), 0);
+    EXPECT_EQ(platform::GetLastError(), uint32{ERROR_INSUFFICIENT_BUFFER});
+}
+
+}  // namespace

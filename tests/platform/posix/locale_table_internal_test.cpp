@@ -1,0 +1,217 @@
+#include <Utility/platform/host.h>
+#include <Utility/platform/posix/locale_identifiers.h>
+#include <Utility/platform/posix/locale_table.h>
+#include <Utility/platform/threads.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using namespace Torvo;
+using namespace Torvo::platform;
+
+std::u16string ValueOf(const LocaleTable& table, uint32 type) {
+    const auto value = table.Find(type);
+    return value.text != nullptr ? value.text : u"(none)";
+}
+
+// ---- Names and numbers
+
+TEST(LocaleIdentifierTable, IsSortedWithoutDoubles) {
+    std::set<std::string> names;
+    uint32 last = 0;
+    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
+        EXPECT_GT(row.lcid, last);
+        last = row.lcid;
+        EXPECT_TRUE(names.insert(row.name).second) << row.name;
+        EXPECT_EQ(FindLocaleIdentifier(row.lcid), &row);
+        EXPECT_EQ(FindLocaleIdentifier(row.name), &row);
+    }
+}
+
+TEST(LocaleIdentifierTable, NeutralRowsLeadToSpecificOnes) {
+    std::set<std::string> unnumbered;
+    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
+        if (!row.IsNeutral()) continue;
+        const LocaleIdentifier* const specific = FindLocaleIdentifier(row.specific);
+        if (specific == nullptr) {
+            unnumbered.insert(row.specific);
+        } else {
+            EXPECT_FALSE(specific->IsNeutral()) << row.name;
+        }
+    }
+    EXPECT_EQ(unnumbered, (std::set<std::string>{"gsw-CH", "ks-Arab-IN"}));
+}
+
+TEST(LocaleIdentifierTable, NamesMatchInEitherCaseWithEitherSeparator) {
+    EXPECT_EQ(FindLocaleIdentifier("DE_de")->lcid, 0x407u);
+    EXPECT_EQ(FindLocaleIdentifier("SR-latn_rs")->lcid, 0x241Au);
+    EXPECT_EQ(FindLocaleIdentifier("de-D"), nullptr);
+    EXPECT_EQ(FindLocaleIdentifier("de-DEE"), nullptr);
+}
+
+TEST(LocaleIdentifierTable, CodePagesComeFromTheNearestLanguage) {
+    EXPECT_STREQ(FindNearestLocaleIdentifier("sr-Latn-XK")->name, "sr-Latn");
+    EXPECT_STREQ(FindNearestLocaleIdentifier("de-BE")->name, "de");
+    EXPECT_EQ(FindNearestLocaleIdentifier("xx-YY"), nullptr);
+}
+
+// ---- The environment
+
+TEST(LocaleOfTheEnvironment, IsReadInItsUsualForms) {
+    const struct {
+        const char* value;
+        const char* name;
+    } cases[] = {{"C", "en-US"},
+                 {"POSIX", "en-US"},
+                 {"C.UTF-8", "en-US"},
+                 {"", "en-US"},
+                 {"en_US.UTF-8", "en-US"},
+                 {"de_DE", "de-DE"},
+                 {"de_DE@euro", "de-DE"},
+                 {"de_DE.ISO-8859-15@euro", "de-DE"},
+                 {"de", "de-DE"},
+                 {"de_BE.UTF-8", "de-BE"},
+                 {"no_NO", "nb-NO"},
+                 {"nb_NO.UTF-8", "nb-NO"},
+                 {"zh_TW.UTF-8", "zh-TW"},
+                 {"zh_CN.GB18030", "zh-CN"},
+                 {"sr_RS", "sr-Cyrl-RS"},
+                 {"sr_RS@latin", "sr-Latn-RS"},
+                 {"uz_UZ@cyrillic", "uz-Cyrl-UZ"},
+                 {"ca_ES@valencia", "ca-ES-valencia"},
+                 {"pt_BR.UTF-8", "pt-BR"},
+                 {"de_ZZ.UTF-8", "de-DE"},
+                 {"xx_YY.UTF-8", "en-US"},
+                 {"_DE", "en-US"},
+                 {"@", "en-US"},
+                 {"klingon", "en-US"}};
+    for (const auto& [value, name] : cases) EXPECT_EQ(LocaleNameOfEnvironment(value), name) << value;
+}
+
+// ---- Tables
+
+TEST(LocaleTables, AreSharedByThreadsAndByNeutralLocales) {
+    const LocaleTable* const german = FindLocaleTable(0x407);
+    ASSERT_NE(german, nullptr);
+    EXPECT_EQ(FindLocaleTable(0x407), german);
+    EXPECT_EQ(FindLocaleTable(0x007), german);
+    EXPECT_NE(FindLocaleTable(0xC07), german);
+    const LocaleTable* others = nullptr;
+    std::thread([&others] { others = FindLocaleTable(0x407); }).join();
+    EXPECT_EQ(others, german);
+}
+
+TEST(LocaleTables, ManyThreadsAskingAtOnceGetTheSameTables) {
+    constexpr int ThreadCount = 8;
+    std::vector<std::vector<const LocaleTable*>> seen(ThreadCount);
+    std::vector<std::thread> threads;
+    for (auto& tables : seen) {
+        threads.emplace_back([&tables] {
+            for (uint32 locale = 0x441; locale < 0x458; ++locale) tables.push_back(FindLocaleTable(locale));
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const auto& tables : seen) EXPECT_EQ(tables, seen[0]);
+}
+
+TEST(LocaleTables, EveryIdentifierHasACompleteTable) {
+    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
+        const LocaleTable* const table = FindLocaleTable(row.lcid);
+        ASSERT_NE(table, nullptr) << row.name;
+        for (const uint32 type :
+             {LOCALE_SDECIMAL, LOCALE_STHOUSAND, LOCALE_SGROUPING, LOCALE_SCURRENCY, LOCALE_SMONGROUPING, LOCALE_SDATE,
+              LOCALE_SSHORTDATE, LOCALE_SLONGDATE, LOCALE_STIME, LOCALE_STIMEFORMAT, LOCALE_S1159, LOCALE_S2359,
+              LOCALE_SDAYNAME1, LOCALE_SABBREVDAYNAME1 + 6, LOCALE_SMONTHNAME1 + 11, LOCALE_SABBREVMONTHNAME1 + 11}) {
+            EXPECT_GT(table->Find(type).units, 1u) << row.name << ' ' << type;
+        }
+        EXPECT_EQ(table->ansiCodePage, row.ansiCodePage) << row.name;
+    }
+}
+
+TEST(LocaleTables, UnknownIdentifierHasNone) {
+    for (const uint32 locale : {0x1234u, 0xFFFFu, 0x10409u, 0xFFFFFFFFu}) EXPECT_EQ(FindLocaleTable(locale), nullptr);
+    EXPECT_NE(FindLocaleTable(0x407), nullptr) << "and leaves the way to others open";
+}
+
+TEST(LocaleTables, LanguageWithoutDataSpeaksTheMainOneOfItsTerritory) {
+    EXPECT_EQ(ValueOf(BuildLocaleTable("co-FR"), LOCALE_SMONTHNAME1), u"janvier");
+    EXPECT_EQ(ValueOf(BuildLocaleTable("moh-CA"), LOCALE_SMONTHNAME1), u"January");
+    EXPECT_EQ(ValueOf(BuildLocaleTable("smj-SE"), LOCALE_SCURRENCY), u"kr");
+}
+
+TEST(LocaleTables, InvariantLocaleHasItsDocumentedForms) {
+    const LocaleTable table = BuildLocaleTable("");
+    EXPECT_EQ(ValueOf(table, LOCALE_SSHORTDATE), u"MM/dd/yyyy");
+    EXPECT_EQ(ValueOf(table, LOCALE_SLONGDATE), u"dddd, dd MMMM yyyy");
+    EXPECT_EQ(ValueOf(table, LOCALE_STIMEFORMAT), u"HH:mm:ss");
+    EXPECT_EQ(ValueOf(table, LOCALE_SCURRENCY), u"\u00A4");
+    EXPECT_EQ(ValueOf(table, LOCALE_SMONTHNAME1), u"January");
+}
+
+TEST(LocaleTables, LocaleWithoutANumberIsReachedAsTheDefaultOnly) {
+    const LocaleTable table = BuildLocaleTable("de-BE");
+    EXPECT_EQ(table.ansiCodePage, 1252u);
+    EXPECT_EQ(ValueOf(table, LOCALE_SMONTHNAME1), u"Januar");
+    EXPECT_EQ(FindLocaleTable(0x1000), FindLocaleTable(0));
+    EXPECT_EQ(FindLocaleTable(0xC00), FindLocaleTable(0));
+}
+
+TEST(LocaleTables, UnsetTypesAreAbsent) {
+    LocaleTable table;
+    EXPECT_EQ(table.Find(LOCALE_SDECIMAL).text, nullptr);
+    table.Set(LOCALE_SDECIMAL, u".");
+    EXPECT_EQ(ValueOf(table, LOCALE_SDECIMAL), u".");
+    table.Set(LOCALE_SDECIMAL, u",");
+    EXPECT_EQ(ValueOf(table, LOCALE_SDECIMAL), u",");
+    for (const uint32 type : {0u, 0x80u, 0xFFFu, 0x1080u, 0x10000u, 0x0E000000u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(table.Find(type).text, nullptr) << type;
+    }
+}
+
+// ---- The thread's code pages
+
+class ThreadCodePages : public testing::Test {
+protected:
+    void SetUp() override { former = GetThreadLocale(); }
+    void TearDown() override { SetThreadLocale(former); }
+
+private:
+    uint32 former = 0;
+};
+
+TEST_F(ThreadCodePages, FollowTheThreadsLocale) {
+    const struct {
+        uint32 locale, ansi, oem;
+    } cases[] = {{0x409, 1252, 437}, {0x407, 1252, 850}, {0x419, 1251, 866}, {0x411, 932, 932},
+                 {0x804, 936, 936},  {0x41E, 874, 874},  {0x42A, 1258, 1258}};
+    for (const auto& [locale, ansi, oem] : cases) {
+        SetThreadLocale(locale);
+        EXPECT_EQ(ThreadAnsiCodePage(), ansi);
+        EXPECT_EQ(ThreadOemCodePage(), oem);
+    }
+}
+
+TEST_F(ThreadCodePages, AreRealOnesForALanguageInUnicodeOnly) {
+    SetThreadLocale(0x439);
+    EXPECT_GE(ThreadAnsiCodePage(), 874u);
+    EXPECT_GE(ThreadOemCodePage(), 437u);
+}
+
+// ---- Null where the calls of the other system would not survive it
+
+TEST(LocaleCallsWithNull, AreRefused) {
+    EXPECT_EQ(GetLocaleInfoW(0x409, LOCALE_SDECIMAL, nullptr, 20), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    SetLastError(0);
+    EXPECT_EQ(LCIDToLocaleName(0x409, nullptr, 20, 0), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    SetLastError(0);
+    EXPECT_EQ(GetSystemDefaultLocaleName(nullptr, 20), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+}
+
+}  // namespace
