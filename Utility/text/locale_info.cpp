@@ -3,9 +3,9 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/frame/instance_data.h>
 #include <Utility/platform/platform.h>
+#include <Utility/platform/unit_copy.h>
 #include <Utility/text/locale_value.h>
 
-#include <algorithm>
 #include <iterator>
 #include <new>
 
@@ -77,7 +77,7 @@ bool cLocaleInfoImpl::GetLocaleString(uint32 lctype, wchar16* buffer, uint64 siz
     const Value read(localeIdentifier, lctype);
     const auto units = static_cast<uint64>(read.Units());
     if (units == 0 || units > size || buffer == nullptr) return false;
-    std::copy_n(read.Text(), units, buffer);
+    platform::CopyUnits(buffer, read.Text(), units);
     return true;
 }
 

@@ -16,30 +16,31 @@ namespace Torvo::platform {
 
 namespace {
 
-// The types come in two runs, 0x00 to 0x7F and 0x1000 to 0x107F. Every other number maps to an entry that stays empty.
-constexpr std::size_t NoEntry = 0;
-
-constexpr std::size_t EntryIndex(uint32 type) {
-    if (type < 0x80) return type;
-    return type >= 0x1000 && type < 0x1080 ? type - 0x1000 + 0x80 : NoEntry;
-}
-
 // The tables made so far: one place for each row of identifiers and one for the user's default. A place once filled
 // never changes, so that readers need no lock; the mutex keeps two threads from making the same table.
 class LocaleTables {
 public:
     LocaleTables() : places(LocaleIdentifiers().size() + 1) {}
 
-    const LocaleTable* Get(const LocaleIdentifier* row) {
-        const auto index = static_cast<std::size_t>(row - LocaleIdentifiers().data());
-        return Get(places[index], row->SpecificName());
+    const LocaleTable* Get(const LocaleIdentifier& row) {
+        Place& place = PlaceOf(row);
+        if (const LocaleTable* const made = place.load(std::memory_order_acquire)) return made;
+        // A neutral locale shares the table of the specific one behind it.
+        const LocaleIdentifier* const specific = FindLocaleIdentifier(row.SpecificName());
+        const LocaleTable* const table = GetOrMake(PlaceOf(specific != nullptr ? *specific : row), row.SpecificName());
+        place.store(table, std::memory_order_release);
+        return table;
     }
-    const LocaleTable* GetUserDefault() { return Get(places.back(), UserDefaultLocaleName()); }
+    const LocaleTable* GetUserDefault() { return GetOrMake(places.back(), UserDefaultLocaleName()); }
 
 private:
     using Place = std::atomic<const LocaleTable*>;
 
-    const LocaleTable* Get(Place& place, const std::string& name) {
+    Place& PlaceOf(const LocaleIdentifier& row) {
+        return places[static_cast<std::size_t>(&row - LocaleIdentifiers().data())];
+    }
+
+    const LocaleTable* GetOrMake(Place& place, const std::string& name) {
         if (const LocaleTable* const made = place.load(std::memory_order_acquire)) return made;
         const std::lock_guard lock(making);
         if (place.load() == nullptr) place = new LocaleTable(BuildLocaleTable(name));
@@ -59,11 +60,8 @@ LocaleTables& Tables() {
 const LocaleTable* MakeOrFindTable(uint32 locale) {
     try {
         if (MeansUserDefault(locale)) return Tables().GetUserDefault();
-        const LocaleIdentifier* row = FindLocaleIdentifier(locale);
-        if (row == nullptr) return nullptr;
-        // A neutral locale shares the table of the specific one behind it.
-        const LocaleIdentifier* const specific = FindLocaleIdentifier(row->SpecificName());
-        return Tables().Get(specific != nullptr ? specific : row);
+        const LocaleIdentifier* const row = FindLocaleIdentifier(locale);
+        return row != nullptr ? Tables().Get(*row) : nullptr;
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
@@ -76,13 +74,6 @@ const char* EnvironmentLocale() {
     return "C";
 }
 
-// The table that the calling thread asked for last.
-struct LastTable {
-    uint32 locale;
-    const LocaleTable* table;
-};
-thread_local LastTable lastTable = {0, nullptr};
-
 // A code page of the thread's locale, or of the next locale that has one.
 uint32 CodePageOrFallback(uint32 LocaleTable::*page, uint32 none, uint32 last) {
     const LocaleTable* const own = FindLocaleTable(GetThreadLocale());
@@ -93,11 +84,7 @@ uint32 CodePageOrFallback(uint32 LocaleTable::*page, uint32 none, uint32 last) {
 
 }  // namespace
 
-LocaleTable::Value LocaleTable::Find(uint32 type) const {
-    const Entry entry = entries[EntryIndex(type)];
-    if (entry.units == 0) return {nullptr, 0};
-    return {texts.data() + entry.offset, entry.units};
-}
+constinit thread_local LastLocaleTable lastLocaleTable = {0, nullptr};
 
 void LocaleTable::Set(uint32 type, std::u16string_view text) {
     Entry& entry = entries[EntryIndex(type)];
@@ -126,10 +113,9 @@ bool IsNumericLocaleType(uint32 type) {
     }
 }
 
-const LocaleTable* FindLocaleTable(uint32 locale) {
-    if (lastTable.table != nullptr && lastTable.locale == locale) return lastTable.table;
+const LocaleTable* FindOtherLocaleTable(uint32 locale) {
     const LocaleTable* const table = MakeOrFindTable(locale);
-    if (table != nullptr) lastTable = {locale, table};
+    if (table != nullptr) lastLocaleTable = {locale, table};
     return table;
 }
 

@@ -2,7 +2,8 @@
 //
 // A table is made from ICU's data once per locale, at the first query for it, and lives as long as the process. Threads
 // share it without a lock, and each thread remembers the table of its last query: a query then is a comparison, an
-// index and a copy.
+// index and a copy. That much is in this header, so that it costs no calls: a refresh of the locale service makes more
+// than twenty queries.
 #pragma once
 
 #include <Utility/platform/locales.h>
@@ -21,7 +22,11 @@ public:
     };
 
     // One of the LOCALE_ types that <Utility/platform/locales.h> lists.
-    Value Find(uint32 type) const;
+    Value Find(uint32 type) const {
+        const Entry entry = entries[EntryIndex(type)];
+        if (entry.units == 0) return {nullptr, 0};
+        return {texts.data() + entry.offset, entry.units};
+    }
 
     uint32 ansiCodePage = 0;  // 0 for a language that is written in Unicode only
     uint32 oemCodePage = 1;   // 1 for such a language
@@ -35,6 +40,13 @@ private:
         uint16 units;
     };
 
+    // The types come in two runs, 0x00 to 0x7F and 0x1000 to 0x107F. Every other number maps to an entry that stays
+    // empty.
+    static constexpr std::size_t EntryIndex(uint32 type) {
+        if (type < 0x80) return type;
+        return type >= 0x1000 && type < 0x1080 ? type - 0x1000 + 0x80 : 0;
+    }
+
     std::array<Entry, 256> entries{};
     std::u16string texts;
 };
@@ -45,9 +57,23 @@ bool IsNumericLocaleType(uint32 type);
 // A new table for the locale of a name.
 LocaleTable BuildLocaleTable(const std::string& name);
 
+// The table that the calling thread asked for last. Its place in a thread's memory is fixed when the library is loaded
+// (the initial-exec model), so that looking there is no call of the dynamic loader.
+struct LastLocaleTable {
+    uint32 locale;
+    const LocaleTable* table;
+};
+extern constinit thread_local LastLocaleTable lastLocaleTable __attribute__((tls_model("initial-exec")));
+
+// The part of FindLocaleTable beyond the thread's last one.
+const LocaleTable* FindOtherLocaleTable(uint32 locale);
+
 // The table for an identifier, or null for one that names no locale (or when memory is short). The identifiers that
 // stand for a default (0, 0x400, 0x800, 0xC00, 0x1000, 0x1400) lead to the user's default.
-const LocaleTable* FindLocaleTable(uint32 locale);
+inline const LocaleTable* FindLocaleTable(uint32 locale) {
+    const LastLocaleTable last = lastLocaleTable;
+    return last.table != nullptr && last.locale == locale ? last.table : FindOtherLocaleTable(locale);
+}
 
 // The code pages of the calling thread's locale. A language that is written in Unicode only borrows those of the user's
 // default locale, and those of English if that has none either; the result is always the number of a real page.

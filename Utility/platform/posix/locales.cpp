@@ -5,6 +5,7 @@
 #include <Utility/platform/posix/locale_table.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/threads.h>
+#include <Utility/platform/unit_copy.h>
 
 #include <algorithm>
 #include <charconv>
@@ -19,7 +20,7 @@ namespace {
 constexpr std::size_t LocaleNameMaxLength = 85;
 
 // What SetThreadLocale set; 0 as long as the thread follows the user's default.
-thread_local uint32 threadLocale = 0;
+constinit thread_local uint32 threadLocale __attribute__((tls_model("initial-exec"))) = 0;
 
 int Fail(uint32 error) {
     SetLastError(error);
@@ -31,7 +32,7 @@ int Deliver(const wchar16* text, uint32 units, wchar16* buffer, int size) {
     const int needed = static_cast<int>(units);
     if (size == 0) return needed;
     if (size < needed) return Fail(ERROR_INSUFFICIENT_BUFFER);
-    std::memcpy(buffer, text, units * sizeof(wchar16));
+    CopyUnits(buffer, text, units);
     return needed;
 }
 
@@ -82,7 +83,7 @@ bool SetThreadLocale(uint32 locale) {
         threadLocale = UserDefaultLocale();
     } else if (row != nullptr) {
         // A neutral locale becomes the specific one behind it, and one with a sort order of its own becomes plain.
-        threadLocale = LocaleOfName(row->name, false) & 0xFFFF;
+        threadLocale = (row->IsNeutral() ? LocaleOfName(row->name, false) : locale) & 0xFFFF;
     } else {
         SetLastError(ERROR_INVALID_PARAMETER);
         return false;
