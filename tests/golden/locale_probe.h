@@ -10,6 +10,7 @@
 #include <Utility/platform/platform.h>
 
 #include <cstdio>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -83,10 +84,9 @@ private:
             wchar16 name[100];
             if (IsDefault(locale) || platform::LCIDToLocaleName(locale, name, 100, 0) == 0) continue;
             const bool set = platform::SetThreadLocale(locale);
-            Line(Hex(locale), Name(locale, LOCALE_ALLOW_NEUTRAL_NAMES) + ' ' + Name(locale, 0) + ' ' +
-                                  Value(locale, LOCALE_IDEFAULTANSICODEPAGE) + ' ' +
-                                  Value(locale, LOCALE_IDEFAULTCODEPAGE) + ' ' +
-                                  (set ? Hex(platform::GetThreadLocale()) : Error()));
+            Line(Hex(locale), Words({Name(locale, LOCALE_ALLOW_NEUTRAL_NAMES), Name(locale, 0),
+                                     Value(locale, LOCALE_IDEFAULTANSICODEPAGE), Value(locale, LOCALE_IDEFAULTCODEPAGE),
+                                     set ? Hex(platform::GetThreadLocale()) : Error()}));
         }
         for (const uint32 locale : {0u, 0x400u, 0x800u, 0xC00u, 0x1000u, 0x1400u}) {
             Line(Hex(locale), Name(locale, 0) == SystemDefaultName() ? "system default" : "another");
@@ -155,7 +155,9 @@ private:
     }
 
     void Values(uint32 locale) {
-        out += "[" + Hex(locale) + "]\n";
+        out += '[';
+        out += Hex(locale);
+        out += "]\n";
         for (const uint32 type : FormatTypes) Line(Hex(type), Value(locale, type));
         Series(locale, "days", LOCALE_SDAYNAME1, 7);
         Series(locale, "short days", LOCALE_SABBREVDAYNAME1, 7);
@@ -169,39 +171,46 @@ private:
         const uint32 plain = platform::LocaleNameToLCID(name, 0);
         const std::string first = plain != 0 ? Hex(plain) : Error();
         const uint32 neutral = platform::LocaleNameToLCID(name, LOCALE_ALLOW_NEUTRAL_NAMES);
-        Line('"' + Text(name) + '"', first + ' ' + (neutral != 0 ? Hex(neutral) : Error()));
+        Line(Quoted(name), Words({first, neutral != 0 ? Hex(neutral) : Error()}));
     }
 
     void Query(uint32 locale, uint32 type, int size) {
         Fill();
         const int result = platform::GetLocaleInfoW(locale, type, buffer, size);
-        Line("GetLocaleInfoW " + Hex(locale) + ' ' + Hex(type) + ' ' + std::to_string(size),
-             Result(result) + " wrote " + std::to_string(Written()));
+        Line(Words({"GetLocaleInfoW", Hex(locale), Hex(type), std::to_string(size)}),
+             Words({Result(result), "wrote", std::to_string(Written())}));
     }
 
     void NullQuery(uint32 locale, uint32 type, int size) {
-        Line("GetLocaleInfoW " + Hex(locale) + ' ' + Hex(type) + " null " + std::to_string(size),
+        Line(Words({"GetLocaleInfoW", Hex(locale), Hex(type), "null", std::to_string(size)}),
              Result(platform::GetLocaleInfoW(locale, type, nullptr, size)));
     }
 
     void Number(uint32 locale, uint32 type) {
         Fill();
         const int result = platform::GetLocaleInfoW(locale, type | LOCALE_RETURN_NUMBER, buffer, 20);
-        const std::string number = result == 0 ? "" : ' ' + std::to_string(buffer[0] + buffer[1] * 65536);
-        Line("number " + Hex(locale) + ' ' + Hex(type), Result(result) + number);
+        const int number = buffer[0] + buffer[1] * 65536;
+        Line(Words({"number", Hex(locale), Hex(type)}),
+             result == 0 ? Result(result) : Words({Result(result), std::to_string(number)}));
     }
 
     void NameQuery(uint32 locale, int size, uint32 flags) {
         Fill();
         const int result = platform::LCIDToLocaleName(locale, buffer, size, flags);
-        Line("LCIDToLocaleName " + Hex(locale) + ' ' + std::to_string(size) + ' ' + Hex(flags),
-             Result(result) + " wrote " + std::to_string(Written()));
+        Line(Words({"LCIDToLocaleName", Hex(locale), std::to_string(size), Hex(flags)}),
+             Words({Result(result), "wrote", std::to_string(Written())}));
     }
 
     void Series(uint32 locale, const char* key, uint32 first, uint32 count, uint32 last = 0) {
         std::string values;
-        for (uint32 i = 0; i < count; ++i) values += (i == 0 ? "" : "|") + Value(locale, first + i);
-        if (last != 0) values += '|' + Value(locale, last);
+        for (uint32 i = 0; i < count; ++i) {
+            if (i != 0) values += '|';
+            values += Value(locale, first + i);
+        }
+        if (last != 0) {
+            values += '|';
+            values += Value(locale, last);
+        }
         Line(key, values);
     }
 
@@ -212,7 +221,7 @@ private:
 
     static std::string Name(uint32 locale, uint32 flags) {
         wchar16 name[100];
-        return platform::LCIDToLocaleName(locale, name, 100, flags) != 0 ? '"' + Text(name) + '"' : Error();
+        return platform::LCIDToLocaleName(locale, name, 100, flags) != 0 ? Quoted(name) : Error();
     }
 
     static std::basic_string<wchar16> SystemDefault() {
@@ -220,7 +229,7 @@ private:
         platform::GetSystemDefaultLocaleName(name, 100);
         return name;
     }
-    static std::string SystemDefaultName() { return '"' + Text(SystemDefault().c_str()) + '"'; }
+    static std::string SystemDefaultName() { return Quoted(SystemDefault().c_str()); }
 
     static bool IsDefault(uint32 locale) {
         return locale == 0x400 || locale == 0x800 || locale == 0xC00 || locale == 0x1000 || locale == 0x1400;
@@ -239,10 +248,35 @@ private:
         return count;
     }
 
-    void Line(const std::string& key, const std::string& answer) { out += key + '=' + answer + '\n'; }
+    void Line(const std::string& key, const std::string& answer) {
+        out += key;
+        out += '=';
+        out += answer;
+        out += '\n';
+    }
 
-    static std::string Error() { return '!' + std::to_string(platform::GetLastError()); }
-    static std::string Result(int result) { return result != 0 ? std::to_string(result) : "0 " + Error(); }
+    static std::string Words(std::initializer_list<std::string> words) {
+        std::string line;
+        for (const std::string& word : words) {
+            if (!line.empty()) line += ' ';
+            line += word;
+        }
+        return line;
+    }
+
+    static std::string Quoted(const wchar16* text) {
+        std::string quoted = Text(text);
+        quoted.insert(quoted.begin(), '"');
+        quoted.push_back('"');
+        return quoted;
+    }
+
+    static std::string Error() {
+        std::string text = std::to_string(platform::GetLastError());
+        text.insert(text.begin(), '!');
+        return text;
+    }
+    static std::string Result(int result) { return result != 0 ? std::to_string(result) : Words({"0", Error()}); }
 
     static std::string Hex(uint32 number) {
         char text[16];

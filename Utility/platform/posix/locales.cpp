@@ -31,7 +31,7 @@ int Fail(uint32 error) {
 int Deliver(const wchar16* text, uint32 units, wchar16* buffer, int size) {
     const int needed = static_cast<int>(units);
     if (size == 0) return needed;
-    if (size < needed) return Fail(ERROR_INSUFFICIENT_BUFFER);
+    if (buffer == nullptr || size < needed) return Fail(ERROR_INSUFFICIENT_BUFFER);
     CopyUnits(buffer, text, units);
     return needed;
 }
