@@ -235,17 +235,24 @@ inline std::string WholeTextDigest(uint32 page, uint32 flags, const Units& text,
     return Format("%d %d ", count, used ? 1 : 0) + digest.Text();
 }
 
-// Every unit alone and all of them as one text, in each mode.
-inline void WriteBackDigests(uint32 page, const Line& line) {
+// Every unit alone, with and without the nearest characters.
+inline void WriteUnitDigests(uint32 page, const Line& line) {
+    for (const uint32 flags : {uint32{0}, uint32{WC_NO_BEST_FIT_CHARS}}) {
+        Digest digest;
+        for (const wchar16& unit : AllUnits()) {
+            const ToBytes answer = Encode(page, flags, &unit, 1, "_");
+            digest.Add(answer.Code() << 1 | (answer.usedDefault ? 1 : 0));
+        }
+        line(Format("units %x _ ", flags) + digest.Text());
+    }
+}
+
+// All units as one text, in each mode.
+inline void WriteTextDigests(uint32 page, const Line& line) {
     const Units all = AllUnits();
     for (const uint32 flags : BackFlags) {
         for (const char* defaultChar : BackDefaults) {
-            Digest digest;
-            for (const wchar16& unit : all) {
-                const ToBytes answer = Encode(page, flags, &unit, 1, defaultChar);
-                digest.Add(answer.Code() << 1 | (answer.usedDefault ? 1 : 0));
-            }
-            line(Format("units %x %s ", flags, defaultChar ? defaultChar : "-") + digest.Text() + " text " +
+            line(Format("text %x %s ", flags, defaultChar ? defaultChar : "-") +
                  WholeTextDigest(page, flags, all, defaultChar));
         }
     }
@@ -602,7 +609,8 @@ inline void WritePage(uint32 page, const Line& line) {
     std::vector<int> codes(65536, -1);
     WriteForward(page, line, codes);
     WriteBackExceptions(page, line, codes);
-    WriteBackDigests(page, line);
+    WriteUnitDigests(page, line);
+    WriteTextDigests(page, line);
     WriteCombining(page, line);
 }
 

@@ -194,6 +194,39 @@ TEST(CodePages, EncodeWholeTextsAsTheirCharacters) {
     }
 }
 
+void ExpectEncodedAsItsCharacters(uint32 page, const Units& text) {
+    const std::size_t needed = static_cast<std::size_t>(PlainEncode(page, WC_COMPOSITECHECK, text, 600).result);
+    std::vector<std::size_t> sizes{needed + 20};
+    for (std::size_t size = needed < 5 ? 1 : needed - 4; size <= needed; ++size) sizes.push_back(size);
+    for (const std::size_t size : sizes) {
+        const Encoded plain = PlainEncode(page, WC_COMPOSITECHECK, text, size);
+        const Encoded whole = Encode(page, WC_COMPOSITECHECK, text, size);
+        ASSERT_EQ(whole.result, plain.result) << page << " size " << size;
+        ASSERT_EQ(whole.written, plain.written) << page << " size " << size;
+    }
+}
+
+// The vector roads look at sixteen units and the one behind them: what needs a closer look stands at each place there.
+TEST(CodePages, EncodeWhatNeedsACloserLookAtEachPlace) {
+    for (const uint32 page : {uint32{1252}, uint32{1251}, uint32{932}, uint32{CP_UTF8}}) {
+        for (const wchar16 special : Units{0x301, 0x20AC, 0x4E00, 0xD83D, 0x80}) {
+            for (std::size_t place = 0; place <= 36; ++place) {
+                for (const std::size_t behind : {std::size_t{0}, std::size_t{1}, std::size_t{18}, std::size_t{40}}) {
+                    Units text(place, 'e');
+                    text.push_back(special);
+                    text.insert(text.end(), behind, 'x');
+                    ExpectEncodedAsItsCharacters(page, text);
+                    // Marks all along, and marks now and then: less output than source.
+                    for (std::size_t i = place + 4; i < text.size(); i += 4) text[i] = 0x301;
+                    ExpectEncodedAsItsCharacters(page, text);
+                    for (std::size_t i = place + 2; i < text.size(); i += 4) text[i] = 0x301;
+                    ExpectEncodedAsItsCharacters(page, text);
+                }
+            }
+        }
+    }
+}
+
 // How many bytes at `at` make one character.
 std::size_t BytesOfCharacter(uint32 page, const Bytes& text, std::size_t at) {
     const auto lead = static_cast<uint8>(text[at]);
@@ -254,6 +287,33 @@ TEST(CodePages, DecodeWholeTextsAsTheirCharacters) {
                 ASSERT_EQ(whole.error, size < plain.size() ? ERROR_INSUFFICIENT_BUFFER : 0u)
                     << page << " seed " << seed;
                 ASSERT_EQ(whole.result, size < plain.size() ? 0 : static_cast<int>(plain.size())) << page;
+            }
+        }
+    }
+}
+
+TEST(CodePages, DecodeWhatNeedsACloserLookAtEachPlace) {
+    for (const Bytes& special :
+         {Bytes{'\xE2', '\x82', '\xAC'}, Bytes{'\xF0', '\x9F', '\x98', '\x80'}, Bytes{'\xC3', '\xA9'},
+          Bytes{'\xE2', '\x82', '\xAC', '\xE2', '\x82', '\xAC', '\xE2', '\x82', '\xAC'}}) {
+        const Units meaning = Decode(CP_UTF8, special, special.size()).written;
+        const std::size_t units =
+            static_cast<std::size_t>(std::find(meaning.begin(), meaning.end(), Untouched) - meaning.begin());
+        for (std::size_t place = 0; place <= 60; ++place) {
+            for (std::size_t behind = 0; behind <= 60; ++behind) {
+                Bytes text(place, 'e');
+                text.insert(text.end(), special.begin(), special.end());
+                text.insert(text.end(), behind, 'x');
+                Units plain(place, 'e');
+                plain.insert(plain.end(), meaning.begin(), meaning.begin() + static_cast<std::ptrdiff_t>(units));
+                plain.insert(plain.end(), behind, 'x');
+                for (const std::size_t size : {place + 1, place + units, plain.size(), plain.size() + 20}) {
+                    Units expected = plain;
+                    expected.resize(std::min(size, plain.size()));
+                    expected.resize(size, Untouched);
+                    ASSERT_EQ(Decode(CP_UTF8, text, size).written, expected)
+                        << place << " " << behind << " size " << size;
+                }
             }
         }
     }
