@@ -5,6 +5,7 @@
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
 #include <Utility/conversion.h>
+#include <Utility/errors.h>
 #include <Utility/instance.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>

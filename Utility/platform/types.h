@@ -67,6 +67,7 @@ using ulong32 = unsigned long;
 using ::_currencyfmtW;
 using ::_numberfmtW;
 using ::_stat64;
+using ::GUID;
 using ::HENHMETAFILE;
 using ::HINSTANCE;
 using ::HMETAFILE;
@@ -89,6 +90,16 @@ using HINSTANCE = HINSTANCE_*;
 using HRGN = HRGN_*;
 using HMETAFILE = HMETAFILE_*;
 using HENHMETAFILE = HENHMETAFILE_*;
+
+// A globally unique identifier.
+struct GUID {
+    uint32 Data1;
+    uint16 Data2;
+    uint16 Data3;
+    uint8 Data4[8];
+
+    bool operator==(const GUID&) const = default;
+};
 
 // A calendar date and time of day, to the millisecond. wDayOfWeek counts from Sunday, 0.
 struct SYSTEMTIME {
