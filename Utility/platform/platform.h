@@ -3,6 +3,7 @@
 // here and one in each of the folders `posix` and `windows`.
 #pragma once
 
+#include <Utility/platform/formatted_text.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/locales.h>
 #include <Utility/platform/modules.h>
