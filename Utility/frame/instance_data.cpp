@@ -3,6 +3,7 @@
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
 #include <Utility/conversion.h>
+#include <Utility/errors.h>
 #include <Utility/frame/storage.h>
 #include <Utility/locale_info.h>
 #include <Utility/resources.h>
@@ -40,6 +41,7 @@ InstanceData* CreateServices() {
     if (instance == nullptr) return nullptr;
     const InstanceInWork inWork(instance);
     static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
+                      Install(cErrorSystem::Create()) &&            //
                       Install(cLocaleInfo::Create()) &&             //
                       Install(cCharsetInfo::Create()) &&            //
                       Install(cCharsetConverter::Create()) &&       //
@@ -136,6 +138,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         // Each getter travels the ordinary road, so these are the services of the current store's instance.
         const InstanceInWork inWork(target);
         delete cStringResourceBuffers::Instance();
+        delete cErrorSystem::Instance();
         delete cCharsetInfo::Instance();
         delete cCharsetConverter::Instance();
         delete cLocaleInfo::Instance();
