@@ -44,6 +44,35 @@ bool OtherSet(InstanceData*) {
     return false;
 }
 
+// The services of an instance, to be deleted when the instance itself is gone.
+class Services {
+public:
+    explicit Services(InstanceData* instance)
+        : checkEsc(static_cast<cCheckEsc*>(instance->GetSlot(1))),
+          localeInfo(static_cast<cLocaleInfo*>(instance->GetSlot(3))),
+          charsetConverter(static_cast<cCharsetConverter*>(instance->GetSlot(4))),
+          charsetInfo(static_cast<cCharsetInfo*>(instance->GetSlot(5))),
+          errorSystem(static_cast<cErrorSystem*>(instance->GetSlot(7))),
+          stringBuffers(static_cast<cStringResourceBuffers*>(instance->GetSlot(9))) {}
+
+    void Delete() const {
+        delete checkEsc;
+        delete localeInfo;
+        delete charsetConverter;
+        delete charsetInfo;
+        delete errorSystem;
+        delete stringBuffers;
+    }
+
+private:
+    cCheckEsc* const checkEsc;
+    cLocaleInfo* const localeInfo;
+    cCharsetConverter* const charsetConverter;
+    cCharsetInfo* const charsetInfo;
+    cErrorSystem* const errorSystem;
+    cStringResourceBuffers* const stringBuffers;
+};
+
 class HostStore : public testing::Test {
 protected:
     void SetUp() override {
@@ -74,8 +103,12 @@ TEST(Instance, HasAllServicesUnderTheirKeys) {
     OnFreshThread([] {
         InstanceData* const instance = GetInstanceData();
         EXPECT_EQ(instance->GetSlot(1), cCheckEsc::Instance());
+        EXPECT_EQ(instance->GetSlot(3), cLocaleInfo::Instance());
+        EXPECT_EQ(instance->GetSlot(4), cCharsetConverter::Instance());
+        EXPECT_EQ(instance->GetSlot(5), cCharsetInfo::Instance());
+        EXPECT_EQ(instance->GetSlot(7), cErrorSystem::Instance());
         EXPECT_EQ(instance->GetSlot(9), cStringResourceBuffers::Instance());
-        for (const unsigned int key : {1u, 9u}) EXPECT_NE(instance->GetSlot(key), nullptr) << key;
+        for (const unsigned int key : {1u, 3u, 4u, 5u, 7u, 9u}) EXPECT_NE(instance->GetSlot(key), nullptr) << key;
         for (const unsigned int key : {0u, 6u, 10u, 11u, 12u, 14u, 1000u}) EXPECT_EQ(instance->GetSlot(key), nullptr);
     });
 }
@@ -244,14 +277,12 @@ TEST_F(HostStore, FromThreadStoreDestroysTheServicesOfTheCurrentStore) {
         CreateInstanceData();  // the host's; the thread's stays in its slot
         EXPECT_EQ(hostInstance->GetSlot(1), cCheckEsc::Instance());
         InstanceData* const hosts = hostInstance;
-        cStringResourceBuffers* const threadsBuffers = static_cast<cStringResourceBuffers*>(threads->GetSlot(9));
+        const Services threadsServices(threads);
         InstanceData::Destroy(false, true);
         // The thread's instance is gone with its table; its services live, the host's do not.
         EXPECT_EQ(hostInstance, nullptr);
         EXPECT_FALSE(threadsService->CheckEsc());
-        threadsBuffers->GetNextBuffer()[0] = 'x';
-        delete threadsService;
-        delete threadsBuffers;
+        threadsServices.Delete();
         delete hosts;
         ClearExternalDataStorage();
         SetInstanceData(nullptr);
