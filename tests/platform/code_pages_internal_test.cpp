@@ -214,7 +214,7 @@ TEST(CodePages, EncodeWhatNeedsACloserLookAtEachPlace) {
                 for (const std::size_t behind : {std::size_t{0}, std::size_t{1}, std::size_t{18}, std::size_t{40}}) {
                     Units text(place, 'e');
                     text.push_back(special);
-                    text.insert(text.end(), behind, 'x');
+                    text.insert(text.end(), behind, 'e');
                     ExpectEncodedAsItsCharacters(page, text);
                     // Marks all along, and marks now and then: less output than source.
                     for (std::size_t i = place + 4; i < text.size(); i += 4) text[i] = 0x301;

@@ -100,6 +100,7 @@ private:
     void EncodeLanes() {
         const UnitLanes units = LoadUnits(at_);
         uint32 foreign = page_.IsLatin1FromA0() ? NonLatin1(units) : NonAscii(units);
+        if (foreign == 0) return CopyLanes(units);
         if (AreMany(foreign)) return EncodeEach(at_ + Lanes, toEnd_);
         const int whole = WholeLanes(foreign);
         if (whole == 0) return EncodeEach(at_ + Lanes, toEnd_);
@@ -110,6 +111,16 @@ private:
         }
         at_ += whole;
         to_ += whole;
+    }
+    // Sixteen units that are their own bytes, and the ASCII behind them. The last one stays if the unit behind it may
+    // combine.
+    void CopyLanes(UnitLanes units) {
+        StoreNarrowed(to_, units);
+        const std::ptrdiff_t more = std::min(end_ - at_ - 1, toEnd_ - to_) - LaneCount;
+        std::size_t count = Lanes + NarrowAscii(at_ + Lanes, to_ + Lanes, static_cast<std::size_t>(more));
+        if (encoder_.Composes() && MayCombine(at_[count])) --count;
+        at_ += count;
+        to_ += count;
     }
     // How many of the sixteen units stand alone. A unit before a mark does not, and the mark itself neither.
     int WholeLanes(uint32 foreign) const {
@@ -136,7 +147,11 @@ Conversion DecodeSingle(const CodePage& page, ByteText source, UnitTarget target
     if (target.text == nullptr) return {source.size, 0};
     const std::size_t count = std::min(source.size, target.size);
     std::size_t done = 0;
-    for (; count - done >= Lanes; done += Lanes) DecodeLanes(page, source.text + done, target.text + done);
+    for (; count - done >= Lanes; done += Lanes) {
+        done += WidenAscii(source.text + done, target.text + done, count - done);
+        if (count - done < Lanes) break;
+        DecodeLanes(page, source.text + done, target.text + done);
+    }
     Translate(page, source.text + done, target.text + done, count - done);
     return {count, count < source.size ? ERROR_INSUFFICIENT_BUFFER : 0};
 }
