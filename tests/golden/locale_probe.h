@@ -115,9 +115,6 @@ private:
         }
         const std::basic_string<wchar16> tooLong(85, 'a');
         NameLine(tooLong.c_str());
-        Line("null is default",
-             platform::LocaleNameToLCID(nullptr, 0) == platform::LocaleNameToLCID(SystemDefault().c_str(), 0) ? "1"
-                                                                                                              : "0");
     }
 
     // Sizes, flags and failures. An answer is the result, the error after a failure, and how many units of the buffer

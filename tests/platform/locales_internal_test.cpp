@@ -94,4 +94,12 @@ TEST(LocaleCalls, SystemDefaultHasANameThatLeadsBackToIt) {
     EXPECT_EQ(platform::GetLastError(), uint32{ERROR_INSUFFICIENT_BUFFER});
 }
 
+TEST(LocaleCalls, NullNamesTheDefault) {
+    wchar16 systemDefault[85];
+    wchar16 name[85];
+    ASSERT_GT(platform::GetSystemDefaultLocaleName(systemDefault, 85), 1);
+    ASSERT_GT(platform::LCIDToLocaleName(platform::LocaleNameToLCID(nullptr, 0), name, 85, 0), 1);
+    EXPECT_EQ(wstring16(name), systemDefault);
+}
+
 }  // namespace
