@@ -1,11 +1,13 @@
 // Everything that Torvo Utility offers, one header per family.
 #pragma once
 
+#include <Utility/arithmetic.h>
 #include <Utility/bounded_copy.h>
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
+#include <Utility/geometry.h>
 #include <Utility/instance.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
