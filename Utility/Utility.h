@@ -1,10 +1,12 @@
 // Everything that Torvo Utility offers, one header per family.
 #pragma once
 
+#include <Utility/arcs.h>
 #include <Utility/arithmetic.h>
 #include <Utility/bounded_copy.h>
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
+#include <Utility/clipping.h>
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
 #include <Utility/geometry.h>
