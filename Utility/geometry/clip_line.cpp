@@ -1,13 +1,12 @@
 #include <Utility/clipping.h>
 #include <Utility/geometry/sides.h>
 
-#include <utility>
+#include <bit>
 
 namespace Torvo {
 
 namespace {
 
-using detail::CrossingOf;
 using detail::OutcodeOf;
 
 bool SamePoint(LPNT a, LPNT b) {
@@ -36,12 +35,26 @@ private:
     uint64 nextKeep = 1;
 };
 
-// Moves an outside point along the segment to `other`, to the first side that it lies outside of.
-LPNT MovedToSide(LPNT point, uint32 outcode, LPNT other, const LRECT& rect) {
-    if ((outcode & 1 << detail::Left) != 0) return CrossingOf<detail::Left>(point, other, rect);
-    if ((outcode & 1 << detail::Right) != 0) return CrossingOf<detail::Right>(point, other, rect);
-    if ((outcode & 1 << detail::LowY) != 0) return CrossingOf<detail::LowY>(point, other, rect);
-    return CrossingOf<detail::HighY>(point, other, rect);
+// The coordinate of each side, in the order of the outcode's bits.
+struct SideCoordinates {
+    int32 of[detail::SideCount];
+
+    explicit SideCoordinates(const LRECT& rect) : of{rect.x1, rect.x2, rect.y1, rect.y2} {}
+};
+
+// Moves an outside point along the segment to `other`, to the first side that it lies outside of. CrossingOf with the
+// side as a value and without a branch: which side comes first cannot be predicted.
+LPNT MovedToSide(LPNT point, uint32 outcode, LPNT other, const SideCoordinates& sides) {
+    // There is always a bit; the last one stands in so that the compiler sees it.
+    const int side = std::countr_zero(outcode | 1u << detail::HighY);
+    const bool vertical = side <= detail::Right;
+    const int32 dx = detail::WrappingSubtract(other.x, point.x);
+    const int32 dy = detail::WrappingSubtract(other.y, point.y);
+    const int32 target = sides.of[side];
+    const int32 part = detail::WrappingSubtract(target, vertical ? point.x : point.y);
+    const int32 offset = detail::OffsetToCrossing(vertical ? dy : dx, part, vertical ? dx : dy);
+    const int32 moved = detail::WrappingAdd(vertical ? point.y : point.x, offset);
+    return {vertical ? target : moved, vertical ? moved : target};
 }
 
 // Without wrapping each end moves at most twice.
@@ -50,31 +63,26 @@ constexpr int StepsWithoutWrap = 4;
 }  // namespace
 
 bool ClipLine(LPNT* a, LPNT* b, const LRECT* rect) {
-    LPNT outside = *a;
-    LPNT other = *b;
-    bool swapped = false;
-    bool visible = false;
+    const SideCoordinates sides(*rect);
+    LPNT endA = *a;
+    LPNT endB = *b;
+    uint32 codeA = OutcodeOf(endA, *rect);
+    uint32 codeB = OutcodeOf(endB, *rect);
     LoopWatch watch;
-    for (int step = 0;;) {
-        uint32 outcode = OutcodeOf(outside, *rect);
-        const uint32 otherOutcode = OutcodeOf(other, *rect);
-        visible = (outcode | otherOutcode) == 0;
-        if (visible || (outcode & otherOutcode) != 0) break;
-        if (outcode == 0) {
-            std::swap(outside, other);
-            swapped = !swapped;
-            outcode = otherOutcode;
-        }
-        outside = MovedToSide(outside, outcode, other, *rect);
-        if (step < StepsWithoutWrap) {
-            ++step;
-        } else if (watch.ComesRound(outside, other)) {
-            break;
-        }
+    for (int step = 0; (codeA | codeB) != 0 && (codeA & codeB) == 0; ++step) {
+        if (step >= StepsWithoutWrap && watch.ComesRound(endA, endB)) break;
+        // The first end as long as it is outside, then the second; selections, as above.
+        const bool first = codeA != 0;
+        const LPNT moved = MovedToSide(first ? endA : endB, first ? codeA : codeB, first ? endB : endA, sides);
+        const uint32 movedCode = OutcodeOf(moved, *rect);
+        endA = first ? moved : endA;
+        codeA = first ? movedCode : codeA;
+        endB = first ? endB : moved;
+        codeB = first ? codeB : movedCode;
     }
-    *a = swapped ? other : outside;
-    *b = swapped ? outside : other;
-    return visible;
+    *a = endA;
+    *b = endB;
+    return (codeA | codeB) == 0;
 }
 
 }  // namespace Torvo
