@@ -7,14 +7,17 @@
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
 #include <Utility/clipping.h>
+#include <Utility/clock.h>
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
 #include <Utility/geometry.h>
 #include <Utility/instance.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
+#include <Utility/metafiles.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
+#include <Utility/regions.h>
 #include <Utility/resources.h>
 #include <Utility/startup.h>
 #include <Utility/strings.h>

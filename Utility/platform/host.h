@@ -16,4 +16,19 @@ ZUAPI uint32 GetThreadLocale();
 // queries follow at once; its system charset stays what it was when the thread's services were created.
 ZUAPI bool SetThreadLocale(uint32 locale);
 
+// Metafiles: a handle of a metafile made from its bytes, for a caller that has no other source of one. The header must
+// be that of a metafile; null if it is not, or if memory is short. Each has its call to free it, false for null.
+ZUAPI HMETAFILE SetMetaFileBitsEx(uint32 size, const void* bits);
+ZUAPI HENHMETAFILE SetEnhMetaFileBits(uint32 size, const void* bits);
+ZUAPI bool DeleteMetaFile(HMETAFILE metafile);
+ZUAPI bool DeleteEnhMetaFile(HENHMETAFILE metafile);
+
+// Movable memory blocks, in which the library hands out the contents of metafiles. Locking gives the address, or null,
+// and counts; unlocking counts back, and tells whether the block is still locked. The size is at least what was asked
+// for. Freeing gives null, or the block itself if that failed. Calls on one block must not overlap.
+ZUAPI void* GlobalLock(void* block);
+ZUAPI bool GlobalUnlock(void* block);
+ZUAPI uint64 GlobalSize(void* block);
+ZUAPI void* GlobalFree(void* block);
+
 }  // namespace Torvo::platform

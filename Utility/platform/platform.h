@@ -3,10 +3,12 @@
 // here and one in each of the folders `posix` and `windows`.
 #pragma once
 
+#include <Utility/platform/clock.h>
 #include <Utility/platform/formatted_text.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/locales.h>
 #include <Utility/platform/modules.h>
+#include <Utility/platform/regions.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/threads.h>

@@ -16,6 +16,7 @@ inline constexpr uint32 ERROR_SUCCESS = 0;
 inline constexpr uint32 ERROR_FILE_NOT_FOUND = 2;
 inline constexpr uint32 ERROR_INVALID_HANDLE = 6;
 inline constexpr uint32 ERROR_NOT_ENOUGH_MEMORY = 8;
+inline constexpr uint32 ERROR_NOT_LOCKED = 158;
 inline constexpr uint32 ERROR_BAD_EXE_FORMAT = 193;
 inline constexpr uint32 ERROR_INVALID_PARAMETER = 87;
 inline constexpr uint32 ERROR_INSUFFICIENT_BUFFER = 122;
