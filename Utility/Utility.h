@@ -12,13 +12,17 @@
 #include <Utility/errors.h>
 #include <Utility/geometry.h>
 #include <Utility/instance.h>
+#include <Utility/integer_lists.h>
+#include <Utility/linked_lists.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/metafiles.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
+#include <Utility/queues.h>
 #include <Utility/regions.h>
 #include <Utility/resources.h>
+#include <Utility/sparse_sets.h>
 #include <Utility/startup.h>
 #include <Utility/strings.h>
 #include <Utility/version.h>

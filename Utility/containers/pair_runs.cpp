@@ -1,0 +1,207 @@
+#include <Utility/containers/pair_runs.h>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace Torvo {
+
+namespace {
+
+// The number of leading elements that the predicate holds for; it holds for none behind those. The steps depend on the
+// number of elements alone, so that no branch is guessed wrong on the way.
+template <typename Element, typename Predicate>
+std::size_t CountLeading(const std::vector<Element>& elements, Predicate holds) {
+    if (elements.empty()) return 0;
+    const Element* base = elements.data();
+    std::size_t size = elements.size();
+    while (size > 1) {
+        const std::size_t half = size / 2;
+        base += holds(base[half - 1]) ? half : 0;
+        size -= half;
+    }
+    return static_cast<std::size_t>(base - elements.data()) + (holds(*base) ? 1 : 0);
+}
+
+template <typename T>
+void ReserveOneMore(std::vector<T>& elements) {
+    if (elements.size() == elements.capacity()) elements.reserve(2 * elements.size() + 1);
+}
+
+}  // namespace
+
+template <typename T>
+PairRuns<T>::PairRuns(const PairRuns& other) : lows_(other.lows_), count_(other.count_) {
+    blocks_.reserve(other.blocks_.size());
+    for (const auto& block : other.blocks_) blocks_.push_back(std::make_unique<Block>(*block));
+}
+
+template <typename T>
+uint64 PairRuns<T>::SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to) {
+    uint64 size = 0;
+    for (std::size_t i = from; i < to; ++i) size += SizeOf(runs[i]);
+    return size;
+}
+
+template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Behind(Position at) const {
+    if (AtEnd(at)) return at;
+    return at.place + 1 < blocks_[at.block]->runs.size() ? Position{at.block, at.place + 1} : Position{at.block + 1, 0};
+}
+
+template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Find(T item) const {
+    const std::size_t behind = CountLeading(lows_, [item](T low) { return low <= item; });
+    if (behind == 0) return {};
+    const std::vector<Run<T>>& runs = blocks_[behind - 1]->runs;
+    const std::size_t place = CountLeading(runs, [item](const Run<T>& run) { return run.high < item; });
+    return place < runs.size() ? Position{behind - 1, place} : Position{behind, 0};
+}
+
+template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::BehindTouching(T high) const {
+    const Position at = Find(high);
+    if (AtEnd(at)) return at;
+    const T low = At(at).low;
+    return low <= high || low - high == 1 ? Behind(at) : at;
+}
+
+template <typename T>
+bool PairRuns<T>::Member(T item) const {
+    const Position at = Find(item);
+    return !AtEnd(at) && At(at).low <= item;
+}
+
+template <typename T>
+void PairRuns<T>::Add(T low, T high) {
+    const Position from = Find(low > 0 ? low - 1 : low);
+    const Position to = BehindTouching(high);
+    if (from.block == to.block && from.place == to.place) return Insert(from, {low, high});
+    // The runs from one to the other touch the new one, and become one with it.
+    const Position second = Behind(from);
+    T last = At(from).high;
+    if (second.block != to.block || second.place != to.place) {
+        const bool inBlock = to.place > 0;
+        const std::vector<Run<T>>& runs = blocks_[inBlock ? to.block : to.block - 1]->runs;
+        last = inBlock ? runs[to.place - 1].high : runs.back().high;
+    }
+    const Run<T> joined{std::min(low, At(from).low), std::max(high, last)};
+    Erase(second, to);
+    Change(from, joined);
+}
+
+template <typename T>
+void PairRuns<T>::Remove(T item) {
+    const Position at = Find(item);
+    if (AtEnd(at) || At(at).low > item) return;
+    const Run<T> run = At(at);
+    if (run.low == run.high) return Erase(at, Behind(at));
+    if (item == run.low) return Change(at, {static_cast<T>(item + 1), run.high});
+    if (item == run.high) return Change(at, {run.low, static_cast<T>(item - 1)});
+    // What needs memory comes first; it may move the run that is to be cut short.
+    Insert(Behind(at), {static_cast<T>(item + 1), run.high});
+    Change(Find(item), {run.low, static_cast<T>(item - 1)});
+}
+
+template <typename T>
+void PairRuns<T>::Clear() {
+    lows_.clear();
+    blocks_.clear();
+    count_ = 0;
+}
+
+template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Pass(uint64& rest) const {
+    std::size_t block = 0;
+    for (; block < blocks_.size() && rest >= blocks_[block]->members; ++block) rest -= blocks_[block]->members;
+    std::size_t place = 0;
+    if (block == blocks_.size()) return {block, place};
+    const std::vector<Run<T>>& runs = blocks_[block]->runs;
+    for (; rest >= SizeOf(runs[place]); ++place) rest -= SizeOf(runs[place]);
+    return {block, place};
+}
+
+template <typename T>
+void PairRuns<T>::Insert(Position at, Run<T> run) {
+    // The end of a block rather than the start of the next one, so that runs that come in order fill their blocks.
+    if (at.place == 0 && at.block > 0) at = {at.block - 1, blocks_[at.block - 1]->runs.size()};
+    const bool append = Empty() || (at.block + 1 == blocks_.size() && at.place == kBlockRuns);
+    if (append) {
+        auto block = std::make_unique<Block>();
+        block->runs.reserve(Empty() ? kFirstRuns : kBlockRuns);
+        block->runs.push_back(run);
+        block->members = SizeOf(run);
+        InsertBlock(blocks_.size(), std::move(block));
+    } else {
+        if (blocks_[at.block]->runs.size() == kBlockRuns) {
+            Split(at.block);
+            if (at.place > kBlockRuns / 2) at = {at.block + 1, at.place - kBlockRuns / 2};
+        }
+        std::vector<Run<T>>& runs = blocks_[at.block]->runs;
+        runs.insert(runs.begin() + static_cast<std::ptrdiff_t>(at.place), run);
+        blocks_[at.block]->members += SizeOf(run);
+        lows_[at.block] = runs.front().low;
+    }
+    count_ += SizeOf(run);
+}
+
+template <typename T>
+void PairRuns<T>::InsertBlock(std::size_t at, std::unique_ptr<Block> block) {
+    ReserveOneMore(lows_);
+    ReserveOneMore(blocks_);
+    lows_.insert(lows_.begin() + static_cast<std::ptrdiff_t>(at), block->runs.front().low);
+    blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(at), std::move(block));
+}
+
+template <typename T>
+void PairRuns<T>::Split(std::size_t block) {
+    std::vector<Run<T>>& runs = blocks_[block]->runs;
+    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(kBlockRuns / 2);
+    auto upper = std::make_unique<Block>();
+    upper->runs.reserve(kBlockRuns);
+    upper->runs.assign(middle, runs.end());
+    upper->members = SizeOf(upper->runs, 0, upper->runs.size());
+    const uint64 moved = upper->members;
+    InsertBlock(block + 1, std::move(upper));
+    runs.erase(middle, runs.end());
+    blocks_[block]->members -= moved;
+}
+
+template <typename T>
+void PairRuns<T>::Change(Position at, Run<T> run) {
+    Block& block = *blocks_[at.block];
+    const uint64 delta = SizeOf(run) - SizeOf(block.runs[at.place]);
+    block.members += delta;
+    count_ += delta;
+    block.runs[at.place] = run;
+    lows_[at.block] = block.runs.front().low;
+}
+
+template <typename T>
+void PairRuns<T>::Erase(Position from, Position to) {
+    if (from.block == to.block) return EraseInBlock(from.block, from.place, to.place);
+    EraseInBlock(from.block, from.place, blocks_[from.block]->runs.size());
+    for (std::size_t block = from.block + 1; block < to.block; ++block) count_ -= blocks_[block]->members;
+    if (!AtEnd(to)) EraseInBlock(to.block, 0, to.place);
+    const std::size_t firstEmpty = from.block + (from.place > 0 ? 1 : 0);
+    const auto begin = static_cast<std::ptrdiff_t>(firstEmpty);
+    const auto end = static_cast<std::ptrdiff_t>(to.block);
+    lows_.erase(lows_.begin() + begin, lows_.begin() + end);
+    blocks_.erase(blocks_.begin() + begin, blocks_.begin() + end);
+}
+
+template <typename T>
+void PairRuns<T>::EraseInBlock(std::size_t block, std::size_t from, std::size_t to) {
+    if (from == to) return;
+    std::vector<Run<T>>& runs = blocks_[block]->runs;
+    const uint64 removed = SizeOf(runs, from, to);
+    blocks_[block]->members -= removed;
+    count_ -= removed;
+    runs.erase(runs.begin() + static_cast<std::ptrdiff_t>(from), runs.begin() + static_cast<std::ptrdiff_t>(to));
+    if (!runs.empty()) lows_[block] = runs.front().low;
+}
+
+template class PairRuns<ulong32>;
+template class PairRuns<uint64>;
+
+}  // namespace Torvo

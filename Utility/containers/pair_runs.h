@@ -1,0 +1,100 @@
+// Runs of consecutive values, kept as sorted (low, high) pairs.
+//
+// One sorted array would make each insertion move half of it. So the pairs lie in blocks of limited size, in order,
+// with a directory beside them: the low of each block's first pair, and the block. A search is a binary one through the
+// directory and one through a block; an insertion moves pairs of one block, and a full block is split. A block knows
+// how many members its runs have, so that an ordinal is found by blocks.
+//
+// The invariant: no block is empty; pairs ascend, within a block and from one to the next; no two pairs touch; and
+// directory and blocks have the same length. Functions that need memory throw std::bad_alloc, and have changed nothing
+// then.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <memory>
+#include <vector>
+
+namespace Torvo {
+
+template <typename T>
+struct Run {
+    T low;
+    T high;
+};
+
+template <typename T>
+class PairRuns {
+public:
+    // Where a run is: its block, and its place in it. The end is the number of blocks, and place 0.
+    struct Position {
+        std::size_t block = 0;
+        std::size_t place = 0;
+    };
+
+    PairRuns() = default;
+    PairRuns(const PairRuns& other);
+    PairRuns& operator=(const PairRuns&) = delete;
+    ~PairRuns() = default;
+
+    bool Empty() const { return blocks_.empty(); }
+    bool HasOneRun() const { return blocks_.size() == 1 && blocks_[0]->runs.size() == 1; }
+    bool AtEnd(Position at) const { return at.block >= blocks_.size(); }
+    // The run at a position that is not the end.
+    const Run<T>& At(Position at) const { return blocks_[at.block]->runs[at.place]; }
+    // The position behind this one. Positions survive no change of the runs, but asking with a stale one is harmless.
+    Position Behind(Position at) const;
+    // Whether the position still leads to a run.
+    bool Valid(Position at) const { return !AtEnd(at) && at.place < blocks_[at.block]->runs.size(); }
+
+    const Run<T>& First() const { return blocks_.front()->runs.front(); }
+    const Run<T>& Last() const { return blocks_.back()->runs.back(); }
+    // The number of members, modulo 2^64.
+    uint64 Count() const { return count_; }
+
+    bool Member(T item) const;
+    // Adds the values [low, high].
+    void Add(T low, T high);
+    // Removes the value, if it is a member.
+    void Remove(T item);
+    void Clear();
+
+    // Passes runs from the first on while `rest` is at least their size, taking the size off. The position it stops at
+    // has a size above `rest`, or is the end.
+    Position Pass(uint64& rest) const;
+
+private:
+    struct Block {
+        uint64 members = 0;
+        std::vector<Run<T>> runs;
+    };
+
+    // A block takes up to 4 KiB: moving half of it costs about as much as finding the place.
+    static constexpr std::size_t kBlockRuns = 4096 / sizeof(Run<T>);
+    // What the first run of a list reserves.
+    static constexpr std::size_t kFirstRuns = 32;
+
+    static uint64 SizeOf(const Run<T>& run) { return uint64{run.high} - run.low + 1; }
+    static uint64 SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to);
+
+    // The first run of which the high is at or above the item, or the end.
+    Position Find(T item) const;
+    // The first run that lies above the value and does not touch it, or the end.
+    Position BehindTouching(T high) const;
+
+    void Insert(Position at, Run<T> run);
+    void InsertBlock(std::size_t at, std::unique_ptr<Block> block);
+    // Moves the upper half of a full block to a new one behind it.
+    void Split(std::size_t block);
+    void Change(Position at, Run<T> run);
+    // Removes the runs [from, to).
+    void Erase(Position from, Position to);
+    // The same within a block, which may become empty.
+    void EraseInBlock(std::size_t block, std::size_t from, std::size_t to);
+
+    std::vector<T> lows_;
+    std::vector<std::unique_ptr<Block>> blocks_;
+    uint64 count_ = 0;
+};
+
+}  // namespace Torvo

@@ -1,0 +1,83 @@
+// Runs of consecutive values, packed into one block of 32-bit words.
+//
+// Word 0 is the number of words that follow. From word 1 on come the entries, in ascending order: a lone value is one
+// word with bit 31 set; a run of two or more is two words with bit 31 clear, its low and its high. No two entries
+// touch. The block is resized to its exact need on each change.
+//
+// With bit 31 masked off, the words ascend, so a value is found by a binary search over words that does not care about
+// entries. What it ends at is a lone value, a low or a high; which of the two last is told by the nearest lone value on
+// either side, because words without the bit come in pairs from there on.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+namespace Torvo {
+
+class TaggedWords {
+public:
+    // A lone value has `low` equal to `high` and takes one word.
+    struct Entry {
+        int32 low;
+        int32 high;
+
+        bool IsSingle() const { return low == high; }
+        uint64 Words() const { return IsSingle() ? 1 : 2; }
+        uint64 Size() const { return static_cast<uint64>(high - low) + 1; }
+    };
+
+    TaggedWords() = default;
+    TaggedWords(const TaggedWords&) = delete;
+    TaggedWords& operator=(const TaggedWords&) = delete;
+    ~TaggedWords();
+
+    // Makes the block, empty or as a copy; false if memory is short. Nothing else may be called before.
+    bool Create();
+    bool CreateCopy(const TaggedWords& other);
+
+    // The index of the first entry, and the one behind the last.
+    static constexpr uint64 kBegin = 1;
+    uint64 End() const { return Used() + 1; }
+    bool Empty() const { return Used() == 0; }
+
+    // The entry that starts at this word, kBegin <= at < End().
+    Entry EntryAt(uint64 at) const;
+    // Where the entry starts that ends before this word, kBegin < at <= End().
+    uint64 Before(uint64 at) const;
+    // Where the first entry starts that ends at or above the item, or End().
+    uint64 Find(int32 item) const;
+
+    int32 Lowest() const { return ValueOf(words_[kBegin]); }
+    int32 Highest() const { return ValueOf(words_[Used()]); }
+    // The number of members.
+    uint64 Count() const { return count_; }
+
+    // Puts entries in the place of those that start in [from, to). False, with nothing changed, if memory is short.
+    template <typename... Entries>
+    bool Replace(uint64 from, uint64 to, Entries... entries) {
+        int32 words[2 * sizeof...(entries) + 1] = {};
+        uint64 count = 0;
+        ((count += Write(entries, words + count)), ...);
+        if (!ReplaceWords(from, to, words, count)) return false;
+        ((count_ += entries.Size()), ...);
+        return true;
+    }
+
+private:
+    static bool IsTagged(int32 word) { return word < 0; }
+    static int32 ValueOf(int32 word) { return word & 0x7FFFFFFF; }
+    static uint64 Write(Entry entry, int32* words);
+
+    uint64 Used() const { return static_cast<uint32>(words_[0]); }
+    // Whether this word, which is not tagged, is the high of a run.
+    bool IsHigh(uint64 at) const;
+    // Takes the members of the entries in [from, to) off the count, and exchanges the words.
+    bool ReplaceWords(uint64 from, uint64 to, const int32* words, uint64 count);
+    bool Grow(uint64 used);
+    void Shrink(uint64 used);
+
+    int32* words_ = nullptr;
+    uint64 singles_ = 0;  // tagged words
+    uint64 count_ = 0;
+};
+
+}  // namespace Torvo

@@ -1,0 +1,141 @@
+// The plain form of a sparse set: a sorted array of members, walked and filled one value at a time, with the rules as
+// they are published and without pages or bitmaps.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Torvo::test {
+
+class PlainSparseSet {
+public:
+    static constexpr int32 kPageItems = 262144;
+
+    std::vector<int32> members;
+    int32 min = 0;
+    int32 max = 0;
+    int32 cachedIndex = 0;
+    int32 cachedItem = 0;
+    int32 capacity = 250;
+    // While set, no bitmap can be had: an empty page takes no member, and a full one gives none back.
+    bool heapExhausted = false;
+
+    int32 Count() const { return static_cast<int32>(members.size()); }
+
+    bool Add(int32 item) {
+        if (item < 0) return false;
+        const int32 page = item >> 18;
+        if (page >= capacity) capacity = page + 250;
+        const bool wasMember = Member(item);
+        const bool added = !wasMember && !(heapExhausted && PageCount(page) == 0);
+        if (Count() == 0 || max < item) max = item;
+        if (Count() == 0 || min > item) min = item;
+        if (!added) return wasMember;
+        members.insert(std::lower_bound(members.begin(), members.end(), item), item);
+        cachedIndex = 0;
+        return true;
+    }
+
+    bool AddRange(int32 first, int32 last) {
+        if (first > last) std::swap(first, last);
+        if (first < 0) return false;
+        for (int64 item = first; item <= last; ++item) {
+            if (!Add(static_cast<int32>(item))) return false;
+        }
+        return true;
+    }
+
+    bool Remove(int32 item) {
+        if (item < 0 || item >> 18 >= capacity) return false;
+        const bool removed = Member(item) && !(heapExhausted && PageCount(item >> 18) == kPageItems);
+        if (removed) {
+            members.erase(std::lower_bound(members.begin(), members.end(), item));
+            cachedIndex = 0;
+        }
+        if (min == item) min = Next(item);
+        if (max == item) max = Prev(item);
+        return removed;
+    }
+
+    bool Member(int32 item) const { return std::binary_search(members.begin(), members.end(), item); }
+
+    bool MemberInRange(int32 item) const {
+        return Member(item) && (Member(item - 1) || (item < 0x7FFFFFFF && Member(item + 1)));
+    }
+
+    int32 Next(int32 item) const {
+        if (Count() < 1) return -1;
+        if (item < 0 || item < min) return min;
+        if (item >= max) return -1;
+        const auto above = std::upper_bound(members.begin(), members.end(), item);
+        return above != members.end() ? *above : -1;
+    }
+
+    int32 Prev(int32 item) const {
+        if (Count() < 1 || item < 1 || item <= min) return -1;
+        if (item > max) return max;
+        const auto above = std::lower_bound(members.begin(), members.end(), item);
+        return above != members.begin() ? *(above - 1) : -1;
+    }
+
+    int32 NextRange(int32 item, int32& first, int32& last) const {
+        first = Next(item);
+        last = -1;
+        if (!Member(first) || !MemberInRange(first)) return first;
+        last = first;
+        while (last < 0x7FFFFFFF && Member(last + 1)) ++last;
+        return last;
+    }
+
+    int32 GetByIndex(int32 ordinal) {
+        if (ordinal > Count()) return -1;
+        int32 candidate = -1;
+        if (cachedIndex != 0) {
+            if (ordinal == cachedIndex) candidate = cachedItem;
+            if (ordinal == cachedIndex + 1) candidate = Next(cachedItem);
+            if (ordinal == cachedIndex - 1) candidate = Prev(cachedItem);
+        }
+        cachedIndex = ordinal;
+        if (candidate == -1) candidate = ByPages(ordinal);
+        cachedItem = candidate;
+        return candidate;
+    }
+
+    int32 GetByIndexBrute(int32 ordinal) const {
+        if (ordinal > Count()) return -1;
+        int32 item = min;
+        for (int32 step = 1; step < ordinal; ++step) item = Next(item);
+        return item;
+    }
+
+    int32 GetIndex(int32 item) const {
+        if (item > max || item < min || !Member(item)) return -1;
+        return static_cast<int32>(std::upper_bound(members.begin(), members.end(), item) - members.begin());
+    }
+
+    PlainSparseSet Copy() const {
+        PlainSparseSet copy;
+        for (int32 item = Next(-1); item != -1; item = Next(item)) copy.Add(item);
+        return copy;
+    }
+
+    int32 PageCount(int32 page) const {
+        const int64 first = int64{page} * kPageItems;
+        const auto begin = std::lower_bound(members.begin(), members.end(), first);
+        return static_cast<int32>(std::lower_bound(begin, members.end(), first + kPageItems) - begin);
+    }
+
+private:
+    int32 ByPages(int32 ordinal) const {
+        int32 page = min >> 18;
+        int32 rest = ordinal;
+        while (rest > PageCount(page)) rest -= PageCount(page++);
+        int32 item = page * kPageItems - 1;
+        for (; rest > 0; --rest) item = Next(item);
+        return item;
+    }
+};
+
+}  // namespace Torvo::test
