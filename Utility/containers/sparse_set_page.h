@@ -2,6 +2,10 @@
 //
 // A place is a value less the first value of its page. Nothing here knows of lists; keeping `flist::count` and its
 // bounds right is the caller's part.
+//
+// Behind a bitmap, in the same block and out of the caller's sight, lies its map: a bit for each 64-bit word of the
+// bitmap, set where the word is not zero. A search looks for the next word in the map, and so reads of a thinly filled
+// bitmap only what has members.
 #pragma once
 
 #include <Utility/containers/bit_words.h>
@@ -13,6 +17,8 @@ constexpr uint32 kShift = 18;
 constexpr uint32 kPlaces = uint32{1} << kShift;
 constexpr uint32 kBitmapBytes = kPlaces / 8;
 constexpr uint32 kWords = kPlaces / bits::kWordBits;
+constexpr uint32 kMapBytes = kWords / 8;
+constexpr uint32 kMapWords = kWords / bits::kWordBits;
 // What a search says when it found nothing: the place behind the last.
 constexpr uint32 kNone = kPlaces;
 
@@ -24,14 +30,32 @@ inline bool IsFull(const flist_page& page) {
     return page.count == kPlaces;
 }
 
-// The bit of a place in a bitmap.
-inline bool TestBit(const uint16* bitmap, uint32 place) {
-    return ((bitmap[place >> 4] >> (place & 15)) & 1) != 0;
+// The map of a bitmap, to be read by bits::LoadWord.
+inline uint16* MapOf(uint16* bitmap) {
+    return bitmap + kBitmapBytes / sizeof(uint16);
 }
 
+inline const uint16* MapOf(const uint16* bitmap) {
+    return bitmap + kBitmapBytes / sizeof(uint16);
+}
+
+inline void MarkWordOf(uint16* bitmap, uint32 place) {
+    const uint32 word = place / bits::kWordBits;
+    uint16& mapped = MapOf(bitmap)[word >> 4];
+    mapped = static_cast<uint16>(mapped | uint32{1} << (word & 15));
+}
+
+// A bitmap's word for an empty page, and for a full one.
+inline constexpr uint16 kWholeWords[] = {0, 0xFFFF};
+
+// The word is chosen by arithmetic and not by a branch on the page's state, which is as good as random where pages
+// differ.
 inline bool Holds(const flist_page& page, uint32 place) {
-    if (IsFull(page)) return true;
-    return page.bits != nullptr && TestBit(page.bits, place);
+    const auto inBitmap = reinterpret_cast<std::uintptr_t>(page.bits) + std::size_t{place >> 4} * sizeof(uint16);
+    const auto whole = reinterpret_cast<std::uintptr_t>(kWholeWords + (page.count >> kShift));
+    const std::uintptr_t hasBitmap = page.count - 1 < kPlaces - 1 ? 1 : 0;
+    const auto* const word = reinterpret_cast<const uint16*>(whole ^ ((whole ^ inBitmap) & (0 - hasBitmap)));
+    return ((*word >> (place & 15)) & 1) != 0;
 }
 
 // Gives an empty page a bitmap of zeros; false if memory is short.
@@ -49,6 +73,7 @@ inline bool Add(flist_page& page, uint32 place) {
     const uint32 bit = uint32{1} << (place & 15);
     if ((word & bit) != 0) return false;
     word = static_cast<uint16>(word | bit);
+    MarkWordOf(page.bits, place);
     if (++page.count == kPlaces) FreeBitmap(page);
     return true;
 }
@@ -62,8 +87,26 @@ bool AddRange(flist_page& page, uint32 first, uint32 last);
 // Makes an empty page hold the members that `source` has in [first, last]; false if memory is short.
 bool CopyRange(flist_page& page, const flist_page& source, uint32 first, uint32 last);
 
+// The lowest place above this one's word that is set in the bitmap, or kNone.
+uint32 SetBitBehindWordOf(const uint16* bitmap, uint32 place);
+
+// The bits of a place's word from the place on, the place's own in the least significant bit.
+inline uint64 RestOfWord(const uint16* bitmap, uint32 place) {
+    return bits::LoadWord(bitmap, place / bits::kWordBits) >> (place % bits::kWordBits);
+}
+
+// The lowest place at or above this one that is set in the bitmap, or kNone.
+inline uint32 SetBitFrom(const uint16* bitmap, uint32 place) {
+    const uint64 rest = RestOfWord(bitmap, place);
+    return rest != 0 ? place + static_cast<uint32>(std::countr_zero(rest)) : SetBitBehindWordOf(bitmap, place);
+}
+
 // The lowest member at or above the place, or kNone.
-uint32 MemberFrom(const flist_page& page, uint32 place);
+inline uint32 MemberFrom(const flist_page& page, uint32 place) {
+    if (IsFull(page)) return place;
+    return IsEmpty(page) ? kNone : SetBitFrom(page.bits, place);
+}
+
 // The highest member at or below the place, or kNone.
 uint32 MemberDownFrom(const flist_page& page, uint32 place);
 // The lowest place at or above this one that is no member, or kNone.

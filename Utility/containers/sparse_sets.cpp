@@ -24,13 +24,34 @@ static_assert(offsetof(flist, min) == 20 && offsetof(flist, max) == 24);
 static_assert(offsetof(flist, cachedIndex) == 28 && offsetof(flist, cachedItem) == 32);
 static_assert(sizeof(flist_enumerate_status) == 4);
 
-// What flist_init allocates: the published fields, and behind them, out of the caller's sight, the rank index.
+// What the last step of a walk upwards found, for the next one, which is likely to start there. Every change of the
+// list forgets it.
+struct WalkNotes {
+    // All of [runFirst, runFirst + runSteps] are members, up to `max` at most.
+    int32 runFirst;
+    uint32 runSteps;
+    // The bitmap of the page with that number less one; 0 for none.
+    uint32 pagePlusOne;
+    const uint16* bitmap;
+};
+
+// What flist_init allocates: the published fields, and behind them, out of the caller's sight, notes of our own.
 struct OwnedList : flist {
+    WalkNotes walk;
     RankIndex* ranks;  // null until the list is asked for an ordinal
 };
 
+WalkNotes& WalkOf(flist* list) {
+    return static_cast<OwnedList*>(list)->walk;
+}
+
 RankIndex*& RanksOf(flist* list) {
     return static_cast<OwnedList*>(list)->ranks;
+}
+
+void ForgetWalk(flist* list) {
+    WalkOf(list).runSteps = 0;
+    WalkOf(list).pagePlusOne = 0;
 }
 
 uint32 PageOf(int32 item) {
@@ -61,6 +82,7 @@ void FreePages(flist* list, flist_page* pageArray, uint32 slots) {
     void* block = pageArray;
     ffree_(&block);
     list->pages = nullptr;
+    ForgetWalk(list);
     RankIndex::Destroy(RanksOf(list));
 }
 
@@ -109,15 +131,43 @@ bool AddRangeInPage(flist* list, uint32 page, uint32 first, uint32 last) {
     return done;
 }
 
-// The lowest member in [first, last], or -1.
-int32 MemberBetween(const flist* list, int32 first, int32 last) {
-    const uint32 end = std::min(PageOf(last) + 1, SlotsOf(list));
-    uint32 place = PlaceOf(first);
-    for (uint32 page = PageOf(first); page < end; ++page, place = 0) {
-        const uint32 found = pages::MemberFrom(list->pages[page], place);
-        if (found != pages::kNone) return ItemAt(page, found);
+// Notes that all of [first, last] are members.
+void NoteRun(flist* list, int32 first, int32 last) {
+    WalkOf(list).runFirst = first;
+    WalkOf(list).runSteps = static_cast<uint32>(last - first);
+}
+
+// The lowest member from the item on, which is at most `max`, or -1; with notes for the next step.
+int32 MemberFrom(flist* list, int32 item) {
+    WalkNotes& walk = WalkOf(list);
+    const uint32 end = std::min(PageOf(list->max) + 1, SlotsOf(list));
+    uint32 place = PlaceOf(item);
+    for (uint32 page = PageOf(item); page < end; ++page, place = 0) {
+        const flist_page& slot = list->pages[page];
+        const uint32 found = pages::MemberFrom(slot, place);
+        if (found == pages::kNone) continue;
+        const int32 member = ItemAt(page, found);
+        walk.pagePlusOne = pages::IsFull(slot) ? 0 : page + 1;
+        walk.bitmap = slot.bits;
+        if (pages::IsFull(slot)) NoteRun(list, member, std::min(ItemAt(page, pages::kPlaces - 1), list->max));
+        return member;
     }
     return -1;
+}
+
+// The lowest member from the item on, likely in the bitmap that the last step ended in.
+int32 NextFrom(flist* list, int32 item) {
+    WalkNotes& walk = WalkOf(list);
+    if (walk.pagePlusOne != PageOf(item) + 1) return MemberFrom(list, item);
+    const uint64 rest = pages::RestOfWord(walk.bitmap, PlaceOf(item));
+    if (rest == 0) {
+        const uint32 found = pages::SetBitBehindWordOf(walk.bitmap, PlaceOf(item));
+        return found != pages::kNone ? ItemAt(PageOf(item), found) : MemberFrom(list, item);
+    }
+    if (static_cast<uint8>(rest) == 0xFF) {
+        NoteRun(list, item, std::min(item + std::countr_one(rest) - 1, list->max));
+    }
+    return item + std::countr_zero(rest);
 }
 
 // The highest member at or below the item, or -1.
@@ -313,6 +363,7 @@ bool flist_add(flist* list, int32 item) {
     try {
         RequireList(list);
         if (item < 0) throw std::invalid_argument("invalid item");
+        ForgetWalk(list);
         flist_page& page = PageFor(list, PageOf(item));
         const bool added = pages::Add(page, PlaceOf(item));
         Widen(list, item, item);
@@ -330,6 +381,7 @@ bool flist_add_range(flist* list, int32 first, int32 last) {
         RequireList(list);
         if (first > last) std::swap(first, last);
         if (first < 0) throw std::out_of_range("invalid range");
+        ForgetWalk(list);
         for (uint32 page = PageOf(first); page <= PageOf(last); ++page) {
             const uint32 low = page == PageOf(first) ? PlaceOf(first) : 0;
             const uint32 high = page == PageOf(last) ? PlaceOf(last) : pages::kPlaces - 1;
@@ -345,6 +397,7 @@ bool flist_remove(flist* list, int32 item) {
     try {
         RequireList(list);
         if (item < 0 || PageOf(item) >= SlotsOf(list)) return false;
+        ForgetWalk(list);
         const bool removed = pages::Remove(list->pages[PageOf(item)], PlaceOf(item));
         if (removed) {
             AddToCount(list, ~uint32{0});
@@ -360,7 +413,8 @@ bool flist_remove(flist* list, int32 item) {
 }
 
 bool flist_member(flist* list, int32 item) {
-    if (list == nullptr || item < 0 || PageOf(item) >= list->capacity || list->pages == nullptr) return false;
+    // A negative item counts as one above all others, and the pages there are always empty.
+    if (list == nullptr || PageOf(item) >= list->capacity || list->pages == nullptr) return false;
     return pages::Holds(list->pages[PageOf(item)], PlaceOf(item));
 }
 
@@ -403,10 +457,13 @@ bool flist_minmax(flist* list, int32* min, int32* max) {
 int32 flist_next(flist* list, int32 item) {
     try {
         RequireList(list);
+        if (static_cast<uint32>(item) - static_cast<uint32>(WalkOf(list).runFirst) < WalkOf(list).runSteps) {
+            return item + 1;
+        }
         if (list->count < 1) return -1;
         if (item < 0 || item < list->min) return list->min;
         if (item >= list->max) return -1;
-        return MemberBetween(list, item + 1, list->max);
+        return NextFrom(list, item + 1);
     } catch (const std::exception&) {
         return -1;
     }

@@ -5,6 +5,9 @@
 #include <Utility/platform/types.h>
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
+#include <utility>
 #include <vector>
 
 namespace Torvo::test {
@@ -41,6 +44,8 @@ public:
     bool AddRange(int32 first, int32 last) {
         if (first > last) std::swap(first, last);
         if (first < 0) return false;
+        // A long range is merged at once, which is the same and keeps the tests short.
+        if (!heapExhausted && last - first > 1000) return MergeRange(first, last);
         for (int64 item = first; item <= last; ++item) {
             if (!Add(static_cast<int32>(item))) return false;
         }
@@ -84,8 +89,9 @@ public:
         first = Next(item);
         last = -1;
         if (!Member(first) || !MemberInRange(first)) return first;
-        last = first;
-        while (last < 0x7FFFFFFF && Member(last + 1)) ++last;
+        auto at = std::lower_bound(members.begin(), members.end(), first);
+        while (at + 1 != members.end() && *(at + 1) - *at == 1) ++at;
+        last = *at;
         return last;
     }
 
@@ -128,6 +134,22 @@ public:
     }
 
 private:
+    bool MergeRange(int32 first, int32 last) {
+        // The first item makes the page slots of its page, the next that has none those of its own, and so on.
+        for (int32 page = first >> 18; page <= last >> 18; ++page) {
+            if (page >= capacity) capacity = page + 250;
+        }
+        if (Count() == 0 || max < last) max = last;
+        if (Count() == 0 || min > first) min = first;
+        std::vector<int32> range(static_cast<std::size_t>(last - first) + 1);
+        std::iota(range.begin(), range.end(), first);
+        std::vector<int32> merged;
+        std::set_union(members.begin(), members.end(), range.begin(), range.end(), std::back_inserter(merged));
+        if (merged.size() > members.size()) cachedIndex = 0;
+        members = std::move(merged);
+        return true;
+    }
+
     int32 ByPages(int32 ordinal) const {
         int32 page = min >> 18;
         int32 rest = ordinal;

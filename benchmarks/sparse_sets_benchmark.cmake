@@ -1,0 +1,1 @@
+target_link_libraries(sparse_sets_benchmark PRIVATE roaring)
