@@ -153,7 +153,11 @@ private:
     int32 ByPages(int32 ordinal) const {
         int32 page = min >> 18;
         int32 rest = ordinal;
-        while (rest > PageCount(page)) rest -= PageCount(page++);
+        for (; rest > PageCount(page); ++page) {
+            // Bounds that a failed remove has moved can leave fewer members than were counted.
+            if (page > 8191) return -1;
+            rest -= PageCount(page);
+        }
         int32 item = page * kPageItems - 1;
         for (; rest > 0; --rest) item = Next(item);
         return item;

@@ -1,0 +1,30 @@
+// A fuzzer's input, read as operations on a container and its plain form.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#include <cstddef>
+#include <cstdlib>
+
+namespace Torvo::fuzz {
+
+class OperationStream {
+public:
+    OperationStream(const uint8* data, std::size_t size) : next_(data), end_(data + size) {}
+
+    bool AtEnd() const { return next_ == end_; }
+    // The next byte; 0 behind the end.
+    uint32 Byte() { return AtEnd() ? 0 : *next_++; }
+    uint32 Word() { return Byte() | Byte() << 8; }
+
+private:
+    const uint8* next_;
+    const uint8* end_;
+};
+
+// Ends the program, so that the fuzzer keeps the input, unless the container and its plain form agree.
+inline void Require(bool agreed) {
+    if (!agreed) std::abort();
+}
+
+}  // namespace Torvo::fuzz
