@@ -93,6 +93,15 @@ void operator delete(void* block, std::size_t) noexcept {
     __wrap_free(block);
 }
 
+// Called where a constructor throws behind a new that does not.
+void operator delete(void* block, const std::nothrow_t&) noexcept {
+    __wrap_free(block);
+}
+
+void operator delete[](void* block, const std::nothrow_t&) noexcept {
+    __wrap_free(block);
+}
+
 void operator delete[](void* block) noexcept {
     __wrap_free(block);
 }
