@@ -17,12 +17,15 @@
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/metafiles.h>
+#include <Utility/number_parsing.h>
+#include <Utility/number_printing.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
 #include <Utility/queues.h>
 #include <Utility/regions.h>
 #include <Utility/resources.h>
 #include <Utility/sparse_sets.h>
+#include <Utility/sql_numbers.h>
 #include <Utility/startup.h>
 #include <Utility/strings.h>
 #include <Utility/version.h>

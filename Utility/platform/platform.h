@@ -8,6 +8,7 @@
 #include <Utility/platform/host.h>
 #include <Utility/platform/locales.h>
 #include <Utility/platform/modules.h>
+#include <Utility/platform/number_text.h>
 #include <Utility/platform/regions.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>

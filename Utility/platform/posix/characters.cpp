@@ -1,12 +1,7 @@
-#include <Utility/platform/posix/characters.h>
-
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
-
-#include <algorithm>
-#include <iterator>
 
 namespace Torvo::platform {
 
@@ -58,21 +53,6 @@ const wchar16* PreviousPoint(const wchar16* start, const wchar16* current) {
 }
 
 }  // namespace
-
-bool IsSpace(wchar16 unit) {
-    if (unit < 0x80) return unit == ' ' || (unit >= 9 && unit <= 13);
-    return (unit >= 9 && unit <= 13) || (Category(unit) & U_GC_Z_MASK) != 0;
-}
-
-int DigitValue(wchar16 unit) {
-    static constexpr wchar16 zeros[] = {0x0030, 0x0660, 0x06F0, 0x0966, 0x09E6, 0x0A66, 0x0AE6, 0x0B66, 0x0C66,
-                                        0x0CE6, 0x0D66, 0x0E50, 0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10};
-    if (unit < 0x80) return unit >= '0' && unit <= '9' ? unit - '0' : -1;
-    const wchar16* const above = std::upper_bound(std::begin(zeros), std::end(zeros), unit);
-    if (above == std::begin(zeros)) return -1;
-    const int value = unit - above[-1];
-    return value < 10 ? value : -1;
-}
 
 wchar16* CharNextW(const wchar16* text) {
     if (*text != 0) {

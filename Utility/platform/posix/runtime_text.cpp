@@ -1,11 +1,10 @@
-#include <Utility/platform/posix/characters.h>
+#include <Utility/platform/number_text.h>
 #include <Utility/platform/posix/text_scan.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/unit_set.h>
 
 #include <algorithm>
-#include <climits>
 #include <clocale>
 
 namespace Torvo::platform {
@@ -144,15 +143,7 @@ int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count) {
 }
 
 int _wtoi(const wchar16* text) {
-    while (IsSpace(*text)) ++text;
-    const bool negative = *text == '-';
-    if (*text == '-' || *text == '+') ++text;
-    const int64 limit = negative ? -int64{INT_MIN} : int64{INT_MAX};
-    int64 value = 0;
-    for (int digit = DigitValue(*text); digit >= 0; digit = DigitValue(*++text)) {
-        value = std::min(value * 10 + digit, limit);
-    }
-    return static_cast<int>(negative ? -value : value);
+    return wcstol(text, nullptr, 10);
 }
 
 }  // namespace Torvo::platform

@@ -1,0 +1,75 @@
+#include <Utility/numbers/neutral_text.h>
+
+#include <Utility/platform/float_text.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+namespace Torvo {
+
+namespace {
+
+std::chars_format CharsFormat(PRINTF_FORMAT format) {
+    if (format == PRINTF_FORMAT_E) return std::chars_format::scientific;
+    return format == PRINTF_FORMAT_F ? std::chars_format::fixed : std::chars_format::general;
+}
+
+}  // namespace
+
+NeutralText::NeutralText(double value, PRINTF_FORMAT format, int32 precision, int32 width) {
+    if (std::isfinite(value)) {
+        PrintDigits(value, format, precision < 0 ? 6 : precision);
+    } else {
+        PrintSpecial(value);
+    }
+    if (width != 0) Pad(width);
+}
+
+void NeutralText::PrintSpecial(double value) {
+    const platform::FloatText special(value, 'f', 0, false);
+    if (special.IsNegative()) text[length++] = '-';
+    length += special.Whole().copy(text + length, Capacity - length);
+}
+
+// A precision that no text can hold is lowered, because the standard library counts in int; it stays above what any
+// number needs.
+void NeutralText::PrintDigits(double value, PRINTF_FORMAT format, int32 precision) {
+    constexpr int32 MostDigits = 1100;
+    precision = std::min(precision, MostDigits);
+    const std::to_chars_result printed = std::to_chars(text, text + Capacity, value, CharsFormat(format), precision);
+    if (printed.ec == std::errc()) length = static_cast<uint64>(printed.ptr - text);
+}
+
+void NeutralText::Pad(int32 width) {
+    const auto wanted = static_cast<uint64>(std::abs(static_cast<int64>(width)));
+    if (wanted > Capacity) length = 0;
+    if (wanted > Capacity || wanted <= length || length == 0) return;
+    if (width > 0) {
+        std::memmove(text + (wanted - length), text, length);
+        std::fill_n(text, wanted - length, ' ');
+    } else {
+        std::fill_n(text + length, wanted - length, ' ');
+    }
+    length = wanted;
+}
+
+void NeutralText::CutAt(uint64 limit) {
+    length = std::min(length, limit);
+}
+
+void NeutralText::DropTrailingZeros() {
+    if (std::memchr(text, '.', length) == nullptr) return;
+    while (text[length - 1] == '0') --length;
+    if (text[length - 1] == '.') --length;
+}
+
+void NeutralText::CopyTo(wchar16* out, uint64 size) const {
+    if (out == nullptr || size == 0) return;
+    const uint64 units = std::min(length, size - 1);
+    std::transform(text, text + units, out, [](char c) { return static_cast<wchar16>(c); });
+    std::fill(out + units, out + size, wchar16{0});
+}
+
+}  // namespace Torvo
