@@ -119,10 +119,10 @@ void cErrorSystemImpl::ClearErrors() {
 // The record of a number, if the number is to be told once.
 ErrorRecord* cErrorSystemImpl::FindStanding(int32 number) {
     if (number == EndOfGroup || (funcs != nullptr && funcs->KeepDuplicateErrors())) return nullptr;
-    for (ErrorRecord& record : std::span(records).first(static_cast<uint64>(attemptCount))) {
-        if (record.errorNumber == number) return &record;
-    }
-    return nullptr;
+    const auto taken = std::span(records).first(static_cast<uint64>(attemptCount));
+    const auto found = std::find_if(taken.begin(), taken.end(),
+                                    [&](const ErrorRecord& record) { return record.errorNumber == number; });
+    return found != taken.end() ? &*found : nullptr;
 }
 
 // The place for a new record, or -1 where none is taken any more.
