@@ -32,7 +32,7 @@
 //
 // Texts are zero-terminated, and sizes are in 16-bit units with the terminator. Indexes are positions 0 to 29 in the
 // list of records, and are not checked. Where memory is too short to keep a text, the text is left out and the list is
-// in the state of overflow; no call throws.
+// in the state of overflow; no call throws, except GetErrorNum, which says when.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -134,7 +134,11 @@ ZUAPI bool GetNextError(bool first, wchar16* buffer, uint64 size);
 
 // Whether a record of that number stands. Number 0 is that of an unused record, so it "occurred" unless 30 are stored.
 ZUAPI bool ThisErrorOccurred(int32 number);
-// The number of a record, 0 for an unused one.
+// The number of a record, 0 for an unused one. For number 15 the real number is carried as text: it is read, as by
+// StringToInt (<Utility/number_parsing.h>), from the start of the first parameter, and with all texts of this and the
+// later records behind it, so digits may follow from there; 0 if no number stands there. Throws std::out_of_range if
+// the record's text is no longer there, which can only be when a callback has cleared the list while an error was
+// stored.
 ZUAPI int32 GetErrorNum(int32 index);
 // The resource identifier of a record, -1 if it was raised without one.
 ZUAPI int32 GetResourceID(int32 index);

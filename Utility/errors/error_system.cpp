@@ -2,6 +2,7 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/errors/message_composer.h>
+#include <Utility/number_parsing.h>
 #include <Utility/platform/platform.h>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace Torvo {
 namespace {
 
 constexpr int32 EndOfGroup = -1;
+constexpr int32 NumberInText = 15;  // its real number is the text of the first parameter
 
 constexpr wchar16 LostText[] = ZUTEXT(" Too many errors.  Error information has been lost.");
 constexpr uint64 LostLength = std::size(LostText) - 1;
@@ -271,7 +273,12 @@ bool cErrorSystemImpl::ThisErrorOccurred(int32 number) {
 }
 
 int32 cErrorSystemImpl::GetErrorNum(int32 index) {
-    return RecordAt(index).errorNumber;
+    const ErrorRecord& record = RecordAt(index);
+    if (record.errorNumber != NumberInText) return record.errorNumber;
+    if (record.param0.start > textPool.size()) throw std::out_of_range("GetErrorNum: the text of the error is gone");
+    int number = 0;
+    StringToInt(textPool.c_str() + record.param0.start, &number, nullptr);
+    return number;
 }
 
 int32 cErrorSystemImpl::GetResourceID(int32 index) {

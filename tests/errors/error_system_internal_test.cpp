@@ -109,6 +109,7 @@ TEST(ErrorSystem, SurvivesAnApplicationThatClearsTheListWhileAnErrorIsStored) {
     Raise(errors, 15, ZUTEXT("^0"), ZUTEXT("1"));
     intruder.clears = false;
     for (uint64 i = 0; i < 30; ++i) Message(errors, i);
+    EXPECT_THROW(errors.GetErrorNum(1), std::out_of_range);
     Group(errors, true);
     errors.ClearErrors();
     for (int32 number = 20; number < 60; ++number) Raise(errors, number, ZUTEXT("^0"), ZUTEXT("b"));

@@ -459,6 +459,34 @@ TEST_F(Errors, AnIndexOutsideTheListIsAnUnusedRecord) {
     }
 }
 
+TEST_F(Errors, NumberFifteenIsCarriedAsText) {
+    Raise(15, ZUTEXT("f"), ZUTEXT("1234"));
+    EXPECT_EQ(GetErrorNum(0), 1234);
+    EXPECT_TRUE(ThisErrorOccurred(15));
+    EXPECT_FALSE(ThisErrorOccurred(1234));
+}
+
+TEST_F(Errors, NumberFifteenReadsOnToTheEndOfAllTexts) {
+    Raise(15, ZUTEXT("f"), ZUTEXT("12"), ZUTEXT("34"));
+    EXPECT_EQ(GetErrorNum(0), 1234);
+    Raise(16, ZUTEXT("f"), ZUTEXT("56 and more"));
+    EXPECT_EQ(GetErrorNum(0), 123456);
+}
+
+TEST_F(Errors, NumberFifteenWithoutANumberIsZero) {
+    Raise(15, ZUTEXT("f"));
+    EXPECT_EQ(GetErrorNum(0), 0);
+    ClearErrors();
+    Raise(15, ZUTEXT("f"), ZUTEXT("none"));
+    EXPECT_EQ(GetErrorNum(0), 0);
+    ClearErrors();
+    Raise(15, ZUTEXT("f"), ZUTEXT("99999999999"));
+    EXPECT_EQ(GetErrorNum(0), 0);
+    ClearErrors();
+    Raise(15, ZUTEXT("f"), ZUTEXT("  -8x"));
+    EXPECT_EQ(GetErrorNum(0), -8);
+}
+
 TEST_F(Errors, TheApplicationIsAskedInOrder) {
     RecordingApplication application;
     SetErrorFunctions(&application);
