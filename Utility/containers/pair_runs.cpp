@@ -17,7 +17,7 @@ std::size_t CountLeading(const std::vector<Element>& elements, Predicate holds) 
     std::size_t size = elements.size();
     while (size > 1) {
         const std::size_t half = size / 2;
-        base += holds(base[half - 1]) ? half : 0;
+        base += half * static_cast<std::size_t>(holds(base[half - 1]));
         size -= half;
     }
     return static_cast<std::size_t>(base - elements.data()) + (holds(*base) ? 1 : 0);

@@ -59,7 +59,7 @@ uint64 TaggedWords::Find(int32 item) const {
     // The steps depend on the number of words alone, so that no branch is guessed wrong on the way.
     while (size > 1) {
         const uint64 half = size / 2;
-        base += ValueOf(base[half - 1]) < item ? half : 0;
+        base += half * static_cast<uint64>(ValueOf(base[half - 1]) < item);
         size -= half;
     }
     const uint64 at = static_cast<uint64>(base - words_) + (ValueOf(*base) < item ? 1 : 0);
