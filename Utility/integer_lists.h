@@ -32,19 +32,21 @@ template <typename T>
 class ZUListEnumerator {
 public:
     virtual ~ZUListEnumerator() = default;
-    // Writes the next member. False at the end; what `item` holds then is said nothing of.
+    // Writes the next member. False at the end; then ZUList<long32> writes -1, and the others nothing.
     virtual bool Next(T& item) = 0;
 };
 
 // Walks the runs of a list in ascending order; a lone value is a run with `first` equal to `last`.
 //
-// The range enumerator that a list creates is, at the same time, an enumerator of members: both kinds of Next move one
-// position. A step over a run from inside one goes on behind it.
+// What a list creates is, whichever kind was asked for, an enumerator of both kinds with one position. A caller who
+// mixes the two gets what that position says: a step over runs passes the run that it is in, and a step over members
+// goes on counting from the member last given, up to the end of the run that the position is in.
 template <typename T>
 class ZUListRangeEnumerator {
 public:
     virtual ~ZUListRangeEnumerator() = default;
-    // Writes the bounds of the next run. False at the end; what they hold then is said nothing of.
+    // Writes the bounds of the next run. False at the end; then ZUList<long32> writes -1
+    // to both, and the others nothing.
     virtual bool Next(T& first, T& last) = 0;
 };
 
