@@ -245,8 +245,8 @@ TEST_F(SparseSetFailures, AnswersAsThePlainFormDoes) {
         for (int i = 0; i < test::kRandomOperations / 2000; ++i) {
             const auto item = static_cast<int32>(random.Between(0, 4) * kPage + random.Between(-3, 3));
             plain.heapExhausted = random.OneIn(2);
-            const auto near = static_cast<int32>(plain.cachedIndex + random.Between(-2, 2));
-            const int32 ordinal = random.OneIn(4) ? plain.Count() - near : near;
+            const auto nearby = static_cast<int32>(plain.cachedIndex + random.Between(-2, 2));
+            const int32 ordinal = random.OneIn(4) ? plain.Count() - nearby : nearby;
             const int64 operation = random.Between(0, 8);
             int32 answer = 0;
             {

@@ -607,8 +607,8 @@ void AskBoth(flist* list, PlainSparseSet& plain, test::Random& random, int32 ite
     ASSERT_EQ(first, plainFirst);
     ASSERT_EQ(last, plainLast);
     // Mostly neighbours of the last ordinal, which the remembered one answers.
-    const auto near = static_cast<int32>(plain.cachedIndex + random.Between(-2, 2));
-    const auto ordinal = random.OneIn(20) ? static_cast<int32>(random.Between(-2, plain.Count() + 2)) : near;
+    const auto nearby = static_cast<int32>(plain.cachedIndex + random.Between(-2, 2));
+    const auto ordinal = random.OneIn(20) ? static_cast<int32>(random.Between(-2, plain.Count() + 2)) : nearby;
     ASSERT_EQ(flist_getbyindex(list, ordinal), plain.GetByIndex(ordinal)) << ordinal;
     if (random.OneIn(100)) {
         ASSERT_EQ(flist_getbyindex_brute(list, ordinal), plain.GetByIndexBrute(ordinal)) << ordinal;
