@@ -130,7 +130,7 @@ TYPED_TEST(IntegerList, EveryKindOfNeighbourJoins) {
 
 TYPED_TEST(IntegerList, AddOfAMemberIsTrue) {
     const auto list = ListOf<TypeParam>({5, 6, 7, 9});
-    for (const TypeParam item : {5, 6, 7, 9}) EXPECT_TRUE(list->Add(item));
+    for (const TypeParam item : std::initializer_list<TypeParam>{5, 6, 7, 9}) EXPECT_TRUE(list->Add(item));
     EXPECT_EQ(list->Count(), 4u);
 }
 
@@ -158,14 +158,16 @@ TYPED_TEST(IntegerList, RemoveOfTheMiddleOfThreeLeavesTwoLoneValues) {
 
 TYPED_TEST(IntegerList, RemoveOfWhatIsNotThereIsTrue) {
     const auto list = ListOf<TypeParam>({1, 2, 9});
-    for (const TypeParam item : {0, 3, 8, 10}) EXPECT_TRUE(list->Remove(item));
+    for (const TypeParam item : std::initializer_list<TypeParam>{0, 3, 8, 10}) EXPECT_TRUE(list->Remove(item));
     EXPECT_EQ(list->Count(), 3u);
 }
 
 TYPED_TEST(IntegerList, MemberKnowsRunsAndGaps) {
     const auto list = ListOf<TypeParam>({2, 4, 5, 6, 9});
-    for (const TypeParam item : {2, 4, 5, 6, 9}) EXPECT_TRUE(list->Member(item)) << item;
-    for (const TypeParam item : {0, 1, 3, 7, 8, 10}) EXPECT_FALSE(list->Member(item)) << item;
+    for (const TypeParam item : std::initializer_list<TypeParam>{2, 4, 5, 6, 9})
+        EXPECT_TRUE(list->Member(item)) << item;
+    for (const TypeParam item : std::initializer_list<TypeParam>{0, 1, 3, 7, 8, 10})
+        EXPECT_FALSE(list->Member(item)) << item;
 }
 
 TYPED_TEST(IntegerList, MinMaxTellsOneRun) {

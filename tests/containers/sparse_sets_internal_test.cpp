@@ -176,7 +176,7 @@ TEST_F(SparseSetFailures, CopyIsWholeOrNull) {
 }
 
 TEST_F(SparseSetFailures, OrdinalsNeedNoMemory) {
-    for (const uint64 granted : {0, 1}) {
+    for (const uint64 granted : {uint64{0}, uint64{1}}) {
         flist* list = flist_init();
         for (int32 item = 0; item < 3000; ++item) flist_add(list, item * 977);
         {
