@@ -7,6 +7,15 @@
 // then decides itself who shares what; the library takes no lock around the services, so a host that returns one
 // instance to several threads serialises its calls.
 //
+// The keys of the services are
+//
+//   1 cCheckEsc   2 cFileSystem   3 cLocaleInfo   4 cCharsetConverter   5 cCharsetInfo   7 cErrorSystem
+//   8 cFileCache   9 cStringResourceBuffers   13 StringNormalizerManager
+//
+// and 6, 10, 11 and 12 are free. They are created in the order 9, 7, 3, 5, 4, 13, 1, 2, 8 and deleted in the order 9,
+// 7, 13, 5, 4, 3, 1, 2, 8. When one cannot be created, for want of memory, it and those after it are missing: its
+// `Instance` gives null, and the free functions that need it must not be called.
+//
 // Nothing is cleaned up when a thread ends. A thread that used the library calls InstanceData::Destroy before it ends,
 // or its services, with their open files and buffers, are leaked.
 #pragma once
@@ -20,7 +29,8 @@ public:
     // Releases the table, not the services; see Destroy.
     virtual ~InstanceData() = default;
 
-    // Puts `value` under `key`, replacing what was there; the former value is not destroyed. True.
+    // Puts `value` under `key`, replacing what was there; the former value is not destroyed. True; false only for a key
+    // of the caller's own, above 15, when memory is short, and then nothing is changed.
     virtual bool SetSlot(unsigned int key, void* value) = 0;
     // The value under `key`, or null.
     virtual void* GetSlot(unsigned int key) = 0;
@@ -35,7 +45,10 @@ public:
     // Deletes the services of the caller's instance, takes the instance out of the current store and deletes it.
     // With `onlyIfAutoDestroy`, an instance whose flag was cleared is left alive. With `fromThreadStore` the instance
     // is the one that the thread-local store holds, whatever store is current, and nothing happens when it holds none;
-    // the services deleted are still those that the current store leads to. Otherwise a thread without an instance gets
+    // the services deleted are still those that the current store leads to, and it is the current store that forgets.
+    // So with a host's store current and an instance of the thread's own beside it, the thread-local store is left with
+    // a pointer to a deleted instance, and the host's instance with deleted services: call ClearExternalDataStorage and
+    // SetInstanceData(nullptr) after it, and delete the host's instance. Otherwise a thread without an instance gets
     // a complete one first, which is then destroyed.
     static void Destroy(bool onlyIfAutoDestroy, bool fromThreadStore);
 };
@@ -58,7 +71,8 @@ ZUAPI void SetExternalDataStorage(InstanceData* (*get)(), bool (*set)(InstanceDa
 
 // Takes one SetExternalDataStorage back; the last one makes the thread-local store current again. While outer ones
 // remain, a calling thread without an instance in its thread-local store takes the host's one back to it. After the
-// last one the thread starts without an instance, and the host keeps what it stored.
+// last one the thread starts without an instance, and the host keeps what it stored. A call without a counterpart is
+// not caught: the next SetExternalDataStorage then only counts.
 ZUAPI void ClearExternalDataStorage();
 
 }  // namespace Torvo

@@ -12,7 +12,7 @@
 #include <Utility/platform/types.h>
 
 // Allocates `size` bytes into *block, zeroed if `zero` is true. The third argument has no effect. Returns whether
-// *block is non-null; on failure *block is null. A size of 0 gives what the heap gives for it, with nothing cleared.
+// *block is non-null; on failure *block is null. A size of 0 gives what the heap gives for it.
 ZUAPI bool falloc_(Torvo::uint64 size, void** block, bool unused, bool zero);
 
 // Frees *block, which may be null, and sets it to null.
@@ -20,7 +20,8 @@ ZUAPI void ffree_(void** block);
 
 // Resizes *block to `size` bytes, keeping its content up to the smaller size and zeroing what is new; null is a block
 // of size 0. What was last asked for counts as the old size, even where the heap reports more: growing from 8 to 16
-// bytes zeroes the second eight. A size of 0 leaves a minimal block, not null. Returns whether *block is non-null.
+// bytes zeroes the second eight. (For a block that did not come from these functions, the size that the heap reports
+// counts as the old one.) A size of 0 leaves a minimal block, not null. Returns whether *block is non-null.
 //
 // On failure *block is null and the old block is lost to the caller: it is NOT freed, and nothing leads to it any more.
 // A caller that must not lose it keeps a copy of the pointer and frees that.

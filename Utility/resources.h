@@ -52,11 +52,11 @@ public:
     // order; of two equal ids the first wins.
     struct sStringTable {
         int32 id;
-        const wchar16* text;
+        const wchar16* text;  // a row without one is not found
     };
 
     cStringTable();  // no table: nothing is found
-    explicit cStringTable(sStringTable* table);
+    cStringTable(sStringTable* table);
     cStringTable(const cStringTable& other);  // shares the table
     cStringTable& operator=(const cStringTable&) = default;
 
@@ -70,24 +70,28 @@ private:
 };
 
 // Texts from a resource library, loaded at the first look-up. A library that cannot be loaded is tried again at each
-// look-up.
+// look-up. Of a text in several languages, which one is the system's choice: by the language of the thread's user
+// interface on Windows; elsewhere the neutral one, else that of the thread's locale, of its primary language, of the
+// United States, else the first.
 class ZUAPI cResourceDLL : public cStringResource {
 public:
     // Thrown for a null name.
-    enum eLoadError { NullName = 1 };
+    enum eLoadError : int32 { NullName = 1 };
 
     cResourceDLL();  // an empty name, nothing loaded
     // Takes over one reference to a module that is already loaded: the destructor frees it.
-    explicit cResourceDLL(HINSTANCE const& module);
+    cResourceDLL(HINSTANCE const& module);
     // Stores the name, at most 259 units, without loading anything. A longer name is refused: nothing will be found.
-    explicit cResourceDLL(const wchar16* name);
-    explicit cResourceDLL(std::nullptr_t) : cResourceDLL(static_cast<const wchar16*>(nullptr)) {}
+    cResourceDLL(const wchar16* name);
+    cResourceDLL(std::nullptr_t) : cResourceDLL(static_cast<const wchar16*>(nullptr)) {}
     // Copies the name and the handle, without a reference of its own: both objects free the same module.
     cResourceDLL(const cResourceDLL& other);
+    // As the copy constructor. A module that the object had before is forgotten, not freed.
     cResourceDLL& operator=(const cResourceDLL&) = default;
     ~cResourceDLL() override;
 
-    // Stores another name, as the constructor does. Once a module is loaded, the name has no effect any more.
+    // Stores another name, as the constructor does: one that is refused replaces the former one too. Once a module is
+    // loaded, the name has no effect any more.
     void SetResource(const wchar16* name);
 
 protected:

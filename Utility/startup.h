@@ -10,7 +10,8 @@
 namespace Torvo {
 
 // Calls "DllEnsureInit", without arguments, in each of the sibling libraries `dbinfo.dll`, `raster.dll` and
-// `daengine.dll`, in this order, if it is already in the process and has such an entry. Never loads one.
+// `daengine.dll`, in this order, if it is already in the process and has such an entry. Never loads one. Takes no lock:
+// the entries are called on the calling thread, and must bear it if several threads call this.
 ZUAPI void UtilDllEnsureInit();
 
 // Looks "DllForceTerm" up in the same libraries, and does not call it: the function has no effect. It is kept for the
@@ -27,10 +28,14 @@ ZUAPI bool InitLiterals();
 ZUAPI wchar16 const* GetDefaultRotatableFont();
 
 // Loads a library that lies in the directory of a module that is already in the process: `siblingModule`, by file name,
-// or the program itself when there is no such module. Only the name and the extension of `library` count, not its
-// directory; without an extension it gets "dll". The dependencies of the loaded library are searched for from its own
-// directory first. `result` gets the handle, or null; true if it is not null. If not even the program's own handle can
-// be had the result is false, with `result` untouched. Paths above 260 units fail.
+// or the program itself when there is no such module (null means the program). Only the name and the extension of
+// `library` count, not its directory; without an extension it gets "dll". The dependencies of the loaded library are
+// searched for from its own directory first.
+//
+// `result` gets the handle, or null on failure; true if it is not null. The handle is one reference, which is given
+// back with the system's own call, or by a cResourceDLL made from it. Paths that do not fit into 259 units fail. If
+// `library` is null, or not even the program's own handle can be had, `result` is untouched. May be called on any
+// thread.
 ZUAPI bool LoadZULibrary(wchar16 const* library, wchar16 const* siblingModule, HINSTANCE& result);
 
 }  // namespace Torvo

@@ -2,6 +2,7 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/frame/instance_data.h>
+#include <Utility/frame/system_version.h>
 #include <Utility/platform/platform.h>
 #include <Utility/resources.h>
 
@@ -59,29 +60,6 @@ void WriteMissingText(int id, wchar16* buffer) {
     *buffer = 0;
 }
 
-// Compares the named members of `version` with the running system, all under the same condition.
-bool SystemIs(platform::OSVERSIONINFOEXW version, uint32 members, uint8 condition) {
-    version.dwOSVersionInfoSize = sizeof version;
-    uint64 mask = 0;
-    for (uint32 member = 1; member <= members; member <<= 1) {
-        if ((members & member) != 0) mask = platform::VerSetConditionMask(mask, member, condition);
-    }
-    return platform::VerifyVersionInfoW(&version, members, mask);
-}
-
-bool SystemVersionIsAtLeast(uint32 major, uint32 minor) {
-    platform::OSVERSIONINFOEXW version{};
-    version.dwMajorVersion = major;
-    version.dwMinorVersion = minor;
-    return SystemIs(version, VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR, VER_GREATER_EQUAL);
-}
-
-bool SystemIsWorkstation() {
-    platform::OSVERSIONINFOEXW version{};
-    version.wProductType = VER_NT_WORKSTATION;
-    return SystemIs(version, VER_PRODUCT_TYPE, VER_EQUAL);
-}
-
 }  // namespace
 
 wchar16* cStringResource::GetNextBuffer() const {
@@ -105,7 +83,7 @@ cStringTable::cStringTable(const cStringTable& other) = default;
 bool cStringTable::FindString(int id, wchar16* buffer) const {
     if (table == nullptr) return false;
     for (const sStringTable* row = table; row->id != 0; ++row) {
-        if (row->id == id) {
+        if (row->id == id && row->text != nullptr) {
             strcpyn(buffer, row->text, ResourceTextSize);
             return true;
         }
@@ -146,7 +124,7 @@ bool cResourceDLL::FindString(int id, wchar16* buffer) const {
 
 // The one system on which a module must stay loaded for good.
 bool cResourceDLL::bIsWIN95() {
-    return SystemIsWorkstation() && SystemVersionIsAtLeast(4, 0) && !SystemVersionIsAtLeast(4, 10);
+    return SystemIsWorkstation() && SystemIsAtLeast(4, 0) && !SystemIsAtLeast(4, 10);
 }
 
 cStringResourceBuffers* cStringResourceBuffers::Create() {

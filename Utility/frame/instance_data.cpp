@@ -32,7 +32,9 @@ private:
 
 template <typename T>
 bool Install(T* created) {
-    return created != nullptr && T::Instance(created);
+    if (created == nullptr) return false;
+    T::Instance(created);
+    return true;
 }
 
 // Creates every service in the order in which they need each other, up to the first that cannot be created.

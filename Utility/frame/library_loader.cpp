@@ -27,8 +27,7 @@ bool LoadZULibrary(wchar16 const* library, wchar16 const* siblingModule, HINSTAN
     wchar16 path[PathSize];
     result = nullptr;
     if (!ModuleFileName(sibling, siblingPath)) return false;
-    platform::_wsplitpath(siblingPath, &place);
-    platform::_wsplitpath(library, &file);
+    if (!platform::_wsplitpath(siblingPath, &place) || !platform::_wsplitpath(library, &file)) return false;
     const wchar16* const extension = file.extension[0] != 0 ? file.extension : ZUTEXT("dll");
     if (!platform::_wmakepath(path, PathSize, place.drive, place.directory, file.name, extension)) return false;
 

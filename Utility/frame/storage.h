@@ -20,11 +20,21 @@ public:
 // Forwards to the host's callbacks. A null `get` answers null, a null `set` refuses.
 class ExternalInstanceDataStorage final : public InstanceDataStorage {
 public:
-    InstanceData* GetData() override { return get != nullptr ? get() : nullptr; }
-    bool SetData(InstanceData* instance) override { return set != nullptr && set(instance); }
+    using Get = InstanceData* (*)();
+    using Set = bool (*)(InstanceData*);
 
-    InstanceData* (*get)() = nullptr;
-    bool (*set)(InstanceData*) = nullptr;
+    InstanceData* GetData() override {
+        const Get callback = get.load(std::memory_order_acquire);
+        return callback != nullptr ? callback() : nullptr;
+    }
+    bool SetData(InstanceData* instance) override {
+        const Set callback = set.load(std::memory_order_acquire);
+        return callback != nullptr && callback(instance);
+    }
+
+    // Read without the guard, so that the last clear on one thread does not pull them away under a call of another.
+    std::atomic<Get> get = nullptr;
+    std::atomic<Set> set = nullptr;
 };
 
 // One instance per thread, in a slot of thread-local storage that is allocated when the first instance is stored.

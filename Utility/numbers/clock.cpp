@@ -1,9 +1,9 @@
 #include <Utility/clock.h>
-#include <Utility/frame/guard.h>
+#include <Utility/frame/guards.h>
+#include <Utility/frame/system_version.h>
 #include <Utility/numbers/clock.h>
 #include <Utility/numbers/rounding.h>
 #include <Utility/platform/clock.h>
-#include <Utility/platform/version.h>
 
 namespace Torvo {
 
@@ -11,35 +11,16 @@ namespace {
 
 constexpr uint32 MillisecondsPerHundredth = 10;
 
-// The seeding of the runtime's generator, once in the process. The guard is apart from the static objects of the frame,
-// because nothing of them depends on it.
-struct RandomSeed {
-    ZUGuard guard;
-    bool isDone = false;
-};
+bool generatorIsSeeded = false;  // guarded by randomGuard
 
-RandomSeed randomSeed;
-
+// Seeds the runtime's generator, once in the process.
 void SeedOnce() {
-    platform::EnterCriticalSection(&randomSeed.guard.section);
-    if (!randomSeed.isDone) {
+    platform::EnterCriticalSection(&randomGuard.section);
+    if (!generatorIsSeeded) {
         platform::srand(platform::GetTickCount() / MillisecondsPerHundredth);
-        randomSeed.isDone = true;
+        generatorIsSeeded = true;
     }
-    platform::LeaveCriticalSection(&randomSeed.guard.section);
-}
-
-bool SystemIsAtLeast(uint32 major, uint32 minor) {
-    platform::OSVERSIONINFOEXW version{};
-    version.dwOSVersionInfoSize = sizeof version;
-    version.dwMajorVersion = major;
-    version.dwMinorVersion = minor;
-    uint64 condition = 0;
-    for (const uint32 member : {uint32{VER_MAJORVERSION}, uint32{VER_MINORVERSION}, uint32{VER_SERVICEPACKMAJOR}}) {
-        condition = platform::VerSetConditionMask(condition, member, VER_GREATER_EQUAL);
-    }
-    return platform::VerifyVersionInfoW(&version, VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR,
-                                        condition);
+    platform::LeaveCriticalSection(&randomGuard.section);
 }
 
 }  // namespace

@@ -18,10 +18,11 @@ inline constexpr uint32 HandleUnchangedRefcount = 2;
 inline constexpr uint32 HandleFromAddress = 4;
 
 // The handle of a module that is already in the process, by file name with or without a directory; a name without an
-// extension means `.dll`, one that ends with a point has none. Null names the program itself. Nothing is loaded and no
-// reference is taken. Null, with the last error 126, when there is no such module.
+// extension means `.dll`, one that ends with a point has none; case does not count. Null names the program itself.
+// Nothing is loaded and no reference is taken. Null, with the last error 126, when there is no such module.
 HINSTANCE GetModuleHandleW(const wchar16* name);
-// The same with flags; with HandleFromAddress, `name` is an address inside the module. False, with *module null, when
+// The same with flags, of which HandleUnchangedRefcount must be one, since a reference taken by a look-up is more than
+// every system offers; with HandleFromAddress, `name` is an address inside the module. False, with *module null, when
 // there is none.
 bool GetModuleHandleExW(uint32 flags, const wchar16* name, HINSTANCE* module);
 // The address of an exported symbol, or null.

@@ -38,16 +38,15 @@ bool iswprint(wchar16 unit);  // not the tab
 int _wtoi(const wchar16* text);
 
 // The four parts of a path: the drive with its colon, the directory with its last separator, the name, the extension
-// with its point.
+// with its point. The directory has room for that of any path of the working limit.
 struct PathParts {
     wchar16 drive[3];
-    wchar16 directory[256];
+    wchar16 directory[261];
     wchar16 name[256];
     wchar16 extension[256];
 };
-// Splits a path. A path with a part that does not fit gives four empty parts, where the runtime's call writes past
-// them.
-void _wsplitpath(const wchar16* path, PathParts* parts);
+// Splits a path. False, with four empty parts, when a part does not fit, where the runtime's call writes past it.
+bool _wsplitpath(const wchar16* path, PathParts* parts);
 // Joins parts to a path of at most `size` units with its terminator, adding the colon, the separator and the point
 // where they lack. False, with an empty path, when it does not fit.
 bool _wmakepath(wchar16* path, std::size_t size, const wchar16* drive, const wchar16* directory, const wchar16* name,

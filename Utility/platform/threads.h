@@ -51,7 +51,7 @@ inline constexpr uint32 TlsOutOfIndexes = 0xFFFFFFFF;
 uint32 TlsAlloc();
 // Gives the index back; the values are forgotten, never freed. False for an index that is not allocated.
 bool TlsFree(uint32 index);
-// The calling thread's value; null when it never set one, or for TlsOutOfIndexes.
+// The calling thread's value; null when it never set one, or when there is no such index.
 #if defined(_WIN32)
 void* TlsGetValue(uint32 index);
 #endif

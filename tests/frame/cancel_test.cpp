@@ -4,6 +4,7 @@
 #include <support/vtable_slot.h>
 
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -86,6 +87,25 @@ TEST_F(Cancel, DestroyingTheInstanceLeavesTheCallbackAlive) {
     InstanceData::Destroy(false, false);
     EXPECT_EQ(application.log, "");
     EXPECT_FALSE(CheckEsc());
+}
+
+TEST_F(Cancel, TheCallbackBelongsToTheThreadThatInstalledIt) {
+    Application application(true);
+    InitCheckEscCallback(&application);
+    std::thread([] {
+        EXPECT_FALSE(CheckEsc());
+        InstanceData::Destroy(false, false);
+    }).join();
+    EXPECT_EQ(application.log, "");
+}
+
+TEST_F(Cancel, CreateMakesAServiceWithoutACallbackAndStoresItNowhere) {
+    cCheckEsc* const stored = cCheckEsc::Instance();
+    cCheckEsc* const created = cCheckEsc::Create();
+    EXPECT_NE(created, stored);
+    EXPECT_EQ(cCheckEsc::Instance(), stored);
+    EXPECT_FALSE(created->CheckEsc());
+    delete created;
 }
 
 // A host that answers by itself.

@@ -21,10 +21,17 @@ std::string Zeros(std::size_t count) {
     return std::string(count, '\0');
 }
 
-TEST(MemoryBlocks, AllocationZeroesOnRequest) {
-    Block block;
-    ASSERT_TRUE(falloc_(100, &block.data, false, true));
-    EXPECT_EQ(block.text(0, 100), Zeros(100));
+TEST(MemoryBlocks, AllocationZeroesOnRequestWhateverTheThirdArgumentSays) {
+    for (const bool unused : {false, true}) {
+        {
+            Block dirty;  // what the heap is likely to give out again
+            ASSERT_TRUE(falloc_(100, &dirty.data, unused, false));
+            std::memset(dirty.data, 'x', 100);
+        }
+        Block block;
+        ASSERT_TRUE(falloc_(100, &block.data, unused, true));
+        EXPECT_EQ(block.text(0, 100), Zeros(100));
+    }
 }
 
 TEST(MemoryBlocks, AllocationOfNothingGivesWhatTheHeapGives) {
@@ -128,6 +135,16 @@ TEST(MemoryBlocks, GetMemShrinksWhenNotToldToKeep) {
     ASSERT_TRUE(falloc_(100000, &block.data, false, false));
     ASSERT_TRUE(GetMem_(10, &block.data, false));
     EXPECT_LT(memSize(block.data), 100000u);
+}
+
+TEST(MemoryBlocks, GetMemShrinksASmallBlockToWhatIsAskedFor) {
+    Block block;
+    ASSERT_TRUE(falloc_(16, &block.data, true, false));
+    std::memcpy(block.data, "0123456789abcdef", 16);
+    ASSERT_TRUE(GetMem_(10, &block.data, false));
+    EXPECT_EQ(block.text(0, 10), "0123456789");
+    ASSERT_TRUE(frealloc_(16, &block.data));
+    EXPECT_EQ(block.text(10, 16), Zeros(6)) << "ten bytes were asked for last";
 }
 
 TEST(MemoryBlocks, GetMemOfNothingOnNullKeepsNull) {

@@ -70,8 +70,34 @@ TEST_F(SiblingLibrary, IsNotFoundUnderAnotherNameOrWithoutOne) {
     HINSTANCE library = nullptr;
     EXPECT_FALSE(LoadZULibrary(ZUTEXT("no_such_library"), nullptr, library));
     EXPECT_FALSE(LoadZULibrary(ZUTEXT("dbinfo.xyz"), nullptr, library));
-    EXPECT_FALSE(LoadZULibrary(wstring16(500, wchar16{'x'}).c_str(), nullptr, library));
     EXPECT_EQ(library, nullptr);
+}
+
+TEST_F(SiblingLibrary, ThatCannotBeLoadedLeavesNull) {
+    HINSTANCE library = Load(ZUTEXT("dbinfo"));
+    EXPECT_FALSE(LoadZULibrary(ZUTEXT("no_such_library"), nullptr, library));
+    EXPECT_EQ(library, nullptr);
+    for (const std::size_t length : {200u, 250u, 260u, 500u}) {
+        library = Load(ZUTEXT("dbinfo"));
+        EXPECT_FALSE(LoadZULibrary(wstring16(length, wchar16{'x'}).c_str(), nullptr, library));
+        EXPECT_EQ(library, nullptr) << length;
+    }
+}
+
+TEST_F(SiblingLibrary, WithoutANameLeavesTheResultAlone) {
+    const HINSTANCE before = Load(ZUTEXT("dbinfo"));
+    HINSTANCE library = before;
+    EXPECT_FALSE(LoadZULibrary(nullptr, nullptr, library));
+    EXPECT_EQ(library, before);
+}
+
+// The library itself is a module, under its own name on every system.
+TEST_F(SiblingLibrary, IsFoundBesideTheLibraryItself) {
+    HINSTANCE library = nullptr;
+    const bool found = LoadZULibrary(ZUTEXT("neighbour"), ZUTEXT("TorvoUtility.dll"), library);
+    EXPECT_TRUE(found);
+    // It lies there and not beside the program.
+    EXPECT_EQ(LoadZULibrary(ZUTEXT("neighbour"), nullptr, library), PROGRAM_LIES_BESIDE_THE_LIBRARY);
 }
 
 }  // namespace

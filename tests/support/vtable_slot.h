@@ -7,10 +7,9 @@
 
 namespace Torvo::test {
 
-// The index of an operation, counting the virtual destructor as one, so that the first operation behind it is 2 when
-// read as "the second operation". Works from the Itanium C++ ABI (section 2.3), which all our compilers follow: a
-// pointer to a virtual member function holds 1 + the byte offset in the table, and a virtual destructor takes two
-// entries there.
+// The index of an operation in its class's table. Works from the Itanium C++ ABI (section 2.3), which all our compilers
+// follow: a pointer to a virtual member function holds 1 + the byte offset in the table. A virtual destructor takes two
+// entries there, so behind one that is declared first, the first operation has the index 2.
 template <typename Member>
 std::size_t SlotOf(Member member) {
     std::uintptr_t representation[2];

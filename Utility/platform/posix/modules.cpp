@@ -29,7 +29,7 @@ namespace {
 
 constexpr off_t LargestResourceFile = off_t{256} << 20;
 
-ModuleTable modules;
+constinit ModuleTable modules;
 std::atomic<uint32> errorMode = 0;
 
 std::string AbsolutePath(const std::string& path) {
@@ -80,25 +80,44 @@ std::string CodePath(const std::string& path) {
     return DirectoryOf(path) + "lib" + std::string(base.substr(0, base.size() - extension.size())) + ".so";
 }
 
+// The names under which the dynamic loader knows what is in the process.
+std::vector<std::string> LoadedCodeNames() {
+    struct Names {
+        std::vector<std::string> list;
+        bool complete = true;
+    } names;
+    // The loader calls this through C, where no exception may pass.
+    const auto add = [](dl_phdr_info* info, std::size_t, void* argument) noexcept {
+        Names& found = *static_cast<Names*>(argument);
+        try {
+            if (info->dlpi_name != nullptr && info->dlpi_name[0] != 0) found.list.emplace_back(info->dlpi_name);
+        } catch (const std::bad_alloc&) {
+            found.complete = false;
+        }
+        return found.complete ? 0 : 1;
+    };
+    dl_iterate_phdr(add, &names);
+    if (!names.complete) throw std::bad_alloc();
+    return std::move(names.list);
+}
+
+// Whether a file name is the wanted one, case aside, alone or with a version behind it: `libdbinfo.so.1.2`.
+bool IsCodeName(std::string_view file, std::string_view wanted) {
+    if (file.size() < wanted.size() || !EqualIgnoringCase(file.substr(0, wanted.size()), wanted)) return false;
+    const std::string_view version = file.substr(wanted.size());
+    return version.empty() ||
+           (version.front() == '.' && version.find_first_not_of(".0123456789") == std::string_view::npos);
+}
+
 // The absolute path of a loaded module of code by its path or its bare name; empty if there is none.
 std::string FindLoadedCode(const std::string& path) {
-    struct Search {
-        std::string wanted;
-        bool byPath;
-        std::string found;
-    } search{HasDirectory(path) ? AbsolutePath(path) : path, HasDirectory(path), {}};
-    if (search.wanted.empty()) return {};
-    dl_iterate_phdr(
-        [](dl_phdr_info* info, std::size_t, void* argument) {
-            Search& s = *static_cast<Search*>(argument);
-            if (info->dlpi_name == nullptr || info->dlpi_name[0] == 0) return 0;
-            const bool same =
-                s.byPath ? AbsolutePath(info->dlpi_name) == s.wanted : BaseName(info->dlpi_name) == s.wanted;
-            if (same) s.found = AbsolutePath(info->dlpi_name);
-            return same ? 1 : 0;
-        },
-        &search);
-    return search.found;
+    const std::string absolute = HasDirectory(path) ? AbsolutePath(path) : std::string();
+    if (HasDirectory(path) && absolute.empty()) return {};
+    for (const std::string& name : LoadedCodeNames()) {
+        const bool same = absolute.empty() ? IsCodeName(BaseName(name), path) : AbsolutePath(name) == absolute;
+        if (same) return AbsolutePath(name);
+    }
+    return {};
 }
 
 HINSTANCE FindLoadedImage(const std::string& path) {
@@ -138,8 +157,11 @@ HINSTANCE LoadImage(const std::string& path) {
     return content ? modules.AddImage(absolute, std::make_unique<ResourceImage>(std::move(*content))) : nullptr;
 }
 
+// A path is made absolute first: the loader remembers the one it was given, and the current directory may change.
 HINSTANCE LoadCode(const std::string& path) {
-    void* const code = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    const std::string absolute = HasDirectory(path) ? AbsolutePath(path) : path;
+    if (absolute.empty()) return nullptr;
+    void* const code = dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (code == nullptr) return nullptr;
     link_map* map = nullptr;
     if (dlinfo(code, RTLD_DI_LINKMAP, &map) != 0) {
@@ -149,20 +171,20 @@ HINSTANCE LoadCode(const std::string& path) {
     return modules.AddReference(AbsolutePath(map->l_name));
 }
 
-// A name without a directory is looked for beside the program, then in the current directory, then where the system
-// looks for code.
+// A name without a directory is looked for beside the program, then where the system looks for code, then in the
+// current directory.
 HINSTANCE LoadModule(const std::string& path) {
     const std::string code = CodePath(path);
     if (HasDirectory(path)) {
         const HINSTANCE image = LoadImage(path);
         return image != nullptr ? image : LoadCode(code);
     }
-    for (const std::string& directory : {DirectoryOf(ProgramPath()), std::string("./")}) {
-        if (const HINSTANCE image = LoadImage(directory + path)) return image;
-        if (access((directory + code).c_str(), F_OK) != 0) continue;
-        if (const HINSTANCE module = LoadCode(directory + code)) return module;
-    }
-    return LoadCode(code);
+    const std::string programDirectory = DirectoryOf(ProgramPath());
+    if (const HINSTANCE image = LoadImage(programDirectory + path)) return image;
+    if (const HINSTANCE module = LoadCode(programDirectory + code)) return module;
+    if (const HINSTANCE module = LoadCode(code)) return module;
+    if (const HINSTANCE image = LoadImage("./" + path)) return image;
+    return LoadCode("./" + code);
 }
 
 // A reference of the dynamic loader to a module that is loaded, for as long as the object lives.
@@ -177,11 +199,15 @@ public:
     LoadedCode& operator=(const LoadedCode&) = delete;
 
     // A symbol of the module itself: the loader's search goes on into what the module depends on.
-    void* Symbol(const std::string& path, const char* name) const {
+    void* Symbol(const char* name) const {
         void* const symbol = handle != nullptr ? dlsym(handle, name) : nullptr;
+        if (symbol == nullptr) return nullptr;
+        link_map* wanted = nullptr;
+        void* found = nullptr;
         Dl_info info;
-        if (symbol == nullptr || dladdr(symbol, &info) == 0 || AbsolutePath(info.dli_fname) != path) return nullptr;
-        return symbol;
+        const bool known =
+            dlinfo(handle, RTLD_DI_LINKMAP, &wanted) == 0 && dladdr1(symbol, &info, &found, RTLD_DL_LINKMAP) != 0;
+        return known && found == wanted ? symbol : nullptr;
     }
     // Gives back one of the references that loading took.
     void Release() const {
@@ -201,10 +227,9 @@ HINSTANCE FindModule(const wchar16* name) {
     if (name == nullptr) return modules.RecordOf(ProgramPath());
     const auto path = ModulePath(name);
     if (!path) return nullptr;
-    if (const HINSTANCE image = FindLoadedImage(*path)) return image;
     std::string code = FindLoadedCode(CodePath(*path));
     if (code.empty() && EqualIgnoringCase(BaseName(ProgramPath()), *path)) code = ProgramPath();
-    return code.empty() ? nullptr : modules.RecordOf(code);
+    return code.empty() ? FindLoadedImage(*path) : modules.RecordOf(code);
 }
 
 HINSTANCE FindModuleAt(const void* address) {
@@ -245,7 +270,7 @@ bool GetModuleHandleExW(uint32 flags, const wchar16* name, HINSTANCE* module) {
 void* GetProcAddress(HINSTANCE module, const char* name) {
     return WithoutThrowing([&]() -> void* {
         const auto path = modules.PathOf(module);
-        void* const symbol = path ? LoadedCode(*path).Symbol(*path, name) : nullptr;
+        void* const symbol = path ? LoadedCode(*path).Symbol(name) : nullptr;
         if (symbol == nullptr) SetLastError(ERROR_PROC_NOT_FOUND);
         return symbol;
     });

@@ -17,6 +17,8 @@ class ResourceImage {
 public:
     // Takes the bytes of a file. An image that is not one, or has no string table, holds no strings.
     explicit ResourceImage(std::vector<uint8> fileContent);
+    ResourceImage(const ResourceImage&) = delete;
+    ResourceImage& operator=(const ResourceImage&) = delete;
 
     // Whether the bytes begin as a Windows executable does.
     static bool HasSignature(std::span<const uint8> bytes);

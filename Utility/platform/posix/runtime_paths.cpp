@@ -50,7 +50,7 @@ Text TextOf(const wchar16* text) {
 
 }  // namespace
 
-void _wsplitpath(const wchar16* path, PathParts* parts) {
+bool _wsplitpath(const wchar16* path, PathParts* parts) {
     const Text whole = TextOf(path);
     const std::size_t driveEnd = whole.size() >= 2 && whole[1] == ':' ? 2 : 0;
     const auto lastSeparator =
@@ -63,6 +63,7 @@ void _wsplitpath(const wchar16* path, PathParts* parts) {
                       CopyPart(whole.substr(nameBegin, nameEnd - nameBegin), parts->name) &&
                       CopyPart(whole.substr(nameEnd), parts->extension);
     if (!fits) *parts = {};
+    return fits;
 }
 
 bool _wmakepath(wchar16* path, std::size_t size, const wchar16* drive, const wchar16* directory, const wchar16* name,

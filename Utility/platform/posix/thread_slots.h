@@ -8,6 +8,7 @@
 
 #include <Utility/platform/types.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 
@@ -25,9 +26,9 @@ extern constinit thread_local std::array<ThreadSlot, ThreadSlotCount> threadSlot
     __attribute__((tls_model("initial-exec")));
 extern constinit std::array<std::atomic<uint32>, ThreadSlotCount> threadSlotGenerations;
 
-// The calling thread's value; null when it never set one, or for TlsOutOfIndexes.
+// The calling thread's value; null when it never set one, or when there is no such index.
 inline void* TlsGetValue(uint32 index) {
-    const uint32 place = index % ThreadSlotCount;
+    const uint32 place = std::min(index, ThreadSlotCount - 1);
     const ThreadSlot& slot = threadSlots[place];
     return slot.generation == threadSlotGenerations[place].load(std::memory_order_relaxed) ? slot.value : nullptr;
 }

@@ -104,11 +104,12 @@ int _wtoi(const wchar16* text) {
     return ::_wtoi(text);
 }
 
-void _wsplitpath(const wchar16* path, PathParts* parts) {
-    if (::_wsplitpath_s(path, parts->drive, std::size(parts->drive), parts->directory, std::size(parts->directory),
-                        parts->name, std::size(parts->name), parts->extension, std::size(parts->extension)) != 0) {
-        *parts = {};
-    }
+bool _wsplitpath(const wchar16* path, PathParts* parts) {
+    const bool fits =
+        ::_wsplitpath_s(path, parts->drive, std::size(parts->drive), parts->directory, std::size(parts->directory),
+                        parts->name, std::size(parts->name), parts->extension, std::size(parts->extension)) == 0;
+    if (!fits) *parts = {};
+    return fits;
 }
 
 bool _wmakepath(wchar16* path, std::size_t size, const wchar16* drive, const wchar16* directory, const wchar16* name,

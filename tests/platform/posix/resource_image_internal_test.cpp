@@ -40,6 +40,14 @@ TEST(ResourceImage, ReadsTheWholeFixture) {
     EXPECT_EQ(Text(image, 300).size(), 300u);
 }
 
+TEST(ResourceImage, TakesTheThreadsLanguageElseEnglish) {
+    const ResourceImage image(Fixture());
+    EXPECT_EQ(image.Find(5000, 0x0407).length, 7u);  // "deutsch"
+    EXPECT_EQ(*image.Find(5000, 0x0407).units, 'd');
+    EXPECT_EQ(*image.Find(5000, 0x0409).units, 'e');
+    EXPECT_EQ(*image.Find(5000, 0x0411).units, 'e') << "neither Japanese nor neutral: English of the United States";
+}
+
 TEST(ResourceImage, CutOffAtEveryByteGivesWhatIsThereOrNothing) {
     const std::vector<uint8> whole = Fixture();
     const std::size_t allUnits = ReadAll(ResourceImage(whole));

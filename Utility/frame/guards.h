@@ -1,0 +1,10 @@
+// The static guards that other files than startup.cpp enter. They are defined there, since their order matters.
+#pragma once
+
+#include <Utility/frame/guard.h>
+
+namespace Torvo {
+
+extern ZUGuard randomGuard;  // the seeding of random_number
+
+}  // namespace Torvo
