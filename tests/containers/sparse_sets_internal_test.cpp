@@ -19,7 +19,11 @@ constexpr int32 kPage = 262144;
 
 class SparseSetFailures : public testing::Test {
 protected:
-    void SetUp() override { blocksBefore_ = test::LiveBlocks(); }
+    void SetUp() override {
+        // The test framework allocates at the first trace, and keeps it.
+        { SCOPED_TRACE("the first trace"); }
+        blocksBefore_ = test::LiveBlocks();
+    }
     void TearDown() override { EXPECT_EQ(test::LiveBlocks(), blocksBefore_) << "blocks lost or freed twice"; }
 
 private:
