@@ -14,7 +14,7 @@ template <typename T>
 void Put(Bytes& bytes, T value) {
     unsigned char raw[sizeof value];
     std::memcpy(raw, &value, sizeof value);
-    bytes.insert(bytes.end(), raw, raw + sizeof value);
+    for (const unsigned char byte : raw) bytes.push_back(byte);
 }
 
 // In memory: a header of nine words (type, header size, version, size, objects, largest record, parameters), then a
