@@ -65,11 +65,18 @@ void NeutralText::DropTrailingZeros() {
     if (text[length - 1] == '.') --length;
 }
 
-void NeutralText::CopyTo(wchar16* out, uint64 size) const {
+// Whole blocks are widened as long as they fit, zeros behind the text among them: loops of a known length take a step
+// or two.
+void NeutralText::CopyTo(wchar16* out, uint64 size) {
     if (out == nullptr || size == 0) return;
     const uint64 units = std::min(length, size - 1);
-    std::transform(text, text + units, out, [](char c) { return static_cast<wchar16>(c); });
-    std::fill(out + units, out + size, wchar16{0});
+    std::fill_n(text + units, Block, '\0');
+    uint64 done = 0;
+    for (; done < units && done + Block <= size; done += Block) {
+        for (uint64 index = done; index < done + Block; ++index) out[index] = static_cast<wchar16>(text[index]);
+    }
+    for (; done < units; ++done) out[done] = static_cast<wchar16>(text[done]);
+    if (done < size) std::memset(out + done, 0, (size - done) * sizeof(wchar16));
 }
 
 }  // namespace Torvo

@@ -16,16 +16,17 @@ public:
     // Removes the zeros at the end, and then a point there, if there is a point at all.
     void DropTrailingZeros();
     // Copies to `out`, at most `size` - 1 units, and fills the rest with zeros.
-    void CopyTo(wchar16* out, uint64 size) const;
+    void CopyTo(wchar16* out, uint64 size);
 
 private:
     static constexpr uint64 Capacity = 511;
+    static constexpr uint64 Block = 16;
 
     void PrintSpecial(double value);
     void PrintDigits(double value, PRINTF_FORMAT format, int32 precision);
     void Pad(int32 width);
 
-    char text[Capacity];
+    char text[Capacity + Block];
     uint64 length = 0;
 };
 

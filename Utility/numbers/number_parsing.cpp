@@ -1,6 +1,7 @@
 #include <Utility/number_parsing.h>
 
 #include <Utility/number_printing.h>
+#include <Utility/numbers/plain_number.h>
 #include <Utility/platform/number_text.h>
 #include <Utility/platform/runtime.h>
 
@@ -30,9 +31,21 @@ bool ReadNumber(const wchar16* text, T* value, wchar16** end, Read read, Accept 
     return Finish(after != text && accepts(number), static_cast<T>(number), value, end, after);
 }
 
+// Ends a reading by the fast lane.
+template <typename T>
+bool FinishPlain(bool accepted, T number, T* value, wchar16** end, const wchar16* after) {
+    return Finish(accepted, number, value, end, const_cast<wchar16*>(after));
+}
+
 template <typename T>
 bool ReadSigned(const wchar16* text, T* value, wchar16** end, int32 min, int32 max) {
-    if (text != nullptr) errno = 0;
+    if (text == nullptr) return Finish(false, T{0}, value, end, nullptr);
+    int64 plain;
+    if (const wchar16* const after = ReadPlainInteger(text, &plain)) {
+        errno = plain == static_cast<int32>(plain) ? 0 : ERANGE;
+        return FinishPlain(plain >= min && plain <= max, static_cast<T>(plain), value, end, after);
+    }
+    errno = 0;
     return ReadNumber(
         text, value, end, [](const wchar16* from, wchar16** after) { return platform::wcstol(from, after, 10); },
         [min, max](long32 number) { return errno != ERANGE && number >= min && number <= max; });
@@ -139,7 +152,10 @@ bool StringToUnsignedInt64FmtCtl(const wchar16* text, uint64* value, bool deform
 // The runtime's readers would take its locale's decimal mark for the point; ours take the mark that they are given, so
 // no locale can get between. What a text may hold beyond decimal digits still depends on it.
 bool StringToDouble(const wchar16* text, double* value, wchar16** end) {
-    if (text != nullptr) errno = 0;
+    if (text == nullptr) return Finish(false, 0.0, value, end, nullptr);
+    errno = 0;
+    double plain;
+    if (const wchar16* const after = ReadPlainDouble(text, &plain)) return FinishPlain(true, plain, value, end, after);
     return ReadNumber(
         text, value, end,
         [](const wchar16* from, wchar16** after) {

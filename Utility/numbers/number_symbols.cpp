@@ -12,14 +12,18 @@ void TakeFirstUnit(const wchar16* text, wchar16& symbol) {
 
 }  // namespace
 
-NumberSymbols LookUpNumberSymbols() {
-    NumberSymbols symbols;
-    if (const _numberfmtW* const format = GetNumberFmtPtr()) {
-        TakeFirstUnit(format->lpDecimalSep, symbols.decimal);
-        TakeFirstUnit(format->lpThousandSep, symbols.thousands);
-    }
-    TakeFirstUnit(GetCurrencySymbol(), symbols.currency);
-    return symbols;
+void NumberSymbols::LookUpSeparators() {
+    hasSeparators = true;
+    const _numberfmtW* const format = GetNumberFmtPtr();
+    if (format == nullptr) return;
+    TakeFirstUnit(format->lpDecimalSep, separators.decimal);
+    TakeFirstUnit(format->lpThousandSep, separators.thousands);
+}
+
+wchar16 NumberSymbols::Currency() {
+    if (!hasCurrency) TakeFirstUnit(GetCurrencySymbol(), currency);
+    hasCurrency = true;
+    return currency;
 }
 
 }  // namespace Torvo

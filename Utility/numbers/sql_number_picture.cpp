@@ -11,8 +11,7 @@ bool EndsWithSign(const wchar16* format, const wchar16* end) {
 
 }  // namespace
 
-FormatFault NumberPicture::Compile(const wchar16* format, const NumberSymbols& symbols) {
-    thousands = symbols.thousands;
+FormatFault NumberPicture::Compile(const wchar16* format, NumberSymbols& symbols) {
     leadingSign = UpperFormatUnit(*format) == 'S';
     if (leadingSign) units[length++] = ' ';
 
@@ -28,23 +27,23 @@ FormatFault NumberPicture::Compile(const wchar16* format, const NumberSymbols& s
     return FormatFault::None;
 }
 
-FormatFault NumberPicture::Take(wchar16 unit, const NumberSymbols& symbols) {
+FormatFault NumberPicture::Take(wchar16 unit, NumberSymbols& symbols) {
     switch (unit) {
         case '$':
             return TakeCurrency('$');
         case 'L':
-            return TakeCurrency(symbols.currency);
+            return TakeCurrency(symbols.Currency());
         case '+':
         case '-':
             return TakeExponentSign(unit);
         case ',':
             return TakeSeparator(',');
         case 'G':
-            return TakeSeparator(symbols.thousands);
+            return TakeSeparator(thousands = symbols.Thousands());
         case '.':
             return TakePoint('.');
         case 'D':
-            return TakePoint(symbols.decimal);
+            return TakePoint(symbols.Decimal());
         case '0':
         case '9':
             return TakeDigit(unit);

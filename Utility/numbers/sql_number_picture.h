@@ -21,7 +21,7 @@ public:
     static constexpr int MaxLength = 511;
 
     // Compiles a format. On any fault the picture is of no use.
-    FormatFault Compile(const wchar16* format, const NumberSymbols& symbols);
+    FormatFault Compile(const wchar16* format, NumberSymbols& symbols);
 
     bool HasSignPosition() const { return leadingSign || trailingSign; }
     bool HasExponent() const { return exponentAt >= 0; }
@@ -46,7 +46,7 @@ public:
     int exponentSignAt = -1;
 
 private:
-    FormatFault Take(wchar16 unit, const NumberSymbols& symbols);
+    FormatFault Take(wchar16 unit, NumberSymbols& symbols);
     FormatFault TakeCurrency(wchar16 unit);
     FormatFault TakeExponentSign(wchar16 unit);
     FormatFault TakeSeparator(wchar16 unit);
@@ -57,7 +57,7 @@ private:
     int& DigitCount();
     void ForceZerosInFraction();
 
-    wchar16 thousands = ',';
+    wchar16 thousands = ',';  // the locale's from the first "G" on
     bool zeroSeen = false;
 };
 

@@ -143,8 +143,9 @@ void FillPicture(NumberPicture& picture, double value) {
 
 bool zuSQLDoubleToString(double value, const wchar16* format, wchar16* out, uint64 outSize) {
     if (format == nullptr || out == nullptr) return false;
+    NumberSymbols symbols;
     NumberPicture picture;
-    const FormatFault fault = picture.Compile(format, LookUpNumberSymbols());
+    const FormatFault fault = picture.Compile(format, symbols);
     if (fault == FormatFault::TooLong) return false;
     if (fault != FormatFault::None) {
         RaiseError(ERRORLEVEL_ERROR, 5002, static_cast<int32>(fault), format);

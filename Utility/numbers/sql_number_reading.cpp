@@ -41,8 +41,7 @@ private:
 // Walks a text along a format. Each step tells whether text and format still agree.
 class FormattedNumberReader {
 public:
-    FormattedNumberReader(const wchar16* text, const NumberSymbols& localeSymbols)
-        : cursor(text), symbols(localeSymbols) {}
+    explicit FormattedNumberReader(const wchar16* text) : cursor(text) {}
 
     bool Read(const wchar16* format) {
         for (; *format != 0; ++format) {
@@ -65,7 +64,7 @@ private:
         switch (unit) {
             case '$':
             case 'L':
-                return *cursor == symbols.currency && Advance();
+                return *cursor == symbols.Currency() && Advance();
             case '+':
             case '-':
                 return false;
@@ -92,14 +91,14 @@ private:
 
     bool StepSeparator() {
         mayGroup = false;
-        return (*cursor == ' ' || *cursor == symbols.thousands) && Advance();
+        return (*cursor == ' ' || *cursor == symbols.Thousands()) && Advance();
     }
 
     bool StepPoint() {
         if (pointPassed || exponentPassed) return false;
         pointPassed = true;
         mayGroup = false;
-        return *cursor == 0 || (*cursor == symbols.decimal && Advance());
+        return *cursor == 0 || (*cursor == symbols.Decimal() && Advance());
     }
 
     bool StepExponent() {
@@ -113,14 +112,14 @@ private:
         if (exponentPassed) return Gather(exponent);
         if (*cursor == ' ') return Advance();
         if (pointPassed) return UpperFormatUnit(*cursor) == 'E' || Gather(fraction);
-        if (*cursor == symbols.thousands) return mayGroup;
-        return *cursor == symbols.decimal || Gather(integer);
+        if (*cursor == symbols.Thousands()) return mayGroup;
+        return *cursor == symbols.Decimal() || Gather(integer);
     }
 
     bool Gather(NumberPart& part) { return part.Add(*cursor) && Advance(); }
 
     const wchar16* cursor;
-    const NumberSymbols symbols;
+    NumberSymbols symbols;
     NumberPart integer;
     NumberPart fraction;
     NumberPart exponent;
@@ -135,7 +134,7 @@ constexpr int32 TextDoesNotMatch = 67;
 
 bool zuSQLStringToDouble(const wchar16* text, const wchar16* format, double* value) {
     if (text == nullptr || format == nullptr || value == nullptr) return false;
-    FormattedNumberReader reader(text, LookUpNumberSymbols());
+    FormattedNumberReader reader(text);
     if (!reader.Read(format)) {
         RaiseError(ERRORLEVEL_ERROR, 5002, TextDoesNotMatch, format);
         return false;

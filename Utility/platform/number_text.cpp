@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <iterator>
 #include <limits>
 
@@ -163,16 +162,7 @@ struct Significand {
     const wchar16* last = nullptr;  // one past the last digit
     unsigned base = 10;
     int64 exponent = 0;
-    uint64 integer = 0;  // the decimal digits as an integer, as long as there are not more of them than fit
-    int64 digits = 0;
 };
-
-// Powers of ten that a double holds exactly.
-constexpr double ExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                  1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int64 MaxExactPower = std::size(ExactPowers) - 1;
-constexpr int64 MaxDigitsInUint64 = 19;
-constexpr uint64 MaxExactInteger = uint64{1} << 53;
 
 // A text of 768 decimal digits decides every rounding; one more stands for whatever follows.
 constexpr int64 MaxDigits = 768;
@@ -184,16 +174,8 @@ bool IsHexDigit(wchar16 unit) {
     return IsDigit(unit) || (ToLower(unit) >= 'a' && ToLower(unit) <= 'f');
 }
 
-// Steps over the decimal digits at `cursor`, and adds them to the number.
-const wchar16* TakeDecimalDigits(const wchar16* cursor, Significand& number) {
-    uint64 integer = number.integer;
-    for (; IsDigit(*cursor); ++cursor) integer = integer * 10 + static_cast<uint64>(*cursor - '0');
-    number.integer = integer;
-    return cursor;
-}
-
-const wchar16* TakeHexDigits(const wchar16* cursor, Significand&) {
-    while (IsHexDigit(*cursor)) ++cursor;
+const wchar16* SkipDigits(const wchar16* cursor, unsigned base) {
+    while (base == 16 ? IsHexDigit(*cursor) : IsDigit(*cursor)) ++cursor;
     return cursor;
 }
 
@@ -208,42 +190,27 @@ const wchar16* TakeExponent(const wchar16* letter, Significand& number) {
     return cursor;
 }
 
-// Reads digits with an optional mark and exponent. Null if there is no digit, else where the number ends.
-template <const wchar16* TakeDigits(const wchar16*, Significand&)>
-const wchar16* TakeSignificand(const wchar16* first, wchar16 mark, Significand& number, wchar16 letter1,
-                               wchar16 letter2) {
-    const wchar16* cursor = TakeDigits(first, number);
-    number.digits = cursor - first;
+// Reads digits with an optional mark and exponent, which has one of two letters. Null if there is no digit, else where
+// the number ends.
+const wchar16* TakeSignificand(const wchar16* first, wchar16 mark, wchar16 letter1, wchar16 letter2,
+                               Significand& number) {
+    const wchar16* cursor = SkipDigits(first, number.base);
+    int64 digits = cursor - first;
     if (*cursor == mark && mark != 0) {
         const wchar16* const fraction = cursor + 1;
-        cursor = TakeDigits(fraction, number);
+        cursor = SkipDigits(fraction, number.base);
         number.exponent = -(cursor - fraction) * (number.base == 16 ? 4 : 1);
-        number.digits += cursor - fraction;
+        digits += cursor - fraction;
     }
-    if (number.digits == 0) return nullptr;
+    if (digits == 0) return nullptr;
     number.first = first;
     number.last = cursor;
     if (ToLower(*cursor) == letter1 || ToLower(*cursor) == letter2) cursor = TakeExponent(cursor, number);
     return cursor;
 }
 
-// The magnitude of a number whose digits and power of ten are both exact doubles: one rounding, so the right one.
-// (W. D. Clinger, How to read floating point numbers accurately, 1990.)
-bool ConvertExactly(const Significand& number, double& value) {
-    if (number.digits > MaxDigitsInUint64 || number.integer > MaxExactInteger) return false;
-    if (number.exponent < -MaxExactPower || number.exponent > MaxExactPower) return false;
-    value = static_cast<double>(number.integer);
-    if (number.exponent < 0) {
-        value /= ExactPowers[-number.exponent];
-    } else {
-        value *= ExactPowers[number.exponent];
-    }
-    return true;
-}
-
-// The magnitude of any number: its digits without mark and leading zeros are handed to the standard library. *fits
-// becomes false if it is too large or too small.
-double ConvertByLibrary(const Significand& number, bool* fits) {
+// The magnitude of any number: its digits without mark and leading zeros are handed to the standard library.
+double Convert(const Significand& number) {
     const int weight = number.base == 16 ? 4 : 1;  // of a digit in the exponent
     char text[MaxDigits + 32];
     char* target = text;
@@ -271,8 +238,8 @@ double ConvertByLibrary(const Significand& number, bool* fits) {
     double value = 0;
     const auto form = number.base == 16 ? std::chars_format::hex : std::chars_format::general;
     const std::from_chars_result read = std::from_chars(text, target, value, form);
-    *fits = read.ec == std::errc() && std::isfinite(value) && value != 0;
-    if (*fits) return value;
+    if (read.ec == std::errc() && std::isfinite(value) && value != 0) return value;
+    errno = ERANGE;
     return exponent + digits > 0 ? std::numeric_limits<double>::infinity() : 0;
 }
 
@@ -303,17 +270,7 @@ const wchar16* TakeSpecial(const wchar16* cursor, double& value) {
 // Reads the hexadecimal number behind a "0x". Null if no digit follows.
 const wchar16* TakeHexadecimal(const wchar16* cursor, wchar16 mark, Significand& number) {
     number.base = 16;
-    return TakeSignificand<TakeHexDigits>(cursor, mark, number, 'p', 'p');
-}
-
-// The magnitude of what has been read.
-double Convert(const Significand& number) {
-    double value;
-    if (number.base == 10 && ConvertExactly(number, value)) return value;
-    bool fits = true;
-    value = ConvertByLibrary(number, &fits);
-    if (!fits) errno = ERANGE;
-    return value;
+    return TakeSignificand(cursor, mark, 'p', 'p', number);
 }
 
 // Reads a magnitude in one of the forms that only wcstod takes. Null if it is none of them.
@@ -352,7 +309,7 @@ double ReadDouble(const wchar16* text, wchar16** end, wchar16 decimalMark, Numbe
     const wchar16* after = forms == NumberForms::All ? TakeOtherForm(cursor, decimalMark, value) : nullptr;
     if (after == nullptr) {
         Significand number;
-        after = TakeSignificand<TakeDecimalDigits>(cursor, decimalMark, number, 'e', 'd');
+        after = TakeSignificand(cursor, decimalMark, 'e', 'd', number);
         if (after != nullptr) value = Convert(number);
     }
     StoreEnd(end, after == nullptr ? text : after);

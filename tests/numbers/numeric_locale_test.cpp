@@ -57,6 +57,9 @@ TEST_P(NumericLocales, PrintingIsNeutralAndReadingToo) {
     EXPECT_EQ(Printed(1234567.5, -1, PRINTF_FORMAT_G), ZUTEXT("1234567.5"));
     EXPECT_EQ(Coordinate(-0.5), ZUTEXT("-0.5"));
     EXPECT_EQ(Coordinate(1234567), ZUTEXT("1234567"));
+    wchar16 field[7];
+    DoubleToDBString(field, 6, 2, 12.5);
+    EXPECT_EQ(wstring16(field), ZUTEXT(" 12.50"));
     wchar16 edited[Size];
     EXPECT_EQ(wstring16(DoubleToStringEditCtl(1234.5, edited, Size, true)), ZUTEXT("1,234.5"));
 

@@ -394,7 +394,7 @@ private:
 
 // The user's locales in turn: an ordinary one, one with the marks exchanged, and one whose characters have a meaning in
 // formats themselves.
-const test::PlainSymbols UsersSymbols[] = {{'.', ',', '$'}, {',', '.', 0x20AC}, {'D', '9', 'E'}};
+const test::PlainSymbols UsersSymbols[] = {{'.', ',', '$'}, {',', '.', 0x20AC}, {'D', 'E', '9'}};
 
 class PlainComparison : public testing::TestWithParam<test::PlainSymbols> {
 protected:
