@@ -11,7 +11,8 @@
 // since several queries hand out pointers. Such pointers belong to the service and stay valid as long as it lives; the
 // text behind them changes at the next refresh, whoever causes it. A value that the system does not have, or that is
 // too long for its place (a date separator of two characters), keeps what it held before; the time format and the two
-// marks become their defaults instead, and the time separator becomes ":". A refresh cannot fail.
+// marks become their defaults instead, and so does the time separator, of which only the second copy keeps what it
+// held. A refresh cannot fail.
 //
 // The settings belong to the caller's instance, and the locale is that of the calling thread. Calls on one instance
 // must not overlap. Nothing here leaves an error record. Sizes are in units of 16 bits, terminator included; a locale
@@ -85,7 +86,8 @@ ZUAPI void GetZULocaleNumInfo(bool useLocale, wchar16* decimal, wchar16* thousan
 ZUAPI void GetZULocaleTimeFormat(bool useLocale, wchar16* buffer, uint64 size);
 
 // Whether the clock has twelve hours, where the mark stands (0 behind the time, 1 before it), the marks of morning and
-// afternoon, and the separator, twice. Any output may be null and is then skipped. Fixed: true, 0, "AM", "PM", ":",
+// afternoon, and the separator, in two copies. Any output may be null and is then skipped. Fixed: true, 0, "AM", "PM",
+// ":",
 // ":", as constants.
 ZUAPI void GetZULocaleTimeInfo(bool useLocale, bool* twelveHour, int16* markPosition, const wchar16** am,
                                const wchar16** pm, const wchar16** timeSeparator, const wchar16** timeSeparator2);

@@ -100,18 +100,17 @@ ZUAPI bool strniequ(const wchar16* a, const wchar16* b, uint64 n);
 //
 // Without walking the place to go on is the runtime's, one per thread: `context` is neither read nor written, and two
 // texts cannot be taken apart in turns. When walking the place is *context. So pass the same variable to all calls on a
-// text, finish one text before the next, and make nothing of what the variable holds.
+// text, never null, finish one text before the next, and make nothing of what the variable holds.
 ZUAPI wchar16* zuStrtok(wchar16* s, const wchar16* delimiters, wchar16** context);
 
 // The one for expressions, which knows quotes and, if `brackets` is true, round and square brackets; inside either a
 // delimiter is an ordinary character. It always walks. The result is the next token, which begins at the first
 // character of `s` that is neither blank nor control, is cut off by overwriting its delimiter with 0, and has its
 // blanks at the end removed; null if only such characters are left. *context becomes the place behind the delimiter,
-// for the next call to start from, or the terminator.
+// for the next call to start from, or the terminator. `s` may not be null: each call names its own start.
 //
-//   - A quote is one of " ' ` outside brackets, ends at the same character, and stays part of the token. Doubled
-//   inside,
-//     it does not end.
+//   - A quote is one of " ' ` outside brackets, ends at the same character, and stays part of the token. The character
+//     doubled inside does not end it. A quote that is in `delimiters` is a delimiter.
 //   - Brackets nest, "(" with "[" mixed, and stay part of the token. Quotes inside them are ordinary characters, as are
 //     brackets inside quotes, and closing brackets without an opening one.
 //   - A delimiter at the very start gives an empty token.
@@ -123,9 +122,11 @@ ZUAPI wchar16* zuStrtok(wchar16* s, const wchar16* delimiters, bool brackets, wc
 // The one that changes nothing and reports positions. A token begins at the first unit at or after `start` that is no
 // white space (space, tab, line feed, carriage return), and ends before the next unit of `delimiters` outside quotes.
 //
-// `quotePairs` is a text of pairs, an opening and a closing character each; it may be empty, but not null. A pair of
-// two different characters nests; a pair of one character twice does not, and there the doubled character stays inside.
-// The quotes belong to the token; one that never closes runs to the end. Openers are known by their low 8 bits alone.
+// `quotePairs` is a text of pairs, an opening and a closing character each; it may be empty, but not null, and must not
+// end in the middle of a pair. A pair of two different characters nests; a pair of one character twice does not, and
+// there the doubled character stays inside. The quotes belong to the token; one that never closes runs to the end.
+// Openers are known by their low 8 bits alone, closers by all 16. A character that is an opener and a delimiter is an
+// opener.
 //
 // True for a token: *tokenStart and *tokenLength say where it is, which may be empty, and *nextPos is the place behind
 // its delimiter, or the largest 64-bit value after the last one. False when only white space is left: *tokenLength is

@@ -8,11 +8,12 @@
 namespace Torvo::platform {
 
 // The identifier of the calling thread's locale (LCID): the one that SetThreadLocale set last on this thread, else the
-// one that the user's environment asks for (LC_ALL, LC_CTYPE, LANG in this order), else 0x0409, English of the United
-// States.
+// one that the user's environment asks for (LC_ALL, LC_CTYPE, LANG in this order; 0x0C00 if that one has no number of
+// its own), else 0x0409, English of the United States.
 ZUAPI uint32 GetThreadLocale();
 
-// Sets the calling thread's locale. False, and no change, for an identifier that names no locale. The library's locale
+// Sets the calling thread's locale. A language without a territory becomes the one that stands for it (0x07, German, is
+// set as 0x0407, German of Germany). False, and no change, for an identifier that names no locale. The library's locale
 // queries follow at once; its system charset stays what it was when the thread's services were created.
 ZUAPI bool SetThreadLocale(uint32 locale);
 

@@ -28,7 +28,8 @@ wchar16* wcstok(wchar16* text, const wchar16* delimiters);
 wchar16* wcsncpy(wchar16* target, const wchar16* source, std::size_t count);
 int wcsncmp(const wchar16* a, const wchar16* b, std::size_t count);
 wchar16* _wcsrev(wchar16* text);
-// Comparison that ignores case: A to Z alone while the runtime's character locale is "C", else by towlower.
+// Comparison that ignores case: A to Z alone while the runtime's character locale is "C", else by towlower. Another
+// thread may change that locale meanwhile.
 int _wcsicmp(const wchar16* a, const wchar16* b);
 int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count);
 bool iswalpha(wchar16 unit);

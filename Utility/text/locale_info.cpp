@@ -157,7 +157,7 @@ void cLocaleInfoImpl::GetZULocaleTimeInfo(bool useLocale, bool* twelveHour, int1
 
 // Reads everything, in a fixed order. A value that cannot be read keeps what it held, unless a step says otherwise.
 void cLocaleInfoImpl::RefreshLocale() {
-    GetLocaleIdentifier();
+    localeIdentifier = GetLocaleIdentifier();
     RefreshNumbers();
     RefreshCurrency();
     // A number whose two separators are the same could not be read back. The structures keep showing them as they are.

@@ -1,13 +1,17 @@
 // Changes of a text in place that are not of case.
 
 #include <Utility/bounded_copy.h>
+#include <Utility/charsets.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/strings.h>
 
 namespace Torvo {
 
+// The charset is asked for, as in every function that could walk, so that a host's own service sees each of the calls;
+// the answer makes no difference.
 wchar16* zuStrrev(wchar16* s) {
+    system_charset();
     return platform::_wcsrev(s);
 }
 

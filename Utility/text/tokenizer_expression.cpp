@@ -57,6 +57,7 @@ wchar16* FindTokenEnd(wchar16* p, const UnitSet& delimiters, bool brackets) {
 }  // namespace
 
 wchar16* zuStrtok(wchar16* s, const wchar16* delimiters, bool brackets, wchar16** context) {
+    if (s == nullptr) return nullptr;
     wchar16* const token = SkipBlanks(s);
     *context = token;
     if (*token == 0) return nullptr;

@@ -20,7 +20,8 @@ constexpr uint64 whiteSpaceCount = 4;
 // Opening and closing characters in turns. An opener is known by its low 8 bits alone.
 class QuotePairs {
 public:
-    explicit QuotePairs(const wchar16* text) : pairs(text), count((platform::wcslen(text) + 1) / 2) {}
+    explicit QuotePairs(const wchar16* text)
+        : pairs(text), count(text != nullptr ? (platform::wcslen(text) + 1) / 2 : 0) {}
 
     void AddOpenersTo(UnitSet& stops) const {
         for (uint64 index = 0; index < count; ++index) stops.AddLow(static_cast<uint8>(Opener(index)));

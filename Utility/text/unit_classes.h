@@ -10,7 +10,7 @@ inline bool IsWhite(wchar16 c) {
     return c == 9 || c == 10 || c == 12 || c == 13 || c == 32;
 }
 
-// White, or a control. The terminator is blank too.
+// White, or refused by zuIsPrint: a control below 128. The terminator is blank too.
 inline bool IsBlank(wchar16 c) {
     return IsWhite(c) || zuIsPrint(c) == 0;
 }

@@ -87,6 +87,7 @@ wchar16* LastChar(const wchar16* s) {
 
 wchar16* Strtok(wchar16* s, const wchar16* delimiters, wchar16** context) {
     static constexpr wchar16 nothing[] = ZUTEXT("");
+    if (context == nullptr) return nullptr;  // nowhere to keep the place; such a caller has never met a walk
     wchar16* token = s != nullptr ? s : *context;
     if (token == nullptr) return nullptr;  // a first call without a text
     token += Strspn(token, delimiters);

@@ -8,9 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "support/failing_heap.h"
+
 namespace {
 
 using namespace Torvo;
+using test::FailingHeap;
 
 // A service whose reads are answered from a list, and written down. What is not in the list fails.
 class ScriptedLocale : public cLocaleInfoImpl {
@@ -116,6 +119,20 @@ TEST(LocaleRefresh, ReadsEverythingInItsOrderThroughTheObjectsOwnOperations) {
                                                "string 35 size 256",
                                                "string 4101 size 256"};
     EXPECT_EQ(locale.log, expected);
+}
+
+// A service that is of one locale, whatever the thread's is.
+class JapaneseService : public cLocaleInfoImpl {
+public:
+    uint32 GetLocaleIdentifier() override { return 0x411; }
+};
+
+TEST(LocaleRefresh, ReadsTheLocaleThatTheObjectsOwnOperationAnswers) {
+    JapaneseService locale;
+    EXPECT_EQ(wstring16(locale.GetCurrencySymbol()), ZUTEXT("\uFFE5"));
+    uint32 codePage = 0;
+    EXPECT_TRUE(locale.GetLocaleInt(LOCALE_IDEFAULTANSICODEPAGE, &codePage));
+    EXPECT_EQ(codePage, 932u);
 }
 
 TEST(LocaleRefresh, EveryQueryWithTheLocaleRefreshesOnce) {
@@ -324,6 +341,46 @@ TEST(LocaleRefresh, PointersThatACallerTurnedAwayAreNotWrittenThrough) {
     locale.texts = {{14, ZUTEXT("x")}};
     EXPECT_EQ(locale.Decimal(), ZUTEXT("x"));
     EXPECT_EQ(wstring16(callers), ZUTEXT("mine"));
+}
+
+// ---- Memory
+
+TEST(LocaleInfoMemory, NoServiceAndNothingLostWhereARequestIsRefused) {
+    const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
+        const int64 before = test::LiveBlocks();
+        bool refused;
+        cLocaleInfo* service;
+        {
+            const FailingHeap heap(nth, mode);
+            service = cLocaleInfo::Create();
+            refused = heap.Refused();
+        }
+        EXPECT_EQ(service == nullptr, refused) << nth;
+        EXPECT_TRUE(service != nullptr || test::LiveBlocks() == before) << nth;
+        delete service;
+        EXPECT_EQ(test::LiveBlocks(), before) << nth;
+        return refused;
+    });
+    EXPECT_EQ(requests, 6u) << "the object and its five texts";
+}
+
+TEST(LocaleInfoMemory, ConstructorThrowsItsNumber) {
+    const FailingHeap heap(1);
+    int thrown = 0;
+    try {
+        const cLocaleInfoImpl locale;
+    } catch (cLocaleInfoImpl::eCreateError error) {
+        thrown = error;
+    }
+    EXPECT_EQ(thrown, 1);
+}
+
+TEST(LocaleInfoMemory, LongValueIsNoneWhereItsRequestIsRefused) {
+    const FailingHeap heap(1);
+    const LocaleValue<2> value(0x409, LOCALE_STIMEFORMAT);
+    EXPECT_TRUE(heap.Refused());
+    EXPECT_EQ(value.Units(), 0);
+    EXPECT_EQ(value.Text()[0], 0);
 }
 
 // ---- Reading one value, against the plain way: ask for the length, then read.

@@ -244,6 +244,17 @@ TEST_P(OnEverySystem, TokensOfThePlainTokenizer) {
     EXPECT_EQ(Tokens(text, ZUTEXT("")), List{ZUTEXT("a b")});
 }
 
+TEST(StringSteps, GoOverACharacterWithItsMarksAndBack) {
+    const wchar16 text[] = ZUTEXT("\U0001F600e\u0301\u0323x");
+    if (zuNextChar(text) == text + 1) GTEST_SKIP() << "this system's CharNextW steps by unit";
+    const std::vector<std::ptrdiff_t> starts = {0, 2, 5, 6};
+    for (std::size_t index = 1; index < starts.size(); ++index) {
+        EXPECT_EQ(zuNextChar(text + starts[index - 1]), text + starts[index]);
+        EXPECT_EQ(zuPrevChar(text, text + starts[index]), text + starts[index - 1]);
+    }
+    EXPECT_EQ(zuPrevChar(text + 4, text + 5), text + 4) << "not before the start, even within a character";
+}
+
 TEST(StringSearchPlain, LengthCountsUnits) {
     const SystemCharset western(csWindowsLatin1);
     EXPECT_EQ(zuStrLen(ZUTEXT("e\u0301")), 2u);
@@ -347,6 +358,15 @@ TEST_F(StringSearchWalking, TokenizerKeepsItsPlaceInTheContext) {
     ASSERT_NE(firstContext, nullptr);
     EXPECT_EQ(*firstContext, 0);
     EXPECT_EQ(zuStrtok(nullptr, ZUTEXT(","), &firstContext), nullptr);
+}
+
+TEST_F(StringSearchWalking, TokenizerWithoutAPlaceToGoOnHasNoToken) {
+    wchar16 text[] = ZUTEXT("a,b");
+    EXPECT_EQ(zuStrtok(text, ZUTEXT(","), nullptr), nullptr);
+    EXPECT_EQ(wstring16(text), ZUTEXT("a,b"));
+    wchar16* context = nullptr;
+    EXPECT_EQ(zuStrtok(nullptr, ZUTEXT(","), &context), nullptr);
+    EXPECT_EQ(context, nullptr);
 }
 
 TEST_F(StringSearchWalking, TokenizerStepsOneUnitPastTheDelimiter) {

@@ -96,6 +96,13 @@ TEST(ExpressionTokenizer, BlankTextHasNoToken) {
     EXPECT_EQ(context, text + 4);
 }
 
+TEST(ExpressionTokenizer, NullTextHasNoToken) {
+    wchar16 text[] = ZUTEXT("a");
+    wchar16* context = text;
+    EXPECT_EQ(zuStrtok(nullptr, ZUTEXT(","), true, &context), nullptr);
+    EXPECT_EQ(context, text);
+}
+
 TEST(ExpressionTokenizer, LastTokenLeavesTheContextAtTheTerminator) {
     wchar16 text[] = ZUTEXT("ab  ");
     wchar16* context = nullptr;

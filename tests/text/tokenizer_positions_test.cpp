@@ -132,6 +132,10 @@ TEST(PositionTokenizer, DelimiterBeyondLatinAndEmbeddedZero) {
     EXPECT_EQ(TokenOf(source, 0, wstring16(1, wchar16{0})), (PositionToken{true, 0, 1, 2}));
 }
 
+TEST(PositionTokenizer, NullForTheQuotesMeansNone) {
+    EXPECT_EQ(TokenOf(ZUTEXT("\"a,b\""), 0, comma, nullptr), (PositionToken{true, 0, 2, 3}));
+}
+
 TEST(PositionTokenizer, NoDelimiterTakesEverything) {
     EXPECT_EQ(TokenOf(ZUTEXT("a,b"), 0, ZUTEXT("")), (PositionToken{true, 0, 3, npos}));
 }

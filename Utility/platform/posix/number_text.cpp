@@ -1,21 +1,12 @@
 #include <Utility/platform/number_text.h>
 
-#include <langinfo.h>
-#include <locale.h>
+#include <Utility/platform/posix/builtin_locale.h>
 
 namespace Torvo::platform {
 
 namespace {
 
-// The decimal mark of the locale "C", as an address inside the C library's built-in data, which every use of that
-// locale shares. A locale's data are never freed once setlocale has made them current, while the name that setlocale
-// answers may be, by another thread's next call; so the address is what is compared.
-const char* BuiltInDecimalMark() {
-    const locale_t builtIn = newlocale(LC_ALL_MASK, "C", nullptr);
-    return builtIn == nullptr ? nullptr : nl_langinfo_l(RADIXCHAR, builtIn);
-}
-
-const char* const builtInDecimalMark = BuiltInDecimalMark();
+const char* const builtInDecimalMark = BuiltInLocaleItem(RADIXCHAR);
 
 // The first unit of a character in UTF-8, or a single byte as it stands.
 wchar16 FirstUnit(const char* character) {

@@ -1,11 +1,11 @@
 #include <Utility/platform/number_text.h>
+#include <Utility/platform/posix/builtin_locale.h>
 #include <Utility/platform/posix/text_scan.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/unit_set.h>
 
 #include <algorithm>
-#include <clocale>
 
 namespace Torvo::platform {
 
@@ -31,8 +31,8 @@ const wchar16* FindInSet(const wchar16* text, const wchar16* set, std::size_t co
 }
 
 bool CharacterLocaleIsC() {
-    const char* const name = std::setlocale(LC_CTYPE, nullptr);
-    return name != nullptr && name[0] == 'C' && name[1] == 0;
+    static const char* const builtInCodeset = BuiltInLocaleItem(CODESET);
+    return nl_langinfo(CODESET) == builtInCodeset;
 }
 
 // Compares from the first difference beyond ASCII on. Only here the locale makes a difference, so only here it is asked
