@@ -145,8 +145,12 @@ ZUAPI bool IsStrConvertNecessary(ZUCHARSET a, ZUCHARSET b);
 ZUAPI ZUCHARSET system_charset();
 
 // How many bytes `s` takes in `cs`, without a terminator; 0 for null. A set without a code page of its own number (the
-// Mac sets, csNeutral, csCodePage437) is measured in the code page of the system charset. 0 also where the system
-// refuses the conversion, and for a text of 2 GiB or more.
+// Mac sets, csNeutral, csCodePage437) is measured in the code page of the system charset. A letter and a combining mark
+// count as the composed letter where the page has it, in every set but csUTF8 and csUTF16.
+//
+// csUTF16 has no limit. In every other set the result is also 0 for a text of more than 2,147,483,647 units, for one
+// that takes more bytes than that number, and where the system refuses the conversion (memory for the code page's
+// tables is short).
 ZUAPI uint64 StringByteLength(const wchar16* s, ZUCHARSET cs);
 
 // The name of a locale, as in `en-US`, from its identifier. Copied with strcpyn: at most `size` - 1 units, the rest of

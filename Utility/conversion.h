@@ -11,7 +11,8 @@
 //
 // Sizes are in 16-bit units where the buffer holds system text, and in bytes where it holds bytes. Nothing here leaves
 // an error record: a failure is a false or null result, and a null pointer or a size of 0 that makes a call impossible
-// is a failure. Unless said otherwise, what a buffer holds after a failure is unspecified within its size.
+// is a failure. Unless said otherwise, what a buffer holds after a failure is unspecified within its size. Source and
+// destination must not overlap.
 //
 // ConvertCharset works on a cache of the caller's instance, so calls on one instance must not overlap. Everything else
 // may be called on any thread.
@@ -74,11 +75,19 @@ ZUAPI bool ConvertMBCSCharToSystem(const char* src, uint64 srcBytes, ZUCHARSET c
 ZUAPI bool ConvertMBCSCharToSystem(const char* src, ZUCHARSET cs, wchar16* dst, uint64 dstSize);
 
 // Converts `src` to bytes of `cs` in `dst`, at most `dstSize` bytes, terminator included. A character that `cs` does
-// not hold becomes "_"; a letter followed by a combining mark becomes the composed letter where there is one. In csUTF8
-// neither happens. A set without a code page writes the bytes of the system charset instead.
+// not hold becomes the nearest one that the system's code page names for it (L for L with stroke, an apostrophe for a
+// typographic one), else "_"; a letter followed by a combining mark becomes the composed letter where there is one. In
+// csUTF8 none of that happens. A set without a code page writes the bytes of the system charset instead.
 //
 // True on success. If the text does not fit: false; or, with `allowTruncate`, true, and `dst` holds what fitted,
 // without a terminator. False for a null `src` or `dst` and a `dstSize` of 0, with nothing written.
+//
+// csNeutral and csCodePage437, whose page numbers are symbols (GetWinCodePage), try once more: a text that does not fit
+// in the page that the symbol stands for is then written in the system charset, as if the set had no code page, and the
+// call succeeds if it fits there. Without `allowTruncate` only, since with it the first attempt stands.
+//
+// In a set without a code page and in that second attempt, a letter and a mark whose composed letter the page does not
+// hold become a single "_"; otherwise each of the two is written for itself.
 //
 // In csUTF16 as many bytes are copied as fit, and the result is whether all did, with no regard to `allowTruncate`. A
 // terminator of two bytes follows only without `allowTruncate`, after a text that is not empty, and if more room than

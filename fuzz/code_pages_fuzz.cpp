@@ -96,6 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t i = 0; i < units.size(); ++i) {
         units[i] = static_cast<wchar16>(data[2 + 2 * i] | data[3 + 2 * i] << 8);
     }
-    if (!units.empty()) ToBytes(page, flags, units, page == CP_UTF8 ? nullptr : "_");
+    const bool utf8 = page == CP_UTF8;
+    if (!units.empty()) ToBytes(page, utf8 ? 0 : flags, units, utf8 ? nullptr : "_");
     return 0;
 }

@@ -25,12 +25,14 @@ namespace platform {
 // Bytes of a code page to system text. `sourceBytes` is -1 for zero-terminated text, terminator included. The number of
 // units written; with a size of 0 the number needed. 0 on failure: error 87 for an unknown page, a null source or a
 // length of 0, 122 when it does not fit, 1004 for flags that the page does not take, 1113 for an invalid sequence under
-// MB_ERR_INVALID_CHARS. A conversion that does not fit has written the units that did.
+// MB_ERR_INVALID_CHARS. A conversion that does not fit has written the units that did. Source and target must not
+// overlap; error 87 where they are one. In UTF-8, each longest beginning of a sequence that is not completed becomes
+// one U+FFFD, and MB_ERR_INVALID_CHARS is the only flag.
 int MultiByteToWideChar(uint32 codePage, uint32 flags, const char* source, int sourceBytes, wchar16* target,
                         int targetUnits);
 // System text to bytes of a code page, likewise. What the page does not hold becomes `defaultChar` (at most two bytes,
 // zero-terminated), or the page's own default when that is null; *usedDefault, if not null, tells whether that
-// happened.
+// happened. UTF-8 takes neither of the two (error 87) and none of the flags named here (error 1004).
 int WideCharToMultiByte(uint32 codePage, uint32 flags, const wchar16* source, int sourceUnits, char* target,
                         int targetBytes, const char* defaultChar, bool* usedDefault);
 // Whether the page is one that the two conversions know by its own number.

@@ -18,11 +18,15 @@ int PlatformSize(uint64 size) {
     return static_cast<int>(std::min<uint64>(size, INT_MAX));
 }
 
-// The bytes may lie at an odd address, so they are not read as units in place. Zeros from the first zero unit on.
+// As wcsncpy: nothing is read behind the first zero unit, and zeros follow from there. The bytes may lie at an odd
+// address, so they are not read as units in place.
 void CopyUnits(const char* src, wchar16* dst, uint64 count) {
-    std::memcpy(dst, src, count * sizeof(wchar16));
     wchar16* const end = dst + count;
-    std::fill(std::find(dst, end, wchar16{0}), end, wchar16{0});
+    for (wchar16 unit = 0; dst != end; *dst++ = unit, src += sizeof unit) {
+        std::memcpy(&unit, src, sizeof unit);
+        if (unit == 0) break;
+    }
+    std::fill(dst, end, wchar16{0});
 }
 
 bool BytesOfUtf16ToSystem(const char* src, uint64 srcBytes, wchar16* dst, uint64 dstSize) {

@@ -139,10 +139,6 @@ private:
     std::vector<std::string> words;
 };
 
-bool HasByteTable(ZUCHARSET cs) {
-    return HasTableRoad(cs, cs == csWindowsLatin1 ? csMacRoman : csWindowsLatin1);
-}
-
 void List(std::ostream& out) {
     out << std::left << std::setw(8) << "number" << std::setw(26) << "name" << std::setw(11) << "code page"
         << "byte table\n";

@@ -2,7 +2,9 @@
 #include <examples/recode/characters.h>
 #include <examples/recode/recode.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <map>
 #include <memory>
 
@@ -93,6 +95,33 @@ Result ThroughSystemText(const std::string& source, ZUCHARSET from, ZUCHARSET to
     return result;
 }
 
+// The bytes that begin a pair in the multi-byte sets that have a byte table. The tables hold single bytes only: they
+// know nothing of pairs, and give some of these bytes a meaning of their own.
+struct LeadRange {
+    ZUCHARSET cs;
+    unsigned char first, last;
+};
+
+constexpr LeadRange leadRanges[] = {
+    {csMacTradChinese, 0xA1, 0xFC},
+    {csMacJapanese, 0x81, 0x9F},
+    {csMacJapanese, 0xE0, 0xFC},
+    {csMacKorean, 0xA1, 0xFD},
+};
+
+bool IsLead(ZUCHARSET cs, unsigned char byte) {
+    return std::any_of(std::begin(leadRanges), std::end(leadRanges), [&](const LeadRange& range) {
+        return range.cs == cs && byte >= range.first && byte <= range.last;
+    });
+}
+
+// The bytes of the character at this place: a lead byte takes one that can be the second of a pair with it.
+std::size_t BytesAt(const std::string& source, std::size_t position, ZUCHARSET cs) {
+    if (!IsLead(cs, static_cast<unsigned char>(source[position])) || position + 1 == source.size()) return 1;
+    const auto trail = static_cast<unsigned char>(source[position + 1]);
+    return trail >= 0x40 && trail != 0x7F && trail != 0xFF ? 2 : 1;
+}
+
 // A re-coding table, and which of its bytes are lost.
 struct ByteRecoding {
     unsigned char table[256];
@@ -117,8 +146,10 @@ bool BuildByteRecoding(ZUCHARSET from, ZUCHARSET to, ByteRecoding& recoding) {
     for (unsigned byte = 1; byte < 256; ++byte) asUnknown += table[byte] == unknown ? 1 : 0;
     const bool someInEarnest = asUnknown > unmapped;
     for (unsigned byte = 0; byte < 256; ++byte) {
-        recoding.table[byte] = table[byte];
-        recoding.lost[byte] = table[byte] == unknown && !(someInEarnest && back[unknown] == byte);
+        // A byte that begins a pair means nothing by itself, neither where it is read nor where it is written.
+        const bool halfAPair = IsLead(from, static_cast<unsigned char>(byte)) || IsLead(to, table[byte]);
+        recoding.table[byte] = halfAPair ? unknown : table[byte];
+        recoding.lost[byte] = halfAPair || (table[byte] == unknown && !(someInEarnest && back[unknown] == byte));
     }
     return true;
 }
@@ -133,19 +164,17 @@ Result ThroughTables(const std::string& source, ZUCHARSET from, ZUCHARSET to) {
     }
     Account account(result);
     Cursor cursor;
-    for (const char byte : source) {
-        const auto index = static_cast<unsigned char>(byte);
-        if (recoding.lost[index]) account.Add(BytesText(std::string(1, byte)), cursor.At());
+    for (std::size_t at = 0; at < source.size();) {
+        const std::size_t bytes = BytesAt(source, at, from);
+        const auto index = static_cast<unsigned char>(source[at]);
+        if (recoding.lost[index]) account.Add(BytesText(source.substr(at, bytes)), cursor.At());
         result.bytes += static_cast<char>(recoding.table[index]);
-        cursor.Step(index, 1);
+        cursor.Step(index, bytes);
+        at += bytes;
+        ++result.characters;
     }
-    result.units = result.characters = source.size();
+    result.units = result.characters;
     return result;
-}
-
-bool HasTable(ZUCHARSET cs) {
-    unsigned char* table = nullptr;
-    return ConvertCharset(cs, cs == csWindowsLatin1 ? csMacRoman : csWindowsLatin1, nullptr, &table);
 }
 
 Result OneWay(const std::string& source, ZUCHARSET from, ZUCHARSET to, Road road) {
@@ -169,7 +198,15 @@ bool HasTextRoad(ZUCHARSET from, ZUCHARSET to) {
 }
 
 bool HasTableRoad(ZUCHARSET from, ZUCHARSET to) {
-    return from != to && HasTable(from) && HasTable(to);
+    return from != to && HasByteTable(from) && HasByteTable(to);
+}
+
+// A service of its own, so that asking displaces no table of the caller's instance.
+bool HasByteTable(ZUCHARSET cs) {
+    const std::unique_ptr<cCharsetConverter> converter(cCharsetConverter::Create());
+    const ZUCHARSET other = cs == csWindowsLatin1 ? csMacRoman : csWindowsLatin1;
+    unsigned char* table = nullptr;
+    return converter != nullptr && converter->ConvertCharset(cs, other, nullptr, &table);
 }
 
 Result Recode(const std::string& source, ZUCHARSET from, ZUCHARSET to, Road road) {

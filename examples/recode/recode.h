@@ -34,7 +34,7 @@ struct Result {
     Road road = Road::Automatic;
     std::string bytes;  // the text in the new set; a lost character is the set's "_", or U+FFFD in a Unicode set
     std::uint64_t units = 0;
-    std::uint64_t characters = 0;  // code points; on the road of the tables, bytes
+    std::uint64_t characters = 0;  // code points; on the road of the tables, bytes and pairs of bytes
     std::uint64_t lost = 0;
     std::vector<Loss> losses;  // in the order of their first places
     bool markLeftOut = false;  // a byte-order mark, which a set that is not Unicode cannot hold
@@ -44,6 +44,8 @@ struct Result {
 // Whether a road exists between the two sets.
 bool HasTextRoad(Torvo::ZUCHARSET from, Torvo::ZUCHARSET to);
 bool HasTableRoad(Torvo::ZUCHARSET from, Torvo::ZUCHARSET to);
+// Whether the set has a byte table, from which the tables of that road are made.
+bool HasByteTable(Torvo::ZUCHARSET cs);
 
 // Re-codes a whole text. Automatic takes system text where it can, else the tables.
 Result Recode(const std::string& source, Torvo::ZUCHARSET from, Torvo::ZUCHARSET to, Road road = Road::Automatic);

@@ -1,3 +1,4 @@
+#include <Utility/conversion.h>
 #include <examples/recode/command_line.h>
 #include <examples/recode/demo.h>
 #include <examples/recode/files.h>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <sstream>
 #include <string>
@@ -168,6 +170,72 @@ TEST(Recode, SetsWithoutACodePageTakeTheTables) {
     ExpectLoss(lost.losses[0], "byte B0", 2, {1, 1, 2});
 }
 
+// The tables of three Mac sets hold their single bytes only.
+TEST(Recode, PairsOfMacSetsAreLostAsAWhole) {
+    const Result pairs = Recode("a\x82\xA0\x83\x41z\x82\xA0", csMacJapanese, csWindowsLatin1);
+    EXPECT_EQ(pairs.bytes, "a__z_");
+    EXPECT_EQ(pairs.characters, 5u);
+    EXPECT_EQ(pairs.lost, 3u);
+    ASSERT_EQ(pairs.losses.size(), 2u);
+    ExpectLoss(pairs.losses[0], "bytes 82 A0", 2, {1, 1, 2});
+    ExpectLoss(pairs.losses[1], "bytes 83 41", 1, {3, 1, 3});
+    EXPECT_FALSE(pairs.comesBack);
+    // The tables give DE and B3 a meaning of their own.
+    const Result korean = Recode("\xDE\x41\xB0\xA1", csMacKorean, csWindowsLatin1);
+    EXPECT_EQ(korean.bytes, "__");
+    EXPECT_EQ(korean.lost, 2u);
+    const Result chinese = Recode("\xB3\x41", csMacTradChinese, csMacRoman);
+    EXPECT_EQ(chinese.bytes, "_");
+    ASSERT_EQ(chinese.losses.size(), 1u);
+    EXPECT_EQ(chinese.losses[0].what, "bytes B3 41");
+}
+
+TEST(Recode, HalfAPairOfAMacSetIsLostWithoutWhatFollows) {
+    const Result result = Recode("\x82\n\xE0?\x82", csMacJapanese, csWindowsLatin1);
+    EXPECT_EQ(result.bytes, "_\n_?_");
+    ASSERT_EQ(result.losses.size(), 2u);
+    ExpectLoss(result.losses[0], "byte 82", 2, {0, 1, 1});
+    ExpectLoss(result.losses[1], "byte E0", 1, {2, 2, 1});
+}
+
+TEST(Recode, SingleBytesOfMultiByteMacSetsAreKept) {
+    const Result result = Recode("abc\xFD\n", csMacJapanese, csWindowsLatin1);
+    EXPECT_EQ(result.bytes, "abc\xA9\n");
+    EXPECT_EQ(result.lost, 0u);
+    EXPECT_TRUE(result.comesBack);
+}
+
+// It would be read as the first half of a pair.
+TEST(Recode, NoLeadByteIsWrittenByItself) {
+    const Result result = Recode(
+        "\xA3"
+        "1\xA9",
+        csWindowsLatin1, csMacTradChinese);
+    EXPECT_EQ(result.bytes, "_1\xFE");
+    ASSERT_EQ(result.losses.size(), 1u);
+    ExpectLoss(result.losses[0], "byte A3", 1, {0, 1, 1});
+}
+
+TEST(Recode, TellsWhichSetsHaveAByteTable) {
+    EXPECT_TRUE(recode::HasByteTable(csWindowsLatin1));
+    EXPECT_TRUE(recode::HasByteTable(csMacRoman));
+    EXPECT_TRUE(recode::HasByteTable(csLICS));
+    EXPECT_FALSE(recode::HasByteTable(csNeutral));
+    EXPECT_FALSE(recode::HasByteTable(csLMBCS));
+    EXPECT_FALSE(recode::HasByteTable(csUTF8));
+    EXPECT_FALSE(recode::HasByteTable(csUnknown));
+}
+
+TEST(Recode, AskingForByteTablesDisplacesNoneOfTheCallers) {
+    unsigned char* table = nullptr;
+    int unmapped = 0;
+    ASSERT_TRUE(ConvertCharset(csMacRoman, csLICS, &unmapped, &table));
+    for (int number = 0; number <= csUTF16; ++number) recode::HasByteTable(static_cast<ZUCHARSET>(number));
+    unmapped = -7;
+    ASSERT_TRUE(ConvertCharset(csMacRoman, csLICS, &unmapped, &table));
+    EXPECT_EQ(unmapped, -7);
+}
+
 TEST(Recode, TheRoadCanBeChosen) {
     EXPECT_EQ(Recode("a\xE9", csWindowsLatin1, csCodePage850, Road::Tables).road, Road::Tables);
     EXPECT_EQ(Recode("a\xE9", csWindowsLatin1, csCodePage850, Road::Tables).bytes, "a\x82");
@@ -234,6 +302,10 @@ protected:
         EXPECT_TRUE(recode::ReadFile(Path(name), bytes)) << name;
         return bytes;
     }
+    // The files and folders there, but for the folder `out`.
+    std::ptrdiff_t Files() const {
+        return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()) - 1;
+    }
     int Run(const std::vector<std::string>& arguments) {
         out.str({});
         err.str({});
@@ -253,7 +325,35 @@ TEST_F(RecodeProgram, WritesAFileThatLosesNothing) {
     EXPECT_EQ(Get("new.txt"), "caf\xE9\n");
     EXPECT_TRUE(Says("6 bytes, 5 units, 5 characters; 5 bytes in WindowsLatin1")) << out.str();
     EXPECT_TRUE(Says("lost: 0; re-coded back it is equal"));
-    EXPECT_FALSE(std::filesystem::exists(Path("new.txt.unfinished")));
+    EXPECT_EQ(Files(), 2);
+}
+
+// What is written passes through a name of its own: none that anybody has.
+TEST_F(RecodeProgram, TakesNobodysNameWhileItWrites) {
+    const std::string in = Put("new.txt.unfinished-1", "caf\xC3\xA9");
+    EXPECT_EQ(Run({"UTF-8", "ISO8859_1", in, "-o", Path("new.txt")}), recode::everythingKept);
+    EXPECT_EQ(Get("new.txt"), "caf\xE9");
+    EXPECT_EQ(Get("new.txt.unfinished-1"), "caf\xC3\xA9");
+    std::filesystem::create_directory(Path("new.txt.unfinished-2"));
+    EXPECT_EQ(Run({"UTF-8", "ISO8859_1", in, "-o", Path("new.txt")}), recode::everythingKept);
+    EXPECT_EQ(Files(), 3);  // the source, the folder and the target
+}
+
+TEST_F(RecodeProgram, OutputsDoNotDisplaceEachOther) {
+    const std::string one = Put("a.unfinished-1", "1");
+    const std::string two = Put("a", "2");
+    EXPECT_EQ(Run({"UTF-8", "ISO8859_1", one, two, "-d", Path("out")}), recode::everythingKept);
+    EXPECT_EQ(Get("out/a.unfinished-1"), "1");
+    EXPECT_EQ(Get("out/a"), "2");
+}
+
+TEST_F(RecodeProgram, LeavesNothingBehindWhenItCannotWrite) {
+    const std::string in = Put("in.txt", "a");
+    Put("out/kept.txt", "b");
+    EXPECT_EQ(Run({"UTF-8", "ISO8859_1", in, "-o", Path("out")}), recode::notDone);
+    EXPECT_TRUE(Complains("cannot write"));
+    EXPECT_EQ(Get("out/kept.txt"), "b");
+    EXPECT_EQ(Files(), 1);
 }
 
 TEST_F(RecodeProgram, WritesNothingWhenSomethingIsLost) {

@@ -228,8 +228,9 @@ inline Units AllUnits() {
 inline std::string WholeTextDigest(uint32 page, uint32 flags, const Units& text, const char* defaultChar) {
     std::vector<char> bytes(text.size() * 3);
     bool used = false;
-    const int count = platform::WideCharToMultiByte(page, flags, text.data(), static_cast<int>(text.size()),
-                                                    bytes.data(), static_cast<int>(bytes.size()), defaultChar, &used);
+    const int count =
+        platform::WideCharToMultiByte(page, flags, text.data(), static_cast<int>(text.size()), bytes.data(),
+                                      static_cast<int>(bytes.size()), defaultChar, page == Utf8 ? nullptr : &used);
     Digest digest;
     digest.Add(bytes.data(), static_cast<std::size_t>(count));
     return Format("%d %d ", count, used ? 1 : 0) + digest.Text();
@@ -309,6 +310,11 @@ inline constexpr uint32 OtherCompositeFlags[] = {WC_DEFAULTCHAR,
                                                  WC_DEFAULTCHAR | WC_NO_BEST_FIT_CHARS};
 inline constexpr uint32 Utf8Flags[] = {0, MB_ERR_INVALID_CHARS};
 
+// Either call's flags; what UTF-8 does with others is among the questions about arguments.
+inline bool IsFlagOfUtf8(uint32 flags) {
+    return flags == 0 || flags == MB_ERR_INVALID_CHARS || flags == ErrInvalidUnits;
+}
+
 inline std::string Outcome(int result) {
     const uint32 error = platform::GetLastError();
     return error == NoError ? Format("%d", result) : Format("%d/%u", result, error);
@@ -349,7 +355,7 @@ inline std::string ToBytesCase(uint32 page, uint32 flags, const Units& source, i
     bool used = false;
     platform::SetLastError(NoError);
     const int result = platform::WideCharToMultiByte(page, flags, terminated.data(), sourceUnits, target.data(), size,
-                                                     defaultChar, &used);
+                                                     defaultChar, page == Utf8 ? nullptr : &used);
     const std::string outcome = Outcome(result);
     return outcome + (used ? " used" : "") + Shown(target);
 }
@@ -371,6 +377,7 @@ inline void WriteToTextCases(uint32 page, const std::vector<std::string>& source
     for (const std::string& source : sources) {
         const int length = static_cast<int>(source.size());
         for (const uint32 flags : ToTextFlags) {
+            if (page == Utf8 && !IsFlagOfUtf8(flags)) continue;
             std::string text = Format("to-text %u %x ", page, flags) + HexOf(source) + ":";
             const int needed = platform::MultiByteToWideChar(page, 0, source.c_str(), length, nullptr, 0);
             for (int size = 0; size <= needed + 1; ++size) {
@@ -401,6 +408,7 @@ inline void WriteToBytesCases(uint32 page, const std::vector<Units>& sources, co
                               const Line& line) {
     for (const Units& source : sources) {
         for (const uint32 flags : ToBytesFlags) {
+            if (page == Utf8 && !IsFlagOfUtf8(flags)) continue;
             for (const char* defaultChar : defaults) WriteToBytesCase(page, flags, source, defaultChar, line);
         }
     }
@@ -474,8 +482,10 @@ inline constexpr unsigned char ByteClasses[] = {0x00, 0x41, 0x7F, 0x80, 0x8F, 0x
                                                 0xF4, 0xF5, 0xF7, 0xF8, 0xFB, 0xFC, 0xFD, 0xFE, 0xFF};
 inline constexpr unsigned char ContinuationClasses[] = {0x41, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC2, 0xE1, 0xF1};
 
-inline void AddDecoded(Digest& digest, const std::string& source) {
+inline void AddDecoded(Digest& digest, std::string source) {
     wchar16 target[Room];
+    // So much behind it that no sequence is cut off; those that are have lines of their own.
+    source += "xxx";
     for (const uint32 flags : Utf8Flags) {
         platform::SetLastError(NoError);
         const int count =
@@ -515,6 +525,24 @@ inline void WriteUtf8Sequences(const Line& line) {
     }
 }
 
+// Sequences at the end of the text.
+inline void WriteUtf8Ends(const Line& line) {
+    const auto end = [&](const std::string& source) {
+        line("utf8 end " + HexOf(source) + ": " + ToTextCase(Utf8, 0, source, static_cast<int>(source.size()), Room));
+    };
+    static constexpr char followers[] = {'\x00', '\x41', '\x80', '\x8F', '\x90',
+                                         '\x9F', '\xA0', '\xBF', '\xC2', '\xF1'};
+    for (const unsigned char first : ByteClasses) {
+        for (const char second : followers) {
+            const std::string source{static_cast<char>(first), second};
+            end(source);
+            end("a" + source);
+            if (first < 0xF0) continue;
+            for (const char third : {'\x00', '\x41', '\x80', '\xBF', '\xC2'}) end(source + third);
+        }
+    }
+}
+
 inline void WriteUtf8Cases(const Line& line) {
     WriteToTextCases(Utf8,
                      {"a", "\xC3\xA9", "a\xC3\xA9\xE2\x82\xAC", "\xF0\x9F\x98\x80z", "\xE2\x82", "z\xF0\x9F\x98",
@@ -531,7 +559,7 @@ inline void WriteUtf8Cases(const Line& line) {
                        {0xD83D, 0xD83D, 0xDE00},
                        {0xDE00, 0xD83D, 0x7FF, 0x800},
                        {'e', 0x301}},
-                      {nullptr, "_"}, line);
+                      {nullptr}, line);
     Digest digest;
     for (const wchar16& unit : AllUnits()) {
         char bytes[4];
@@ -572,8 +600,8 @@ inline void WriteArgumentCases(const Line& line) {
         const auto back = [&](const char* what, uint32 flags, const wchar16* source, int length, char* target, int size,
                               const char* defaultChar = nullptr) {
             platform::SetLastError(NoError);
-            const int result =
-                platform::WideCharToMultiByte(page, flags, source, length, target, size, defaultChar, &used);
+            const int result = platform::WideCharToMultiByte(page, flags, source, length, target, size, defaultChar,
+                                                             page == Utf8 ? nullptr : &used);
             line(Format("argument to-bytes %u %s: ", page, what) + Outcome(result));
         };
         back("null source", 0, nullptr, 1, toBytes, 8);
@@ -585,6 +613,9 @@ inline void WriteArgumentCases(const Line& line) {
         back("unknown flag", 0x800, units, 1, toBytes, 8);
         back("default character", 0, units, 1, toBytes, 8, "_");
         back("unknown flag and null source", 0x800, nullptr, 1, toBytes, 8);
+        platform::SetLastError(NoError);
+        const int told = platform::WideCharToMultiByte(page, 0, units, 1, toBytes, 8, nullptr, &used);
+        line(Format("argument to-bytes %u asked for the use of the default: ", page) + Outcome(told));
         for (uint32 flag = 1; flag <= 0x2000; flag <<= 1) {
             back(Format("flag %x", flag).c_str(), flag, units, 1, toBytes, 8);
         }
@@ -622,6 +653,7 @@ inline void WriteCodePageVectors(const Line& line) {
     WriteSingleByteCases(line);
     WriteDoubleByteCases(line);
     WriteUtf8Sequences(line);
+    WriteUtf8Ends(line);
     WriteUtf8Cases(line);
     WriteArgumentCases(line);
 }

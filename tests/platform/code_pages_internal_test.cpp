@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <fstream>
 #include <memory>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -19,7 +20,7 @@ std::vector<std::string> ReadLines(const std::string& path) {
     std::ifstream file(path);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {
-        if (!line.starts_with("#")) lines.push_back(line);
+        if (!line.empty() && !line.starts_with("#")) lines.push_back(line);
     }
     return lines;
 }
@@ -27,6 +28,9 @@ std::vector<std::string> ReadLines(const std::string& path) {
 TEST(CodePages, AnswerWhatTheGoldenVectorsSay) {
     const std::vector<std::string> expected = ReadLines(TORVO_SOURCE_DIR "/tests/golden/code_page_vectors.txt");
     ASSERT_GT(expected.size(), 2000u);
+    const std::vector<std::string> lines = ReadLines(TORVO_SOURCE_DIR "/tests/golden/code_page_differences.txt");
+    std::set<std::string> listed(lines.begin(), lines.end());
+    EXPECT_EQ(listed.size(), lines.size()) << "a difference is listed twice";
     std::size_t number = 0;
     int differences = 0;
     std::string page;
@@ -34,11 +38,15 @@ TEST(CodePages, AnswerWhatTheGoldenVectorsSay) {
         if (line.starts_with("page ")) page = line.substr(0, line.find(" default"));
         const std::string wanted = number < expected.size() ? expected[number] : "nothing";
         ++number;
-        if (line == wanted) return;
+        if (line == wanted || listed.erase(line) == 1) return;
         if (++differences <= 20) ADD_FAILURE() << "line " << number << ", " << page << "\n" << line << "\n" << wanted;
     });
     EXPECT_EQ(differences, 0);
     EXPECT_EQ(number, expected.size());
+    // Where the system converts, some or all of them may be met.
+    if (TORVO_OWN_CODE_PAGES) {
+        EXPECT_TRUE(listed.empty()) << listed.size() << " listed differences are none, as\n" << *listed.begin();
+    }
 }
 
 // ---- whole texts against the same text taken piece by piece ----
@@ -102,8 +110,8 @@ Encoded Encode(uint32 page, uint32 flags, const Units& source, std::size_t size)
     const auto target = ExactCopy(Bytes(size, UntouchedByte));
     platform::SetLastError(0);
     const int result =
-        platform::WideCharToMultiByte(page, flags, text.get(), static_cast<int>(source.size()), target.get(),
-                                      static_cast<int>(size), page == CP_UTF8 ? nullptr : "_", nullptr);
+        platform::WideCharToMultiByte(page, page == CP_UTF8 ? 0 : flags, text.get(), static_cast<int>(source.size()),
+                                      target.get(), static_cast<int>(size), page == CP_UTF8 ? nullptr : "_", nullptr);
     return {result, platform::GetLastError(), Bytes(target.get(), target.get() + size)};
 }
 

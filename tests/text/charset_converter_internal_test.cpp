@@ -2,6 +2,7 @@
 #include <Utility/conversion.h>
 #include <Utility/text/charset_maps.h>
 #include <gtest/gtest.h>
+#include <support/failing_heap.h>
 
 #include <cstring>
 #include <memory>
@@ -51,6 +52,16 @@ TEST(RecodingTables, AreThoseOfThePlainScanForEveryPair) {
         }
     }
     EXPECT_EQ(pairs, 44 * 43);
+}
+
+TEST(CharsetConverterFailures, CreateGivesNull) {
+    const int64 blocks = test::LiveBlocks();
+    {
+        const test::FailingHeap heap(1);
+        EXPECT_EQ(cCharsetConverter::Create(), nullptr);
+        EXPECT_TRUE(heap.Refused());
+    }
+    EXPECT_EQ(test::LiveBlocks(), blocks);
 }
 
 }  // namespace

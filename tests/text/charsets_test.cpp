@@ -318,6 +318,15 @@ TEST(StringByteLength, CountsBytesOfTheCodePageWithoutATerminator) {
     EXPECT_EQ(StringByteLength(kana, csWindowsJapanese), 5u);
 }
 
+TEST(StringByteLength, ALetterAndItsMarkCountAsTheComposedLetter) {
+    const wchar16 text[] = {'e', 0x0301, 0};
+    EXPECT_EQ(StringByteLength(text, csWindowsLatin1), 1u);
+    EXPECT_EQ(StringByteLength(text, csUTF8), 3u);
+    EXPECT_EQ(StringByteLength(text, csUTF16), 4u);
+    const SystemCharset latin(csWindowsLatin1);
+    EXPECT_EQ(StringByteLength(text, csMacRoman), 1u);
+}
+
 TEST(StringByteLength, SetsWithoutACodePageAreMeasuredInTheSystemCharset) {
     const wchar16 kana[] = {0x3042, 0x3044, 'a', 0};
     for (const ZUCHARSET cs : {csMacRoman, csLICS, csLMBCS, csPackedEUCJapanese, Set(59), csUnknown}) {
@@ -363,12 +372,16 @@ TEST(LCIDToName, CutsTheNameToTheRoom) {
 }
 
 TEST(LCIDToName, RefusesWithoutTouchingTheRoom) {
-    wchar16 name[85] = {0x7777};
+    wchar16 name[85];
+    std::fill(std::begin(name), std::end(name), wchar16{0x7777});
+    const auto isUntouched = [&] {
+        return std::all_of(std::begin(name), std::end(name), [](wchar16 unit) { return unit == 0x7777; });
+    };
     EXPECT_FALSE(LCIDToName(0, name, std::size(name)));
-    EXPECT_EQ(name[0], 0x7777);
-    EXPECT_FALSE(LCIDToName(0x0409, nullptr, 85));
+    EXPECT_TRUE(isUntouched());
     EXPECT_FALSE(LCIDToName(0x0FFF, name, std::size(name)));
-    EXPECT_EQ(name[0], 0x7777);
+    EXPECT_TRUE(isUntouched());
+    EXPECT_FALSE(LCIDToName(0x0409, nullptr, 85));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -164,6 +165,15 @@ TEST(BytesToSystem, Utf16StopsAtAZeroUnitAndFillsWithZeros) {
     EXPECT_TRUE(out.untouchedFrom(4));
 }
 
+// Whatever length is named, nothing behind the zero unit is read: the block ends there.
+TEST(BytesToSystem, Utf16ReadsNothingBehindTheZeroUnit) {
+    const std::unique_ptr<char[]> source(new char[4]{'a', 0, 0, 0});
+    Units out;
+    EXPECT_TRUE(ConvertMBCSCharToSystem(source.get(), 40, csUTF16, out, 40));
+    EXPECT_EQ(out.first(21), Text({'a'}) + wstring16(20, 0));
+    EXPECT_TRUE(out.untouchedFrom(21));
+}
+
 TEST(BytesToSystem, Utf16DropsAnOddByteAndReadsOddAddresses) {
     const char source[] = {'x', 'a', 0, 'b', 0, 'c'};
     Units out;
@@ -225,6 +235,56 @@ TEST(SystemToBytes, WhatTheSetDoesNotHoldBecomesUnknown) {
     EXPECT_EQ(out.first(4), std::string("a__\0", 4));
     ASSERT_TRUE(ConvertSystemToMBCSChar(Text({'a', 0x0E01}).c_str(), out, csWindowsJapanese, 10, false));
     EXPECT_EQ(out.first(3), std::string("a_\0", 3));
+}
+
+TEST(SystemToBytes, TheNearestCharacterStandsInWhereThePageNamesOne) {
+    Bytes out;
+    ASSERT_TRUE(ConvertSystemToMBCSChar(Text({0x0141, 0x2019, 0x0414}).c_str(), out, csISO8859_1, 10, false));
+    EXPECT_EQ(out.first(4), std::string("L'_\0", 4));
+}
+
+TEST(SystemToBytes, ALetterAndItsMarkBecomeTheComposedLetter) {
+    const wstring16 text = Text({'e', 0x0301, 'x'});
+    Bytes out;
+    ASSERT_TRUE(ConvertSystemToMBCSChar(text.c_str(), out, csWindowsLatin1, 10, false));
+    EXPECT_EQ(out.first(3), std::string("\xE9x\0", 3));
+    EXPECT_TRUE(out.untouchedFrom(3));
+    ASSERT_TRUE(ConvertSystemToMBCSChar(text.c_str(), out, csUTF8, 10, false));
+    EXPECT_EQ(out.first(5), std::string("e\xCC\x81x\0", 5));
+}
+
+// A page writes a letter and a mark apart where it does not hold the composed letter; the system charset that stands in
+// for a page writes one unknown code.
+TEST(SystemToBytes, AComposedLetterThatIsNotHeldIsOneUnknownInTheSystemCharset) {
+    const SystemCharset cyrillic(csWindowsCyrillic);
+    const wstring16 text = Text({0x0435, 0x0300});
+    Bytes own;
+    ASSERT_TRUE(ConvertSystemToMBCSChar(text.c_str(), own, csWindowsCyrillic, 10, false));
+    EXPECT_EQ(own.first(3), std::string("\xE5\x5F\0", 3));
+    EXPECT_TRUE(own.untouchedFrom(3));
+    Bytes standIn;
+    ASSERT_TRUE(ConvertSystemToMBCSChar(text.c_str(), standIn, csMacRoman, 10, false));
+    EXPECT_EQ(standIn.first(2), std::string("\x5F\0", 2));
+    EXPECT_TRUE(standIn.untouchedFrom(2));
+}
+
+// The same letter and mark, which need a byte less in the second attempt.
+TEST(SystemToBytes, SymbolicPagesTryTheSystemCharsetWhenATextDoesNotFit) {
+    const SystemCharset latin(csWindowsLatin1);
+    const wstring16 text = Text({0x0435, 0x0300});
+    for (const ZUCHARSET cs : {csNeutral, csCodePage437}) {
+        Bytes out;
+        EXPECT_TRUE(ConvertSystemToMBCSChar(text.c_str(), out, cs, 2, false)) << cs;
+        EXPECT_EQ(out.first(2), std::string("_\0", 2)) << cs;
+        EXPECT_TRUE(out.untouchedFrom(2)) << cs;
+        Bytes tight;
+        EXPECT_FALSE(ConvertSystemToMBCSChar(text.c_str(), tight, cs, 1, false)) << cs;
+        Bytes truncated;  // the first attempt stands
+        EXPECT_TRUE(ConvertSystemToMBCSChar(text.c_str(), truncated, cs, 2, true)) << cs;
+        EXPECT_NE(truncated.data[1], 0) << cs;
+    }
+    Bytes named;
+    EXPECT_FALSE(ConvertSystemToMBCSChar(text.c_str(), named, csWindowsLatin1, 2, false));
 }
 
 TEST(SystemToBytes, Utf8SubstitutesNothing) {

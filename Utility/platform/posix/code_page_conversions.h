@@ -61,6 +61,6 @@ Conversion DecodeUtf8(ByteText source, UnitTarget target, bool strict);
 // `usedDefault` is set, never cleared.
 Conversion EncodeSingle(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules, bool& usedDefault);
 Conversion EncodeDouble(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules, bool& usedDefault);
-Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict, bool& usedDefault);
+Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict);
 
 }  // namespace Torvo::platform

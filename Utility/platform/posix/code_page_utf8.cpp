@@ -1,5 +1,5 @@
-// UTF-8. What is not well-formed becomes U+FFFD: one for each longest beginning of a sequence, one for each other byte,
-// and one for all that is left where the text ends before a sequence could.
+// UTF-8. What is not well-formed becomes U+FFFD: one for each longest beginning of a sequence, and one for each other
+// byte. Reading goes on at the first byte that does not belong to that beginning, at the end of the text as elsewhere.
 #include <Utility/platform/threads.h>
 
 #include <algorithm>
@@ -62,13 +62,22 @@ Decoded DecodeFour(const uint8* at) {
     return {high << 12 | (at[2] & 0x3Fu) << 6 | (at[3] & 0x3Fu), 4, true};
 }
 
-// The character at `at`, which is not ASCII; `left` bytes are left.
-Decoded DecodeNext(const uint8* at, std::size_t left) {
+constexpr std::size_t LongestSequence = 4;
+
+// The character at `at`, which is not ASCII; as many bytes as the longest sequence has can be read.
+Decoded DecodeWhole(const uint8* at) {
     const uint8 lead = at[0];
     if (lead < 0xC2 || lead > 0xF4) return Invalid(1);
-    if (lead < 0xE0) return left < 2 ? Invalid(left) : DecodeTwo(at);
-    if (lead < 0xF0) return left < 3 ? Invalid(left) : DecodeThree(at);
-    return left < 4 ? Invalid(left) : DecodeFour(at);
+    if (lead < 0xE0) return DecodeTwo(at);
+    return lead < 0xF0 ? DecodeThree(at) : DecodeFour(at);
+}
+
+// The same; `left` bytes are left. Zeros behind the end continue no sequence, so none of them is taken.
+Decoded DecodeNext(const uint8* at, std::size_t left) {
+    if (left >= LongestSequence) return DecodeWhole(at);
+    uint8 padded[LongestSequence] = {};
+    std::copy_n(at, left, padded);
+    return DecodeWhole(padded);
 }
 
 // What must be left so that sixteen units are certain to be made of it: three bytes may make one. And room for the two
@@ -178,7 +187,6 @@ Conversion CountUnits(ByteText source, bool strict) {
 
 // ---- units to bytes ----
 
-constexpr std::ptrdiff_t LongestSequence = 4;
 // What the target must have left so that sixteen bytes are certain to be written: the last character may not fit.
 constexpr std::ptrdiff_t RoomAhead = Lanes + LongestSequence;
 
@@ -301,7 +309,7 @@ Conversion DecodeUtf8(ByteText source, UnitTarget target, bool strict) {
     return Finished(static_cast<std::size_t>(state.to - target.text), state.at == end, strict, state.metInvalid);
 }
 
-Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict, bool& usedDefault) {
+Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict) {
     std::size_t count = 0;
     bool metInvalid = false;
     bool complete = true;
@@ -323,7 +331,6 @@ Conversion EncodeUtf8(UnitText source, ByteTarget target, bool strict, bool& use
         metInvalid = state.metInvalid;
         complete = state.at == end;
     }
-    usedDefault |= metInvalid && complete && !strict;
     return Finished(count, complete, strict, metInvalid);
 }
 

@@ -43,7 +43,14 @@ int Fail(uint32 error) {
 
 // What both calls ask of their arguments before they look at the page.
 bool AreUsable(const void* source, int sourceSize, const void* target, int targetSize) {
-    return source != nullptr && sourceSize != 0 && targetSize >= 0 && (targetSize == 0 || target != nullptr);
+    return source != nullptr && sourceSize != 0 && targetSize >= 0 &&
+           (targetSize == 0 || (target != nullptr && target != source));
+}
+
+// UTF-8 knows no default character and has nobody to tell about it; of the flags it takes one.
+uint32 WhyNotUtf8(uint32 flags, const char* defaultChar, const bool* usedDefault) {
+    if (defaultChar != nullptr || usedDefault != nullptr) return ERROR_INVALID_PARAMETER;
+    return (flags & ~WC_ERR_INVALID_CHARS) != 0 ? ERROR_INVALID_FLAGS : 0;
 }
 
 int Result(Conversion conversion) {
@@ -88,7 +95,7 @@ int MultiByteToWideChar(uint32 codePage, uint32 flags, const char* source, int s
     const uint32 number = ResolvedCodePage(codePage);
     const CodePage* page = number == CP_UTF8 ? nullptr : CodePage::Find(number);
     if (number != CP_UTF8 && page == nullptr) return Fail(WhyNoPage(number));
-    if ((flags & ~ToTextFlags) != 0) return Fail(ERROR_INVALID_FLAGS);
+    if ((flags & ~(page == nullptr ? MB_ERR_INVALID_CHARS : ToTextFlags)) != 0) return Fail(ERROR_INVALID_FLAGS);
 
     const ByteText text{reinterpret_cast<const uint8*>(source), LengthOf(source, sourceBytes)};
     const UnitTarget units{targetUnits == 0 ? nullptr : target, static_cast<std::size_t>(targetUnits)};
@@ -105,21 +112,21 @@ int WideCharToMultiByte(uint32 codePage, uint32 flags, const wchar16* source, in
     const uint32 number = ResolvedCodePage(codePage);
     const CodePage* page = number == CP_UTF8 ? nullptr : CodePage::Find(number);
     if (number != CP_UTF8 && page == nullptr) return Fail(WhyNoPage(number));
+    if (page == nullptr) {
+        const uint32 error = WhyNotUtf8(flags, defaultChar, usedDefault);
+        if (error != 0) return Fail(error);
+    }
     if ((flags & ~ToBytesFlags) != 0) return Fail(ERROR_INVALID_FLAGS);
 
     const UnitText text{source, LengthOf(source, sourceUnits)};
     const ByteTarget bytes{targetBytes == 0 ? nullptr : reinterpret_cast<uint8*>(target),
                            static_cast<std::size_t>(targetBytes)};
+    if (page == nullptr) return Result(EncodeUtf8(text, bytes, (flags & WC_ERR_INVALID_CHARS) != 0));
+    const EncodeRules rules{(flags & WC_COMPOSITECHECK) != 0, UnheldBy(flags), (flags & WC_NO_BEST_FIT_CHARS) != 0,
+                            DefaultCode(*page, defaultChar)};
     bool used = false;
-    Conversion conversion;
-    if (page == nullptr) {
-        conversion = EncodeUtf8(text, bytes, (flags & WC_ERR_INVALID_CHARS) != 0, used);
-    } else {
-        const EncodeRules rules{(flags & WC_COMPOSITECHECK) != 0, UnheldBy(flags), (flags & WC_NO_BEST_FIT_CHARS) != 0,
-                                DefaultCode(*page, defaultChar)};
-        conversion = page->HasPairs() ? EncodeDouble(*page, text, bytes, rules, used)
-                                      : EncodeSingle(*page, text, bytes, rules, used);
-    }
+    const Conversion conversion = page->HasPairs() ? EncodeDouble(*page, text, bytes, rules, used)
+                                                   : EncodeSingle(*page, text, bytes, rules, used);
     if (usedDefault != nullptr) *usedDefault = used;
     return Result(conversion);
 }
