@@ -40,12 +40,13 @@ bool FinishPlain(bool accepted, T number, T* value, wchar16** end, const wchar16
 template <typename T>
 bool ReadSigned(const wchar16* text, T* value, wchar16** end, int32 min, int32 max) {
     if (text == nullptr) return Finish(false, T{0}, value, end, nullptr);
+    errno = 0;
     int64 plain;
     if (const wchar16* const after = ReadPlainInteger(text, &plain)) {
-        errno = plain == static_cast<int32>(plain) ? 0 : ERANGE;
-        return FinishPlain(plain >= min && plain <= max, static_cast<T>(plain), value, end, after);
+        const bool accepted = plain >= min && plain <= max;
+        if (!accepted && plain != static_cast<int32>(plain)) errno = ERANGE;
+        return FinishPlain(accepted, static_cast<T>(plain), value, end, after);
     }
-    errno = 0;
     return ReadNumber(
         text, value, end, [](const wchar16* from, wchar16** after) { return platform::wcstol(from, after, 10); },
         [min, max](long32 number) { return errno != ERANGE && number >= min && number <= max; });
