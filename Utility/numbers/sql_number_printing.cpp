@@ -1,5 +1,6 @@
 #include <Utility/errors/raise.h>
 #include <Utility/numbers/decimal_digits.h>
+#include <Utility/numbers/powers_of_ten.h>
 #include <Utility/numbers/sql_number_picture.h>
 #include <Utility/sql_numbers.h>
 
@@ -17,7 +18,7 @@ bool IsDigitPosition(wchar16 unit) {
 // Halves away from zero, as far as doubles can tell. Where the places lie beyond what a double holds, there is nothing
 // to round.
 double RoundToPlaces(double value, int places) {
-    const double power = places > 0 ? std::pow(10.0, places) : 1.0;
+    const double power = places > 0 ? PowerOfTen(int64{places}) : 1.0;
     const double scaled = value * power;
     if (!std::isfinite(scaled)) return value;
     return (value < 0 ? std::ceil(scaled - 0.5) : std::floor(scaled + 0.5)) / power;

@@ -1,5 +1,6 @@
 #include <Utility/errors/raise.h>
 #include <Utility/numbers/number_symbols.h>
+#include <Utility/numbers/powers_of_ten.h>
 #include <Utility/platform/number_text.h>
 #include <Utility/sql_numbers.h>
 
@@ -27,7 +28,7 @@ public:
     // told from 0, while the digits and the power would both become infinite.
     double FractionValue() {
         length = std::min(length, MaxPlaces);
-        return Value() / std::pow(10.0, length);
+        return Value() / PowerOfTen(int64{length});
     }
 
 private:
@@ -56,7 +57,7 @@ public:
             const double places = fraction.FractionValue();
             value = value < 0 ? value - places : value + places;
         }
-        return exponentPassed ? value * std::pow(10.0, exponent.Value()) : value;
+        return exponentPassed ? value * PowerOfTen(exponent.Value()) : value;
     }
 
 private:

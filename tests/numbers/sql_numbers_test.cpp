@@ -295,7 +295,7 @@ TEST_F(SqlNumbers, ReadingCurrency) {
 TEST_F(SqlNumbers, ReadingExponents) {
     EXPECT_EQ(Read(ZUTEXT("1.5E3"), ZUTEXT("9.9E9")), 1500);
     EXPECT_EQ(Read(ZUTEXT("1.5e 3"), ZUTEXT("9.99E99")), 1500);
-    EXPECT_EQ(Read(ZUTEXT("1.5E-3"), ZUTEXT("9.9e99")), 1.5 * std::pow(10.0, -3));
+    EXPECT_EQ(Read(ZUTEXT("1.5E-3"), ZUTEXT("9.9e99")), 1.5 * 1e-3);
     EXPECT_EQ(Read(ZUTEXT("1.5E+3"), ZUTEXT("9.9E99")), 1500);
     EXPECT_EQ(Read(ZUTEXT("15E3"), ZUTEXT("99E9")), 15000);
     EXPECT_EQ(Read(ZUTEXT("1.5E"), ZUTEXT("9.9E9")), 1.5);

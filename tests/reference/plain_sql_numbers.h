@@ -13,6 +13,13 @@
 
 namespace Torvo::test {
 
+// The double nearest to a power of ten, as the C library reads it from text: its pow is not exact on every system.
+inline double PlainPowerOfTen(double exponent) {
+    if (std::floor(exponent) != exponent) return std::pow(10.0, exponent);
+    const int whole = static_cast<int>(std::fmax(-1000, std::fmin(1000, exponent)));  // infinity and 0 on both sides
+    return std::strtod(("1e" + std::to_string(whole)).c_str(), nullptr);
+}
+
 struct PlainSymbols {
     wchar16 decimal;
     wchar16 thousands;
@@ -112,7 +119,7 @@ private:
     }
 
     double Round(double v) const {
-        const double p = fracDigits > 0 ? std::pow(10.0, fracDigits) : 1;
+        const double p = fracDigits > 0 ? PlainPowerOfTen(fracDigits) : 1;
         const double scaled = v * p;
         if (!std::isfinite(scaled)) return v;
         return (v < 0 ? std::ceil(scaled - 0.5) : std::floor(scaled + 0.5)) / p;
@@ -282,10 +289,10 @@ inline std::optional<double> PlainSqlRead(const wstring16& text, const wstring16
     if (!atEnd()) return {};
     double v = PlainNumber(integers);
     if (point) {
-        const double f = PlainNumber(fractions) / std::pow(10.0, static_cast<double>(fractions.size()));
+        const double f = PlainNumber(fractions) / PlainPowerOfTen(static_cast<double>(fractions.size()));
         v = v < 0 ? v - f : v + f;
     }
-    if (exp) v *= std::pow(10.0, PlainNumber(exponents));
+    if (exp) v *= PlainPowerOfTen(PlainNumber(exponents));
     return v;
 }
 
