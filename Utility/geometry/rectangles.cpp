@@ -19,6 +19,8 @@ using detail::WrappingSubtract;
 
 template <typename Rect>
 bool SameBytes(const Rect& a, const Rect& b) {
+    // Equal byte for byte is what is meant, -0.0 and NaN included.
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
     return std::memcmp(&a, &b, sizeof(Rect)) == 0;
 }
 

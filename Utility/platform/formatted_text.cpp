@@ -30,6 +30,7 @@ public:
 
     template <typename T>
     T Next() {
+        // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the constructor copied it
         return va_arg(list, T);
     }
 

@@ -124,6 +124,8 @@ Conversion EncodeDouble(const CodePage& page, UnitText source, ByteTarget target
     const wchar16* const end = at + source.size;
     if (target.text == nullptr) {
         while (at != end) count += SizeOf(encoder.Next(at, end));
+        usedDefault |= encoder.UsedDefault();
+        return {count, 0};
     }
     while (at != end && error == 0) {
         if (encoder.TakesTable()) EncodeByTable(encoder, at, end, target, count);
