@@ -192,7 +192,7 @@ TEST(LinkedListProperty, AnswersAsADequeDoes) {
     char items[256];
     for (int i = 0; i < test::kRandomOperations; ++i) {
         const auto size = static_cast<int64>(plain.size());
-        if (random.Between(0, 30) > size) {
+        if (size == 0 || random.Between(0, 30) > size) {
             void* const item = &items[random.Between(0, 255)];
             list.Insert(item);
             plain.push_front(item);
