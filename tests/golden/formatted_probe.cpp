@@ -1,5 +1,5 @@
 // Prints the cases of formatted_cases.h with the universal C runtime of Windows, one line each: the number that it
-// returned, and the text with every unit outside printable ASCII as \XXXX.
+// returned, and the text with every unit outside printable ASCII as \hhhh.
 //
 // The runtime is loaded by name, so that it makes no difference which one the compiler links.
 #include "formatted_cases.h"

@@ -4,7 +4,7 @@
 // (locale_vectors.txt), and to the layer under test; see locale_vectors_internal_test.cpp.
 //
 // A line is `key=answer`, a line in brackets starts a section. Answers that depend on the user's environment are not
-// written. Units that an editor would not show are written as \uXXXX.
+// written. Units that an editor would not show are written as \uhhhh.
 #pragma once
 
 #include <Utility/platform/platform.h>
@@ -281,7 +281,7 @@ private:
         return text;
     }
 
-    // UTF-8, and what an editor would not show as \uXXXX.
+    // UTF-8, and what an editor would not show as \uhhhh.
     static std::string Text(const wchar16* text) {
         std::string bytes;
         for (; *text != 0; ++text) {

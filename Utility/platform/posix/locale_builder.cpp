@@ -300,7 +300,7 @@ std::string DataLocaleOf(const std::string& localeName) {
 
 // The table speaks of the Gregorian calendar and of the digits 0 to 9, whatever a locale prefers.
 constexpr char PlatformKeywords[] = "@calendar=gregorian;numbers=latn";
-// With no currency in particular, since a few locales write a pattern of its own for theirs.
+// With the currency code that ISO 4217 gives to no currency, since a few locales write a pattern of its own for theirs.
 constexpr char CurrencyPatternKeywords[] = "@calendar=gregorian;currency=XXX;numbers=latn";
 
 using Resource = std::unique_ptr<UResourceBundle, Closer<ures_close>>;
