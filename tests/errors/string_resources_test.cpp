@@ -148,7 +148,7 @@ TEST(ResourceLibrary, GivesATextInOneOfItsLanguages) {
 }
 
 TEST(ResourceLibrary, ThatCannotBeLoadedIsTriedAgainAtEachLookUp) {
-    const std::string path = TORVO_BINARY_DIR "/resource_library_test.dll";
+    const std::string path = test::BuildPath("resource_library_test.dll");
     std::remove(path.c_str());
     const cResourceDLL library(Wide(path).c_str());
     EXPECT_EQ(wstring16(library[1]), MissingText("1"));

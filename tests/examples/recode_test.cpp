@@ -4,6 +4,7 @@
 #include <examples/recode/files.h>
 #include <examples/recode/recode.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 #include <support/system_charset.h>
 
 #include <algorithm>
@@ -436,7 +437,7 @@ TEST_F(RecodeProgram, ListsTheSets) {
 }
 
 TEST_F(RecodeProgram, DemoShowsEveryLanguage) {
-    EXPECT_EQ(Run({"--demo", TORVO_SOURCE_DIR "/data/udhr"}), recode::everythingKept);
+    EXPECT_EQ(Run({"--demo", Torvo::test::SourcePath("data/udhr")}), recode::everythingKept);
     const std::string table = out.str();
     std::istringstream lines(table);
     int rows = 0;

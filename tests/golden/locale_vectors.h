@@ -1,6 +1,7 @@
 // Reads the checked-in answers about locales and the list of the places where the Linux layer answers otherwise.
 #pragma once
 
+#include <support/fixture_path.h>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -65,7 +66,7 @@ inline LocaleDifferences ParseLocaleDifferences(const std::string& text) {
 }
 
 inline std::string LocaleVectorsText() {
-    return ReadTextFile(TORVO_SOURCE_DIR "/tests/golden/locale_vectors.txt");
+    return ReadTextFile(SourcePath("tests/golden/locale_vectors.txt"));
 }
 
 }  // namespace Torvo::test

@@ -1,6 +1,7 @@
 // The platform layer's characters, paths and numbers against what Windows calls answer under Wine.
 
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 
 #include <algorithm>
 #include <fstream>
@@ -15,7 +16,7 @@ using Torvo::test::Lines;
 namespace platform = Torvo::platform;
 
 Lines LinesOf(const std::string& name) {
-    std::ifstream file(TORVO_SOURCE_DIR "/tests/golden/" + name, std::ios::binary);
+    std::ifstream file(Torvo::test::SourcePath("tests/golden/" + name), std::ios::binary);
     EXPECT_TRUE(file.is_open()) << name;
     Lines lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);

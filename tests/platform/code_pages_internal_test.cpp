@@ -3,6 +3,7 @@
 #include <Utility/platform/threads.h>
 #include <golden/code_page_probe.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 
 #include <algorithm>
 #include <fstream>
@@ -26,15 +27,15 @@ std::vector<std::string> ReadLines(const std::string& path) {
 }
 
 TEST(CodePages, AnswerWhatTheGoldenVectorsSay) {
-    const std::vector<std::string> expected = ReadLines(TORVO_SOURCE_DIR "/tests/golden/code_page_vectors.txt");
+    const std::vector<std::string> expected = ReadLines(Torvo::test::SourcePath("tests/golden/code_page_vectors.txt"));
     ASSERT_GT(expected.size(), 2000u);
-    const std::vector<std::string> lines = ReadLines(TORVO_SOURCE_DIR "/tests/golden/code_page_differences.txt");
+    const std::vector<std::string> lines = ReadLines(Torvo::test::SourcePath("tests/golden/code_page_differences.txt"));
     std::set<std::string> listed(lines.begin(), lines.end());
     EXPECT_EQ(listed.size(), lines.size()) << "a difference is listed twice";
     std::size_t number = 0;
     int differences = 0;
     std::string page;
-    test::code_pages::WriteCodePageVectors([&](const std::string& line) {
+    ::test::code_pages::WriteCodePageVectors([&](const std::string& line) {
         if (line.starts_with("page ")) page = line.substr(0, line.find(" default"));
         const std::string wanted = number < expected.size() ? expected[number] : "nothing";
         ++number;

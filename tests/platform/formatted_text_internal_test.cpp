@@ -1,6 +1,7 @@
 #include <Utility/platform/formatted_text.h>
 #include <golden/formatted_cases.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 
 #include <clocale>
 #include <cstdio>
@@ -43,7 +44,7 @@ wstring16 Printed(const wchar16* format, ...) {
 }
 
 std::vector<std::string> LinesOf(const std::string& name) {
-    std::ifstream file(TORVO_SOURCE_DIR "/tests/golden/" + name, std::ios::binary);
+    std::ifstream file(Torvo::test::SourcePath("tests/golden/" + name), std::ios::binary);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;

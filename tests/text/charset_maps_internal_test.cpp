@@ -3,6 +3,7 @@
 #include <Utility/platform/text.h>
 #include <Utility/text/charset_maps.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 
 #include <array>
 #include <fstream>
@@ -23,7 +24,7 @@ struct Entry {
 using Map = std::array<Entry, 256>;
 
 std::vector<std::vector<std::string>> ReadWords(const std::string& path) {
-    std::ifstream file(std::string(TORVO_SOURCE_DIR) + path);
+    std::ifstream file(Torvo::test::SourcePath(path));
     EXPECT_TRUE(file) << path;
     std::vector<std::vector<std::string>> lines;
     for (std::string line; std::getline(file, line);) {
@@ -49,7 +50,7 @@ std::pair<int, int> Range(const std::string& text) {
 std::map<std::string, std::vector<int>> ReadPages() {
     std::map<std::string, std::vector<int>> pages;
     std::vector<int>* page = nullptr;
-    for (const auto& words : ReadWords("/tests/text/data/published_pages.txt")) {
+    for (const auto& words : ReadWords("tests/text/data/published_pages.txt")) {
         if (words[0] == "page") {
             page = &pages[words[1]];
         } else {
@@ -75,7 +76,7 @@ std::map<std::string, Map> BuildMaps() {
     const auto pages = ReadPages();
     std::map<std::string, Map> maps;
     Map* map = nullptr;
-    for (const auto& words : ReadWords("/tools/charset_maps/differences.txt")) {
+    for (const auto& words : ReadWords("tools/charset_maps/differences.txt")) {
         if (words[0] == "map") {
             map = &(maps[words[1]] = Begin(words[2] == "page" ? &pages.at(words[3]) : nullptr));
         } else if (words[0] == "row") {

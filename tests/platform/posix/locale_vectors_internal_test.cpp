@@ -2,6 +2,7 @@
 #include <golden/locale_probe.h>
 #include <golden/locale_vectors.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 #include <unicode/ulocdata.h>
 
 #include <set>
@@ -15,7 +16,7 @@ protected:
     static void SetUpTestSuite() {
         vectors = new test::LocaleAnswers(test::ParseLocaleAnswers(test::LocaleVectorsText()));
         differences = new test::LocaleDifferences(
-            test::ParseLocaleDifferences(test::ReadTextFile(TORVO_SOURCE_DIR "/tests/golden/locale_differences.txt")));
+            test::ParseLocaleDifferences(test::ReadTextFile(Torvo::test::SourcePath("tests/golden/locale_differences.txt"))));
         ours = new test::LocaleAnswers(test::ParseLocaleAnswers(test::LocaleProbe().Run()));
     }
     static void TearDownTestSuite() {

@@ -1,4 +1,5 @@
 #include <stdlib.h>
+#include <support/fixture_path.h>
 #include <support/numeric_locale.h>
 
 // The build makes the locales (tests/CMakeLists.txt); the C library finds them through LOCPATH.
@@ -8,7 +9,7 @@ namespace Torvo::test {
 namespace {
 
 std::string Named(const char* name) {
-    setenv("LOCPATH", TORVO_BINARY_DIR "/locales", 1);
+    setenv("LOCPATH", BuildPath("locales").c_str(), 1);
     return name;
 }
 
