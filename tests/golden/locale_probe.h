@@ -186,7 +186,7 @@ private:
     void Number(uint32 locale, uint32 type) {
         Fill();
         const int result = platform::GetLocaleInfoW(locale, type | LOCALE_RETURN_NUMBER, buffer, 20);
-        const int number = buffer[0] + buffer[1] * 65536;
+        const auto number = static_cast<int32>(buffer[0] + static_cast<uint32>(buffer[1]) * 65536);
         Line(Words({"number", Hex(locale), Hex(type)}),
              result == 0 ? Result(result) : Words({Result(result), std::to_string(number)}));
     }
