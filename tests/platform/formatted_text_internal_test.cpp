@@ -2,6 +2,7 @@
 #include <golden/formatted_cases.h>
 #include <gtest/gtest.h>
 #include <support/fixture_path.h>
+#include <support/numeric_locale.h>
 
 #include <clocale>
 #include <cstdio>
@@ -206,8 +207,8 @@ private:
 };
 
 TEST(FormattedText, HasTheDecimalMarkOfTheRuntimesNumericLocale) {
-    const RuntimeLocale german(LC_NUMERIC, {"de_DE.UTF-8", "de_DE", "German_Germany.1252"});
-    if (!german.IsSet()) GTEST_SKIP() << "no locale with a decimal comma is installed";
+    const Torvo::test::NumericLocale german(Torvo::test::CommaLocale());
+    if (!german.IsSet()) GTEST_SKIP() << "the runtime has no locale with a decimal comma";
     EXPECT_EQ(Printed(ZUTEXT("%.2f|%e|%#.0f|%g|%a|%d"), 1234.5, 0.25, 2.0, 3.0, 1.5, 1234),
               ZUTEXT("1234,50|2,500000e-01|2,|3|0x1,8000000000000p+0|1234"));
 }
