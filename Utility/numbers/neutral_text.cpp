@@ -1,5 +1,6 @@
 #include <Utility/numbers/neutral_text.h>
 
+#include <Utility/numbers/fixed_text.h>
 #include <Utility/platform/float_text.h>
 
 #include <algorithm>
@@ -36,6 +37,13 @@ void NeutralText::PrintSpecial(double value) {
 // A precision that no text can hold is lowered, because the standard library counts in int; it stays above what any
 // number needs.
 void NeutralText::PrintDigits(double value, PRINTF_FORMAT format, int32 precision) {
+    if (format == PRINTF_FORMAT_F) {
+        static_assert(FixedTextRoom <= Capacity);
+        if (const char* const end = PrintFixed(value, precision, text)) {
+            length = static_cast<uint64>(end - text);
+            return;
+        }
+    }
     constexpr int32 MostDigits = 1100;
     precision = std::min(precision, MostDigits);
     const std::to_chars_result printed = std::to_chars(text, text + Capacity, value, CharsFormat(format), precision);
