@@ -4,11 +4,12 @@
 #include <Utility/errors/message_composer.h>
 #include <Utility/number_parsing.h>
 #include <Utility/platform/platform.h>
+#include <emmintrin.h>
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 #include <new>
-#include <span>
 #include <stdexcept>
 
 namespace Torvo {
@@ -79,6 +80,18 @@ void Visit(ErrorVisitor visitor, const ErrorRecord& record, std::basic_string_vi
 
 }  // namespace
 
+int32 ErrorNumbers::Find(int32 number, int32 count) const {
+    const __m128i wanted = _mm_set1_epi32(number);
+    for (int32 i = 0; i < count; i += 4) {
+        const auto* const four = reinterpret_cast<const __m128i*>(numbers.data() + i);
+        const int equal = _mm_movemask_ps(_mm_castsi128_ps(_mm_cmpeq_epi32(_mm_load_si128(four), wanted)));
+        if (equal == 0) continue;
+        const int32 found = i + std::countr_zero(static_cast<uint32>(equal));
+        return found < count ? found : -1;
+    }
+    return -1;
+}
+
 cErrorSystemImpl::cErrorSystemImpl(uint64 firstRoom, uint64 mostText) : textLimit(mostText) {
     const bool reserved = WithMemory([&] {
         textPool.reserve(firstRoom);
@@ -112,6 +125,7 @@ void cErrorSystemImpl::ClearErrors() {
         record.errorNumber = 0;
         record.prefix = record.param0 = record.param1 = {};
     }
+    numbers.Clear();
     attemptCount = cursor = storedCount = sinceEndError = 0;
     overflowed = false;
     textPool.clear();
@@ -121,10 +135,8 @@ void cErrorSystemImpl::ClearErrors() {
 // The record of a number, if the number is to be told once.
 ErrorRecord* cErrorSystemImpl::FindStanding(int32 number) {
     if (number == EndOfGroup || (funcs != nullptr && funcs->KeepDuplicateErrors())) return nullptr;
-    const auto taken = std::span(records).first(static_cast<uint64>(attemptCount));
-    const auto found = std::find_if(taken.begin(), taken.end(),
-                                    [&](const ErrorRecord& record) { return record.errorNumber == number; });
-    return found != taken.end() ? &*found : nullptr;
+    const int32 found = numbers.Find(number, attemptCount);
+    return found >= 0 ? &records[static_cast<uint64>(found)] : nullptr;
 }
 
 // The place for a new record, or -1 where none is taken any more.
@@ -152,6 +164,7 @@ void cErrorSystemImpl::SetError(eErrorLevel level, int32 resourceId, const wchar
     if (format != nullptr && !WithMemory([&] { record.format = format; })) overflowed = true;
     record.guid = guid;
     record.errorNumber = number;
+    numbers.Set(place, number);
     const TextSpan before = place > 0 ? records[static_cast<uint64>(place) - 1].param1 : TextSpan();
     StoreTexts(&record, before.start + before.length, param0, param1);
     ++storedCount;
@@ -268,8 +281,7 @@ void cErrorSystemImpl::ReportErrors() {
 }
 
 bool cErrorSystemImpl::ThisErrorOccurred(int32 number) {
-    return std::any_of(records.begin(), records.end(),
-                       [&](const ErrorRecord& record) { return record.errorNumber == number; });
+    return numbers.Find(number, RecordCount) >= 0;
 }
 
 int32 cErrorSystemImpl::GetErrorNum(int32 index) {

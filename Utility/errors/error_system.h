@@ -26,6 +26,18 @@ struct ErrorRecord {
     TextSpan param1;
 };
 
+// The numbers of a list's records, side by side, so that a search looks at four at a time.
+class ErrorNumbers {
+public:
+    void Set(int32 index, int32 number) { numbers[static_cast<uint64>(index)] = number; }
+    void Clear() { numbers = {}; }
+    // The lowest index below `count` with that number, or -1.
+    int32 Find(int32 number, int32 count) const;
+
+private:
+    alignas(16) std::array<int32, 32> numbers{};
+};
+
 // The records that are stored stand at the front, in the order in which they were raised, and their texts lie in the
 // pool in that order, back to back: the spans of a record follow each other, and those of the first start at 0.
 class cErrorSystemImpl final : public cErrorSystem {
@@ -86,6 +98,8 @@ private:
     int32 sinceEndError = 0;  // records stored since the last end of a group
     bool overflowed = false;  // information has been lost
     std::array<ErrorRecord, RecordCount> records;
+    // The numbers of the records once more, side by side: the search for a repeat reads nothing else.
+    ErrorNumbers numbers;
     wstring16 textPool;
     wstring16 scratch;             // the message composed last
     cErrorFuncs* funcs = nullptr;  // the application's
