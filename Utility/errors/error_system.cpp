@@ -80,16 +80,18 @@ void Visit(ErrorVisitor visitor, const ErrorRecord& record, std::basic_string_vi
 
 }  // namespace
 
+// All of them are compared, one bit each: where a walk would stop cannot be predicted, and costs more than the rest.
 int32 ErrorNumbers::Find(int32 number, int32 count) const {
     const __m128i wanted = _mm_set1_epi32(number);
-    for (int32 i = 0; i < count; i += 4) {
-        const auto* const four = reinterpret_cast<const __m128i*>(numbers.data() + i);
-        const int equal = _mm_movemask_ps(_mm_castsi128_ps(_mm_cmpeq_epi32(_mm_load_si128(four), wanted)));
-        if (equal == 0) continue;
-        const int32 found = i + std::countr_zero(static_cast<uint32>(equal));
-        return found < count ? found : -1;
-    }
-    return -1;
+    const auto* const fours = reinterpret_cast<const __m128i*>(numbers.data());
+    const auto equal = [&](int four) { return _mm_cmpeq_epi32(_mm_load_si128(fours + four), wanted); };
+    const auto sixteen = [&](int four) {
+        const __m128i low = _mm_packs_epi32(equal(four), equal(four + 1));
+        const __m128i high = _mm_packs_epi32(equal(four + 2), equal(four + 3));
+        return static_cast<uint64>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
+    };
+    const uint64 found = (sixteen(0) | sixteen(4) << 16) & ((uint64{1} << count) - 1);
+    return found != 0 ? std::countr_zero(found) : -1;
 }
 
 cErrorSystemImpl::cErrorSystemImpl(uint64 firstRoom, uint64 mostText) : textLimit(mostText) {

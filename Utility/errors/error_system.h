@@ -26,7 +26,7 @@ struct ErrorRecord {
     TextSpan param1;
 };
 
-// The numbers of a list's records, side by side, so that a search looks at four at a time.
+// The numbers of a list's records, side by side, so that a search looks at all of them at once.
 class ErrorNumbers {
 public:
     void Set(int32 index, int32 number) { numbers[static_cast<uint64>(index)] = number; }
