@@ -10,6 +10,7 @@
 #include <Utility/clock.h>
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
+#include <Utility/file_cache.h>
 #include <Utility/geometry.h>
 #include <Utility/instance.h>
 #include <Utility/integer_lists.h>
