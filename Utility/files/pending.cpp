@@ -1,0 +1,280 @@
+// Operations whose sources are still being written. Each fails.
+
+#include <Utility/files/file_system_impl.h>
+
+namespace Torvo {
+
+// Registry, budget, descriptors, whole files.
+int cFileSystemImpl::register_file(const wchar16*, FILETYPE, bool) {
+    return -1;
+}
+int cFileSystemImpl::register_file_variant(int, const wchar16*, FILETYPE) {
+    return -1;
+}
+int cFileSystemImpl::is_file_registered(const wchar16*, FILETYPE) {
+    return -1;
+}
+void cFileSystemImpl::unregister_file(int) {}
+int cFileSystemImpl::fileopen(int, eOpenMode, int*) {
+    return -1;
+}
+int cFileSystemImpl::close2(int) {
+    return -1;
+}
+int64 cFileSystemImpl::filelength2(int) {
+    return -1;
+}
+int64 cFileSystemImpl::lseek2(int, int64, int) {
+    return -1;
+}
+int64 cFileSystemImpl::tell2(int) {
+    return -1;
+}
+int cFileSystemImpl::read2(int, void*, uint64) {
+    return -1;
+}
+int cFileSystemImpl::write2(int, const void*, uint64) {
+    return -1;
+}
+int cFileSystemImpl::chsize2(int, int64) {
+    return -1;
+}
+bool cFileSystemImpl::read_app_string(int, wchar16*, unsigned int) {
+    return false;
+}
+int cFileSystemImpl::read_app_string_len(int) {
+    return -1;
+}
+int cFileSystemImpl::write_app_string(int, const wchar16*) {
+    return -1;
+}
+bool cFileSystemImpl::fileremove(int) {
+    return false;
+}
+bool cFileSystemImpl::group_fileremove(int*, int) {
+    return false;
+}
+bool cFileSystemImpl::renamefile(int*, const wchar16*, FILETYPE) {
+    return false;
+}
+bool cFileSystemImpl::touch(int) {
+    return false;
+}
+int64 cFileSystemImpl::file_get_timestamp(int) {
+    return -1;
+}
+bool cFileSystemImpl::file_set_timestamp(int) {
+    return false;
+}
+void cFileSystemImpl::fhandle2name(int, wchar16*) {}
+void cFileSystemImpl::fhandle2dir(int, wchar16*) {}
+void cFileSystemImpl::fhandle2path(int, wchar16*) {}
+void cFileSystemImpl::fhandle2partialpath(int, wchar16*, int) {}
+eOpenMode cFileSystemImpl::filehandle_get_openmode(int) {
+    return omRead;
+}
+bool cFileSystemImpl::filecopy(int, int, bool) {
+    return false;
+}
+ZUCHARSET cFileSystemImpl::file_get_charset(FILE*) {
+    return csUnknown;
+}
+ZUCHARSET cFileSystemImpl::file_get_charset(int) {
+    return csUnknown;
+}
+void cFileSystemImpl::file_put_charset(FILE*, ZUCHARSET) {}
+void cFileSystemImpl::file_put_charset(int, ZUCHARSET) {}
+FILE* cFileSystemImpl::fregister_file(const wchar16*, FILETYPE, bool) {
+    return nullptr;
+}
+void cFileSystemImpl::funregister_file(FILE*) {}
+FILE* cFileSystemImpl::ffileopen(FILE*, eOpenMode, int*) {
+    return nullptr;
+}
+int cFileSystemImpl::fclose2(FILE*) {
+    return -1;
+}
+int cFileSystemImpl::fileno2(FILE*) {
+    return -1;
+}
+int cFileSystemImpl::rename2(const wchar16*, const wchar16*) {
+    return -1;
+}
+int cFileSystemImpl::access2(const wchar16*, int) {
+    return -1;
+}
+int cFileSystemImpl::remove2(const wchar16*) {
+    return -1;
+}
+int cFileSystemImpl::stat2(const wchar16*, struct _stat64*) {
+    return -1;
+}
+void cFileSystemImpl::really_close_all() {}
+int cFileSystemImpl::GetFileFD(int) {
+    return -1;
+}
+FILE* cFileSystemImpl::GetFilePtr(const FILE*) {
+    return nullptr;
+}
+int cFileSystemImpl::GetMaxFileCount() {
+    return -1;
+}
+long32 cFileSystemImpl::GetFileAccessRetryTime() {
+    return -1;
+}
+void cFileSystemImpl::SetFileAccessRetryTime(long32) {}
+
+// Names, paths, directories.
+void cFileSystemImpl::ChangeDirectory(int, SAVED_DIR*) {}
+void cFileSystemImpl::program_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::program_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::alternate_program_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::alternate_program_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::home_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::home_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::pref_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::pref_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::temp_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::temp_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::current_dir(const wchar16*) {}
+const wchar16* cFileSystemImpl::current_dir() {
+    return nullptr;
+}
+void cFileSystemImpl::set_cpl_config(const wchar16*, const wchar16*) {}
+const wchar16* cFileSystemImpl::get_cpl_config(const wchar16*) {
+    return nullptr;
+}
+void cFileSystemImpl::AddAppDataPath(const wchar16*) {}
+void cFileSystemImpl::CreteTempFolderForZxtTile(wchar16*) {}
+const wchar16* cFileSystemImpl::file_extension(FILETYPE) {
+    return nullptr;
+}
+FILETYPE cFileSystemImpl::file_type(const wchar16*) {
+    return ftNone;
+}
+void cFileSystemImpl::splitfilename(wchar16*, wchar16*) {}
+void cFileSystemImpl::make_extension(wchar16*, const wchar16*) {}
+void cFileSystemImpl::path2something(const wchar16*, wchar16*, int) {}
+int cFileSystemImpl::level0mode_to_ourmode(int) {
+    return -1;
+}
+void cFileSystemImpl::qualify_filename(wchar16*) {}
+bool cFileSystemImpl::munge_filename(FILETYPE) {
+    return false;
+}
+void cFileSystemImpl::recommend_filename(wchar16*, const wchar16*, FILETYPE) {}
+void cFileSystemImpl::recommend_table_filename(wchar16*, const wchar16*) {}
+void cFileSystemImpl::require_dos_extension(wchar16*, FILETYPE) {}
+void cFileSystemImpl::relativepath2fullpath(wchar16*) {}
+void cFileSystemImpl::resolve_path_reference(wchar16*, const wchar16*) {}
+void cFileSystemImpl::resolve_path_reference(wchar16*, int) {}
+void cFileSystemImpl::RestoreDirectory(SAVED_DIR*) {}
+void cFileSystemImpl::tempname(wchar16*, const wchar16*, FILETYPE) {}
+void cFileSystemImpl::tempname(wchar16*, const wchar16*) {}
+FILE* cFileSystemImpl::tempfile(const wchar16*) {
+    return nullptr;
+}
+bool cFileSystemImpl::file_exists(const wchar16*, FILETYPE) {
+    return false;
+}
+bool cFileSystemImpl::file_exists_anycase(const wchar16*, FILETYPE) {
+    return false;
+}
+bool cFileSystemImpl::search_for_file(wchar16*, FILETYPE) {
+    return false;
+}
+bool cFileSystemImpl::CalcRelativePath(const wchar16*, const wchar16*, wchar16*) {
+    return false;
+}
+bool cFileSystemImpl::FullPathFromRelativePath(const wchar16*, const wchar16*, wchar16*) {
+    return false;
+}
+const wchar16* cFileSystemImpl::get_current_module_dir() {
+    return nullptr;
+}
+
+// Streams, compound files, byte-order marks.
+int cFileSystemImpl::feof2(FILE*) {
+    return -1;
+}
+int cFileSystemImpl::ferror2(FILE*) {
+    return -1;
+}
+int64 cFileSystemImpl::ffilelength2(FILE*) {
+    return -1;
+}
+int cFileSystemImpl::fflush2(FILE*) {
+    return -1;
+}
+int cFileSystemImpl::fgetc2(FILE*) {
+    return -1;
+}
+wchar16* cFileSystemImpl::fgets2(wchar16*, int, FILE*) {
+    return nullptr;
+}
+int cFileSystemImpl::fprintf2(FILE*, const wchar16*, ...) {
+    return -1;
+}
+int cFileSystemImpl::fputc2(int, FILE*) {
+    return -1;
+}
+int cFileSystemImpl::fputs2(const wchar16*, FILE*) {
+    return -1;
+}
+unsigned int cFileSystemImpl::fread2(void*, unsigned int, unsigned int, FILE*) {
+    return 0;
+}
+int cFileSystemImpl::fseek2(FILE*, int64, int) {
+    return -1;
+}
+int64 cFileSystemImpl::ftell2(FILE*) {
+    return -1;
+}
+unsigned int cFileSystemImpl::fwrite2(const void*, unsigned int, unsigned int, FILE*) {
+    return 0;
+}
+int cFileSystemImpl::vfprintf2(FILE*, const wchar16*, va_list) {
+    return -1;
+}
+ZUCHARSET cFileSystemImpl::ProcessUTFBom(int) {
+    return csUnknown;
+}
+ZUCHARSET cFileSystemImpl::ProcessUTFBom(FILE*) {
+    return csUnknown;
+}
+bool cFileSystemImpl::WriteUTFBom(int, ZUCHARSET) {
+    return false;
+}
+bool cFileSystemImpl::WriteUTFBom(FILE*, ZUCHARSET) {
+    return false;
+}
+int cFileSystemImpl::stream_fileopen(int, eOpenMode, int*, const wchar16*) {
+    return -1;
+}
+int cFileSystemImpl::stream_close(int) {
+    return -1;
+}
+long32 cFileSystemImpl::stream_lseek(int, long32, int) {
+    return -1;
+}
+int cFileSystemImpl::stream_read(int, void*, unsigned int) {
+    return -1;
+}
+void cFileSystemImpl::DropStorage(FileEntry&) {}
+
+cFileSystemImpl::cFileSystemImpl(int budget, bool closing, FileRetryCallback callback)
+    : maxFiles(budget), closeReadOnly(closing), retry(callback) {}
+
+cFileSystemImpl::~cFileSystemImpl() = default;
+
+}  // namespace Torvo
