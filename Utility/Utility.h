@@ -11,6 +11,7 @@
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
 #include <Utility/file_cache.h>
+#include <Utility/file_io.h>
 #include <Utility/file_names.h>
 #include <Utility/files.h>
 #include <Utility/geometry.h>
