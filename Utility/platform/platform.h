@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Utility/platform/clock.h>
+#include <Utility/platform/files.h>
 #include <Utility/platform/formatted_text.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/locales.h>
@@ -11,6 +12,7 @@
 #include <Utility/platform/number_text.h>
 #include <Utility/platform/regions.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/platform/streams.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/threads.h>
 #include <Utility/platform/types.h>

@@ -62,5 +62,9 @@ bool TlsSetValue(uint32 index, void* value);
 uint32 GetLastError();
 void SetLastError(uint32 error);
 
+// The numbers of the process and of the calling thread.
+uint32 GetCurrentProcessId();
+uint32 GetCurrentThreadId();
+
 }  // namespace platform
 }  // namespace Torvo

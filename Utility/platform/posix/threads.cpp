@@ -1,5 +1,7 @@
 #include <Utility/platform/threads.h>
 
+#include <unistd.h>
+
 #include <bit>
 
 namespace Torvo::platform {
@@ -78,6 +80,14 @@ uint32 GetLastError() {
 
 void SetLastError(uint32 error) {
     lastError = error;
+}
+
+uint32 GetCurrentProcessId() {
+    return static_cast<uint32>(getpid());
+}
+
+uint32 GetCurrentThreadId() {
+    return static_cast<uint32>(gettid());
 }
 
 }  // namespace Torvo::platform

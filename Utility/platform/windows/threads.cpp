@@ -42,4 +42,12 @@ void SetLastError(uint32 error) {
     ::SetLastError(error);
 }
 
+uint32 GetCurrentProcessId() {
+    return ::GetCurrentProcessId();
+}
+
+uint32 GetCurrentThreadId() {
+    return ::GetCurrentThreadId();
+}
+
 }  // namespace Torvo::platform

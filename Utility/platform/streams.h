@@ -1,0 +1,48 @@
+// The runtime's streams, binary ones only.
+//
+// `Stream` stands for the runtime's FILE. Everywhere it is what the Windows runtime's is in binary mode: a buffer over
+// a descriptor, a position, an end-of-file and an error indicator. A seek clears the end-of-file indicator and what was
+// pushed back. Between reading and writing the caller seeks, as the runtime demands; without that nothing breaks where
+// the stream is the library's own. A stream belongs to one thread at a time. None of the pointers may be null.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+#if defined(_WIN32)
+#include <cstdio>
+#endif
+
+namespace Torvo::platform {
+
+#if defined(_WIN32)
+using Stream = ::FILE;
+#else
+class Stream;
+#endif
+
+// A stream over an open descriptor, which it owns from then on; null with errno if there is none to be had, and then
+// the caller still owns the descriptor. Modes: "rb", "r+b", "wb", "w+b"; none of them truncates here.
+Stream* _wfdopen(int descriptor, const wchar16* mode);
+// Writes what is buffered, closes the descriptor and frees the stream, whether or not that succeeds: 0, or -1 (EOF).
+int fclose(Stream* stream);
+// Whole items read or written. Fewer: end of file or error, as feof and ferror tell.
+std::size_t fread(void* buffer, std::size_t size, std::size_t count, Stream* stream);
+std::size_t fwrite(const void* buffer, std::size_t size, std::size_t count, Stream* stream);
+// The next byte, or -1 (EOF).
+int fgetc(Stream* stream);
+// Pushes one byte back, to be read next; the byte, or -1 (EOF). One is sure to fit after a read.
+int ungetc(int byte, Stream* stream);
+// Writes bytes up to the terminator; 0 or more, or -1 (EOF).
+int fputs(const char* text, Stream* stream);
+// Writes each unit as its two bytes, the low one first; likewise.
+int fputws(const wchar16* text, Stream* stream);
+// 0, or -1 with errno.
+int _fseeki64(Stream* stream, int64 offset, int whence);
+// The position, or -1 with errno.
+int64 _ftelli64(Stream* stream);
+// Hands what is buffered to the system: 0, or -1 (EOF).
+int fflush(Stream* stream);
+bool feof(Stream* stream);
+bool ferror(Stream* stream);
+
+}  // namespace Torvo::platform
