@@ -5,11 +5,11 @@
 // file may fill the cache, and a thousand may share it.
 //
 // The words. A BLOCK is the part of a file from its number times the block size on. An ENTRY is the record of one place
-// in the pool, its SLOT; it holds a block of a file, or nothing. The KEY of an entry is its file's handle and the number
-// of its block, compared in that order; an entry that holds nothing has the key (0, 0). All entries stand in two orders
-// at the same time: by key, in which EntryAt and EvictAt count (entries that hold nothing come first), and by use. The
-// entry that was not used for longest is the next to be taken for another block; one that was dropped goes before all
-// others. A DIRTY entry holds bytes that the file does not have yet.
+// in the pool, its SLOT; it holds a block of a file, or nothing. The KEY of an entry is its file's handle and the
+// number of its block, compared in that order; an entry that holds nothing has the key (0, 0). All entries stand in two
+// orders at the same time: by key, in which EntryAt and EvictAt count (entries that hold nothing come first), and by
+// use. The entry that was not used for longest is the next to be taken for another block; one that was dropped goes
+// before all others. A DIRTY entry holds bytes that the file does not have yet.
 //
 // When the entry to be taken is dirty, all dirty blocks of its file are written, in the order of their numbers: a file
 // on disk is brought up to date as a whole, not one block here and one there.
@@ -73,8 +73,8 @@ public:
     virtual void EvictAt(int position) = 0;
 
     // A new cache of blocks - 1 blocks (one entry is the search key) of `blockSize` bytes; of more than 107,374,182
-    // (0x6666666) that many are taken. It belongs to the caller. Null if memory is short, if not even one block could be
-    // held, or if the pool, whose size is a signed 32-bit number, would be too large. The library makes its own with
+    // (0x6666666) that many are taken. It belongs to the caller. Null if memory is short, if not even one block could
+    // be held, or if the pool, whose size is a signed 32-bit number, would be too large. The library makes its own with
     // 2048 and 16384.
     static cFileCache* Create(int blocks, long32 blockSize);
     // The service of the caller's instance.

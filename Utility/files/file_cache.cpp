@@ -1,0 +1,280 @@
+#include <Utility/files/file_cache.h>
+
+#include <Utility/frame/instance_data.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace Torvo {
+
+namespace {
+
+constexpr int32 kMostBlocks = 0x6666666;
+constexpr int32 kDirty = 1;
+
+bool IsDirty(const CacheEntry& entry) {
+    return (entry.flags & kDirty) != 0;
+}
+
+}  // namespace
+
+FileCacheImpl::FileCacheImpl(int blocks, long32 size, BlockFiles& blockFiles)
+    : totalBlocks(std::clamp(blocks, 0, kMostBlocks)),
+      usableBlocks(totalBlocks - 1),
+      blockSize(size),
+      files(blockFiles) {
+    if (totalBlocks < 2) throw NoBlocks;
+    // The pool's size is counted in 32 bits: a larger one cannot be had.
+    const int64 poolSize = static_cast<int64>(blockSize) * totalBlocks;
+    if (blockSize < 1 || poolSize > std::numeric_limits<int32>::max()) throw OutOfMemory;
+    const bool allocated = entries.Allocate(totalBlocks) && pool.Allocate(poolSize) &&
+                           sorted.Allocate(int64{totalBlocks} + 1) && index.Allocate(entries.Start(), totalBlocks);
+    if (!allocated) throw OutOfMemory;
+    LinkAll();
+}
+
+void FileCacheImpl::LinkAll() {
+    for (int32 i = 0; i < usableBlocks; ++i) {
+        entries[i].next = (i + 1) % usableBlocks;
+        entries[i].prev = (i + usableBlocks - 1) % usableBlocks;
+        entries[i].slot = i;
+        sorted[i] = i;
+    }
+    sorted[usableBlocks] = usableBlocks;
+    head = 0;
+    tail = usableBlocks - 1;
+}
+
+// The order of use.
+
+void FileCacheImpl::Unlink(int entry) {
+    const CacheEntry& taken = entries[entry];
+    entries[taken.prev].next = taken.next;
+    entries[taken.next].prev = taken.prev;
+}
+
+// Closes the circle through an entry that stands in it nowhere; the caller makes it the head or the tail.
+void FileCacheImpl::LinkBetweenTailAndHead(int entry) {
+    entries[entry].next = head;
+    entries[entry].prev = tail;
+    entries[tail].next = entry;
+    entries[head].prev = entry;
+}
+
+void FileCacheImpl::Touch(int entry) {
+    if (entry == head) return;
+    if (entry == tail) {
+        // The tail precedes the head in the circle already: only the names change.
+        tail = entries[entry].prev;
+    } else {
+        Unlink(entry);
+        LinkBetweenTailAndHead(entry);
+    }
+    head = entry;
+}
+
+void FileCacheImpl::MakeTail(int entry) {
+    if (entry == tail) return;
+    if (entry == head) {
+        head = entries[entry].next;
+    } else {
+        Unlink(entry);
+        LinkBetweenTailAndHead(entry);
+    }
+    tail = entry;
+}
+
+// The order of keys.
+
+int FileCacheImpl::Compare(const int* a, const int* b) const {
+    const CacheEntry& left = entries[*a];
+    const CacheEntry& right = entries[*b];
+    if (left.handle != right.handle) return left.handle < right.handle ? -1 : 1;
+    if (left.block != right.block) return left.block < right.block ? -1 : 1;
+    return 0;
+}
+
+// The first position whose key is not below this one.
+int FileCacheImpl::FirstPositionFrom(int handle, int64 block) {
+    const int key = usableBlocks;
+    entries[key].handle = handle;
+    entries[key].block = block;
+    int low = usableBlocks - heldBlocks;
+    int high = usableBlocks;
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (Compare(&key, &sorted[middle]) > 0) {
+            low = middle + 1;
+        } else {
+            high = middle;
+        }
+    }
+    return low;
+}
+
+FileCacheImpl::Range FileCacheImpl::PositionsOf(int handle) {
+    const int begin = FirstPositionFrom(handle, std::numeric_limits<int64>::min());
+    int end = begin;
+    while (end < usableBlocks && entries[sorted[end]].handle == handle) ++end;
+    return {begin, end};
+}
+
+// Where the entry to be taken stands, which is the tail. Of those that hold nothing, one that was dropped went to the
+// front of both orders, last dropped first, and those that were never used go from the highest on: so the next of them
+// is either the first of `sorted` or the last that holds nothing.
+int FileCacheImpl::PositionOf(int entry) {
+    if (sorted[0] == entry) return 0;
+    if (!IsFull(entry)) return usableBlocks - heldBlocks - 1;
+    return FirstPositionFrom(entries[entry].handle, entries[entry].block);
+}
+
+// Takes the item at one position out and puts it in at another, as counted without it.
+void FileCacheImpl::Move(int from, int to) {
+    const int32 item = sorted[from];
+    if (from < to) {
+        std::memmove(&sorted[from], &sorted[from + 1], static_cast<std::size_t>(to - from) * sizeof(int32));
+    } else {
+        std::memmove(&sorted[to + 1], &sorted[to], static_cast<std::size_t>(from - to) * sizeof(int32));
+    }
+    sorted[to] = item;
+}
+
+CacheEntry* FileCacheImpl::EntryAt(int position) {
+    return position >= 0 && position < usableBlocks ? &entries[sorted[position]] : nullptr;
+}
+
+// Finding and taking.
+
+bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) {
+    // Saves time only: a caller mostly goes on in the block that it used last.
+    if (entries[head].handle == handle && entries[head].block == block && handle > 0) {
+        *out = &entries[head];
+        return true;
+    }
+    if (handle < 1) return false;
+    const int32 found = index.Find(handle, block);
+    if (found >= 0) {
+        Touch(found);
+    } else {
+        if (mode == 0 || !TakeVictim(handle, block)) return false;
+        if (mode == 2 && !ReadBlock(entries[head])) return false;
+    }
+    *out = &entries[head];
+    return true;
+}
+
+// Makes the least recently used entry the most recently used one, holding this block without content.
+bool FileCacheImpl::TakeVictim(int handle, int64 block) {
+    const int taken = tail;
+    CacheEntry& victim = entries[taken];
+    if (IsDirty(victim) && !Flush(victim.handle)) return false;
+
+    const int from = PositionOf(taken);
+    const int before = FirstPositionFrom(handle, block);
+    Move(from, before > from ? before - 1 : before);
+
+    if (IsFull(taken)) {
+        index.Remove(taken);
+    } else {
+        ++heldBlocks;
+    }
+    victim.handle = handle;
+    victim.block = block;
+    victim.count = 0;
+    victim.flags &= ~kDirty;
+    index.Add(taken);
+    Touch(taken);
+    return true;
+}
+
+// Dropping.
+
+void FileCacheImpl::DropContent(int entry) {
+    CacheEntry& dropped = entries[entry];
+    if (IsFull(entry)) {
+        index.Remove(entry);
+        --heldBlocks;
+    }
+    dropped.handle = 0;
+    dropped.block = 0;
+    dropped.flags &= ~kDirty;
+    MakeTail(entry);
+}
+
+void FileCacheImpl::EvictAt(int position) {
+    if (position < 0 || position >= usableBlocks) return;
+    DropContent(sorted[position]);
+    Move(position, 0);
+}
+
+bool FileCacheImpl::Forget(int handle) {
+    if (handle < 1) return true;
+    const Range own = PositionsOf(handle);
+    bool written = true;
+    for (int position = own.begin; position < own.end; ++position) {
+        CacheEntry& entry = entries[sorted[position]];
+        if (IsDirty(entry) && !WriteBlock(entry)) written = false;
+    }
+    for (int position = own.begin; position < own.end; ++position) DropContent(sorted[position]);
+    // As dropping one after the other leaves them: all in front, the last first.
+    std::reverse(&sorted[own.begin], &sorted[own.end]);
+    std::rotate(&sorted[0], &sorted[own.begin], &sorted[own.end]);
+    return written;
+}
+
+// Reading and writing.
+
+bool FileCacheImpl::Flush(int handle) {
+    if (handle == -1) return WriteDirtyFrom({usableBlocks - heldBlocks, usableBlocks});
+    return handle < 1 || WriteDirtyFrom(PositionsOf(handle));
+}
+
+bool FileCacheImpl::WriteDirtyFrom(Range positions) {
+    for (int position = positions.begin; position < positions.end; ++position) {
+        CacheEntry& entry = entries[sorted[position]];
+        if (IsDirty(entry) && !WriteBlock(entry)) return false;
+    }
+    return true;
+}
+
+// -1 for a block whose place no file offset can tell.
+int64 FileCacheImpl::OffsetOf(const CacheEntry& entry) const {
+    const bool canBeTold = entry.block >= 0 && entry.block <= std::numeric_limits<int64>::max() / blockSize;
+    return canBeTold ? entry.block * blockSize : -1;
+}
+
+bool FileCacheImpl::ReadBlock(CacheEntry& entry) {
+    const int64 offset = OffsetOf(entry);
+    if (offset < 0) return false;
+    const int got = files.Read(entry.handle, offset, BlockData(entry.slot), blockSize);
+    if (got < 0) return false;
+    entry.count = got;
+    return true;
+}
+
+bool FileCacheImpl::WriteBlock(CacheEntry& entry) {
+    const int64 offset = OffsetOf(entry);
+    if (offset < 0 || !files.Write(entry.handle, offset, BlockData(entry.slot), entry.count)) return false;
+    entry.flags &= ~kDirty;
+    return true;
+}
+
+cFileCache* cFileCache::Create(int blocks, long32 blockSize) {
+    try {
+        return new (std::nothrow) FileCacheImpl(blocks, blockSize, RegisteredBlockFiles());
+    } catch (FileCacheImpl::eCreateError) {
+        return nullptr;
+    }
+}
+
+cFileCache* cFileCache::Instance() {
+    return ServiceInstance<cFileCache, ServiceKey::FileCache>();
+}
+
+bool cFileCache::Instance(cFileCache* service) {
+    return SetServiceInstance<cFileCache, ServiceKey::FileCache>(service);
+}
+
+}  // namespace Torvo
