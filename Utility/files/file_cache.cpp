@@ -1,11 +1,8 @@
 #include <Utility/files/file_cache.h>
 
-#include <Utility/frame/instance_data.h>
-
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <new>
 
 namespace Torvo {
 
@@ -259,22 +256,6 @@ bool FileCacheImpl::WriteBlock(CacheEntry& entry) {
     if (offset < 0 || !files.Write(entry.handle, offset, BlockData(entry.slot), entry.count)) return false;
     entry.flags &= ~kDirty;
     return true;
-}
-
-cFileCache* cFileCache::Create(int blocks, long32 blockSize) {
-    try {
-        return new (std::nothrow) FileCacheImpl(blocks, blockSize, RegisteredBlockFiles());
-    } catch (FileCacheImpl::eCreateError) {
-        return nullptr;
-    }
-}
-
-cFileCache* cFileCache::Instance() {
-    return ServiceInstance<cFileCache, ServiceKey::FileCache>();
-}
-
-bool cFileCache::Instance(cFileCache* service) {
-    return SetServiceInstance<cFileCache, ServiceKey::FileCache>(service);
 }
 
 }  // namespace Torvo

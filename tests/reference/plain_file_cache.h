@@ -12,8 +12,12 @@ namespace Torvo::test {
 class PlainFileCache final : public cFileCache {
 public:
     PlainFileCache(int blocks, int size, BlockFiles& blockFiles)
-        : files(blockFiles), usable(blocks - 1), blockSize(size), entries(static_cast<std::size_t>(blocks)),
-          pool(static_cast<std::size_t>(blocks * size)), sorted(static_cast<std::size_t>(blocks)) {
+        : files(blockFiles),
+          usable(blocks - 1),
+          blockSize(size),
+          entries(static_cast<std::size_t>(blocks)),
+          pool(static_cast<std::size_t>(blocks * size)),
+          sorted(static_cast<std::size_t>(blocks)) {
         for (int i = 0; i < usable; ++i) {
             entries[Index(i)].next = (i + 1) % usable;
             entries[Index(i)].prev = (i + usable - 1) % usable;
