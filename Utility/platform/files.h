@@ -14,7 +14,8 @@
 //
 // A path may not be null. Memory that runs out fails the call with ENOMEM or error 8.
 //
-// Every call to the system made here or by a stream passes through the seam of <Utility/platform/file_faults.h>.
+// Every call to the system made here, and every call on a stream, passes through the seam of
+// <Utility/platform/file_faults.h>.
 #pragma once
 
 #include <Utility/platform/streams.h>

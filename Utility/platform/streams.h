@@ -1,24 +1,17 @@
 // The runtime's streams, binary ones only.
 //
-// `Stream` stands for the runtime's FILE. Everywhere it is what the Windows runtime's is in binary mode: a buffer over
-// a descriptor, a position, an end-of-file and an error indicator. A seek clears the end-of-file indicator and what was
-// pushed back. Between reading and writing the caller seeks, as the runtime demands; without that nothing breaks where
-// the stream is the library's own. A stream belongs to one thread at a time. None of the pointers may be null.
+// `Stream` is the runtime's own FILE, on every system. Between reading and writing the caller seeks, as the runtime
+// demands. A stream belongs to one thread at a time. None of the pointers may be null. Failures leave errno in the
+// Windows runtime's numbers, as in <Utility/platform/files.h>.
 #pragma once
 
 #include <Utility/platform/types.h>
 
-#if defined(_WIN32)
 #include <cstdio>
-#endif
 
 namespace Torvo::platform {
 
-#if defined(_WIN32)
-using Stream = ::FILE;
-#else
-class Stream;
-#endif
+using Stream = std::FILE;
 
 // A stream over an open descriptor, which it owns from then on; null with errno if there is none to be had, and then
 // the caller still owns the descriptor. Modes: "rb", "r+b", "wb", "w+b"; none of them truncates here.

@@ -1,42 +1,15 @@
 #include <Utility/platform/streams.h>
 
-#include <Utility/platform/windows/system_calls.h>
-
-#include <climits>
+#include <Utility/platform/stream_faults.h>
 
 namespace Torvo::platform {
 
-namespace {
-
-// The stream that a test made fail last on this thread: the runtime knows nothing of it.
-thread_local Stream* failedStream = nullptr;
-
-template <typename Result, typename Call>
-Result StreamCall(Stream* stream, Result failure, Call call) {
-    if (!IsRefused()) return call();
-    failedStream = stream;
-    return failure;
-}
-
-// How many items of a size a transfer may move.
-std::size_t AllowedItems(std::size_t size, std::size_t count) {
-    if (size == 0 || count > UINT_MAX / size) return count;
-    return AllowedTransfer(static_cast<uint32>(size * count)) / size;
-}
-
-}  // namespace
-
 Stream* _wfdopen(int descriptor, const wchar16* mode) {
-    return RuntimeCall(static_cast<Stream*>(nullptr), [&] { return ::_wfdopen(descriptor, mode); });
+    return StreamCall(nullptr, static_cast<Stream*>(nullptr), [&] { return ::_wfdopen(descriptor, mode); });
 }
 
 int fclose(Stream* stream) {
-    const int fault = IsRefused() ? errno : 0;
-    if (failedStream == stream) failedStream = nullptr;
-    const int result = std::fclose(stream);
-    if (result != 0 || fault == 0) return result;
-    errno = fault;
-    return EOF;
+    return CloseStream(stream, [&] { return std::fclose(stream); });
 }
 
 std::size_t fread(void* buffer, std::size_t size, std::size_t count, Stream* stream) {
@@ -66,11 +39,11 @@ int fputws(const wchar16* text, Stream* stream) {
 }
 
 int _fseeki64(Stream* stream, int64 offset, int whence) {
-    return RuntimeCall(-1, [&] { return ::_fseeki64(stream, offset, whence); });
+    return StreamCall(stream, -1, [&] { return ::_fseeki64(stream, offset, whence); });
 }
 
 int64 _ftelli64(Stream* stream) {
-    return RuntimeCall(int64{-1}, [&]() -> int64 { return ::_ftelli64(stream); });
+    return StreamCall(stream, int64{-1}, [&]() -> int64 { return ::_ftelli64(stream); });
 }
 
 int fflush(Stream* stream) {
