@@ -35,6 +35,12 @@ int _fseeki64(Stream* stream, int64 offset, int whence);
 int64 _ftelli64(Stream* stream);
 // Hands what is buffered to the system: 0, or -1 (EOF).
 int fflush(Stream* stream);
+// The bytes that are read already and not yet taken, from the position on: how many, and where they lie until the next
+// call on the stream. 0 where there are none, and where the runtime keeps them to itself: then nothing follows for the
+// stream's end.
+std::size_t BufferedBytes(Stream* stream, const char** bytes);
+// Takes that many of them.
+void SkipBufferedBytes(Stream* stream, std::size_t count);
 bool feof(Stream* stream);
 bool ferror(Stream* stream);
 

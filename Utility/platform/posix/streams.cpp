@@ -96,6 +96,23 @@ int fflush(Stream* stream) {
     });
 }
 
+// The two members are those that the runtime's own header works on, in the macro behind getc_unlocked.
+std::size_t BufferedBytes(Stream* stream, const char** bytes) {
+#if defined(__GLIBC__)
+    *bytes = stream->_IO_read_ptr;
+    return static_cast<std::size_t>(stream->_IO_read_end - stream->_IO_read_ptr);
+#else
+    *bytes = nullptr;
+    return 0;
+#endif
+}
+
+void SkipBufferedBytes([[maybe_unused]] Stream* stream, [[maybe_unused]] std::size_t count) {
+#if defined(__GLIBC__)
+    stream->_IO_read_ptr += count;
+#endif
+}
+
 bool feof(Stream* stream) {
     return ::feof_unlocked(stream) != 0;
 }

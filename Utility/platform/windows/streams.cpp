@@ -50,6 +50,14 @@ int fflush(Stream* stream) {
     return StreamCall(stream, EOF, [&] { return std::fflush(stream); });
 }
 
+// The runtime does not show its buffer.
+std::size_t BufferedBytes(Stream* /*stream*/, const char** bytes) {
+    *bytes = nullptr;
+    return 0;
+}
+
+void SkipBufferedBytes(Stream* /*stream*/, std::size_t /*count*/) {}
+
 bool feof(Stream* stream) {
     return std::feof(stream) != 0;
 }
