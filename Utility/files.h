@@ -234,7 +234,7 @@ ZUAPI int fileopen(int file, eOpenMode mode, int* changed);
 // The same for the stream world; null on failure.
 ZUAPI FILE* ffileopen(FILE* file, eOpenMode mode, int* changed);
 // Releases a reference. The last one writes what is dirty and closes the file, or leaves it idle. 0; -1 with error 11
-// (message 53, with the handle) if there is no reference.
+// (message 53, with the handle) if there is no reference, and without an error for a handle that is not registered.
 ZUAPI int close2(int file);
 ZUAPI int fclose2(FILE* file);
 // Closes every idle file. Two names of one operation.

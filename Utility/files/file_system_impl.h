@@ -3,6 +3,9 @@
 
 #include <Utility/files.h>
 #include <Utility/files/file_table.h>
+#include <Utility/files/free_slots.h>
+#include <Utility/files/idle_order.h>
+#include <Utility/files/name_index.h>
 
 #include <map>
 #include <vector>
@@ -126,20 +129,52 @@ public:
     void SetFileAccessRetryTime(long32 hundredths) override;
     const wchar16* get_current_module_dir() override;
 
-    // The entry of a handle; null for one that is not registered. (registry.cpp)
-    FileEntry* FindEntry(int file);
-    // The same for the stream world.
-    FileEntry* FindEntry(const FILE* file);
-    // Qualifies a path and takes it apart into the name record of a file of that type. (registry.cpp)
+    // Registry (registry.cpp).
+
+    // The entry of a handle; null for one that is not registered. It may move when a file is registered.
+    FileEntry* FindEntry(int file) {
+        const auto index = static_cast<uint32>(file) - static_cast<uint32>(FirstHandle);
+        if (index >= static_cast<uint32>(tableSize) || !table[index].IsInUse()) return nullptr;
+        return &table[index];
+    }
+    // Qualifies a path and takes it apart into the name record of a file of that type.
     void BuildNameRecord(const wchar16* path, FILETYPE type, FileNameRec* record);
+    // Whether counters, free slots, name index and idle order agree with the table; walks all of it.
+    bool InvariantsHold() const;
+
+    // Open files (open_files.cpp).
 
     // Closes what a file has open, whoever holds it; nothing if it is closed. The references stay as they are.
-    // (open_files.cpp)
     void ReallyClose(FileEntry& entry);
+    // The age that a file has now; see FileEntry.
+    int32 AgeOf(const FileEntry& entry) const;
+
     // Closes the compound file that an entry has open, whoever holds it; nothing without one. (storage_streams.cpp)
     void DropStorage(FileEntry& entry);
 
 private:
+    int32 IndexOf(const FileEntry& entry) const { return static_cast<int32>(&entry - table); }
+    int HandleOf(const FileEntry& entry) const { return IndexOf(entry) + FirstHandle; }
+
+    int32 FindRegistered(const FileNameRec& name) const;
+    bool GrowTable();
+    FileEntry* TakeFreeEntry();
+    bool EntryIsConsistent(int32 index) const;
+
+    int OpenEntry(int file, eOpenMode mode, bool stream, int* changed);
+    bool OpenServes(const FileEntry& entry, eOpenMode mode, bool stream) const;
+    int AddReference(FileEntry& entry);
+    int Upgrade(int file, eOpenMode mode, bool stream, int* changed);
+    int OpenClosed(int file, eOpenMode mode, bool stream, int* changed);
+    int OpenDescriptor(int file, eOpenMode mode);
+    bool PrepareAnotherAttempt(int file, eOpenMode mode, int error, int64& retryState);
+    void LookForChanges(FileEntry& entry, int* changed);
+    int Release(int file);
+    void MakeIdle(FileEntry& entry);
+    void MakeBusy(FileEntry& entry);
+    bool CloseOldest();
+    void CloseAllIdle();
+
     int32 openCount = 0;  // files with a handle of the system
     int32 idleCount = 0;  // of these, those that nobody holds
     int32 tableSize = 0;
@@ -161,7 +196,15 @@ private:
     std::vector<wchar16*> appDataPaths;  // memory blocks of PathSize units, in the order of adding
     std::map<wstring16, wstring16> configuration;
     uint32 tempSerial = 0;
+
+    // What spares a walk of the table.
+    FreeSlots freeSlots;
+    NameIndex names;
+    IdleOrder idle;
 };
+
+// The retry callback of the file systems that the library makes for itself: true until the retry time has passed.
+bool DefaultRetry(eOpenMode mode, const wchar16* name, int64& state);
 
 // The handle of the descriptor world as that of the stream world, and back.
 inline FILE* AsStreamHandle(int file) {

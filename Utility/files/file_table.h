@@ -3,9 +3,8 @@
 
 #include <Utility/charsets.h>
 #include <Utility/file_names.h>
+#include <Utility/platform/streams.h>
 #include <Utility/platform/types.h>
-
-#include <cstdio>
 
 namespace Torvo {
 
@@ -24,9 +23,9 @@ struct FileNameRec {
 
 // One entry of the table. The handle of the entry at index i is i + FirstHandle.
 struct FileEntry {
-    FileNameRec* name;  // owned; null in a free entry
-    std::FILE* stream;  // only when open as a stream
-    int32 fd;           // -1 when closed, and when open as a stream
+    FileNameRec* name;         // owned; null in a free entry
+    platform::Stream* stream;  // only when open as a stream
+    int32 fd;                  // -1 when closed, and when open as a stream
     int32 age;          // how many opens ago it was opened, plus one; of an idle file, as it was when it became idle
     ZUCHARSET charset;  // of the file's text
     eOpenMode mode;     // of the present or last open

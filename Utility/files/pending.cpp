@@ -5,22 +5,6 @@
 namespace Torvo {
 
 // Registry, budget, descriptors, whole files.
-int cFileSystemImpl::register_file(const wchar16*, FILETYPE, bool) {
-    return -1;
-}
-int cFileSystemImpl::register_file_variant(int, const wchar16*, FILETYPE) {
-    return -1;
-}
-int cFileSystemImpl::is_file_registered(const wchar16*, FILETYPE) {
-    return -1;
-}
-void cFileSystemImpl::unregister_file(int) {}
-int cFileSystemImpl::fileopen(int, eOpenMode, int*) {
-    return -1;
-}
-int cFileSystemImpl::close2(int) {
-    return -1;
-}
 int64 cFileSystemImpl::filelength2(int) {
     return -1;
 }
@@ -66,36 +50,8 @@ int64 cFileSystemImpl::file_get_timestamp(int) {
 bool cFileSystemImpl::file_set_timestamp(int) {
     return false;
 }
-void cFileSystemImpl::fhandle2name(int, wchar16*) {}
-void cFileSystemImpl::fhandle2dir(int, wchar16*) {}
-void cFileSystemImpl::fhandle2path(int, wchar16*) {}
-void cFileSystemImpl::fhandle2partialpath(int, wchar16*, int) {}
-eOpenMode cFileSystemImpl::filehandle_get_openmode(int) {
-    return omRead;
-}
 bool cFileSystemImpl::filecopy(int, int, bool) {
     return false;
-}
-ZUCHARSET cFileSystemImpl::file_get_charset(FILE*) {
-    return csUnknown;
-}
-ZUCHARSET cFileSystemImpl::file_get_charset(int) {
-    return csUnknown;
-}
-void cFileSystemImpl::file_put_charset(FILE*, ZUCHARSET) {}
-void cFileSystemImpl::file_put_charset(int, ZUCHARSET) {}
-FILE* cFileSystemImpl::fregister_file(const wchar16*, FILETYPE, bool) {
-    return nullptr;
-}
-void cFileSystemImpl::funregister_file(FILE*) {}
-FILE* cFileSystemImpl::ffileopen(FILE*, eOpenMode, int*) {
-    return nullptr;
-}
-int cFileSystemImpl::fclose2(FILE*) {
-    return -1;
-}
-int cFileSystemImpl::fileno2(FILE*) {
-    return -1;
 }
 int cFileSystemImpl::rename2(const wchar16*, const wchar16*) {
     return -1;
@@ -109,20 +65,6 @@ int cFileSystemImpl::remove2(const wchar16*) {
 int cFileSystemImpl::stat2(const wchar16*, struct _stat64*) {
     return -1;
 }
-void cFileSystemImpl::really_close_all() {}
-int cFileSystemImpl::GetFileFD(int) {
-    return -1;
-}
-FILE* cFileSystemImpl::GetFilePtr(const FILE*) {
-    return nullptr;
-}
-int cFileSystemImpl::GetMaxFileCount() {
-    return -1;
-}
-long32 cFileSystemImpl::GetFileAccessRetryTime() {
-    return -1;
-}
-void cFileSystemImpl::SetFileAccessRetryTime(long32) {}
 
 // Names, paths, directories.
 void cFileSystemImpl::ChangeDirectory(int, SAVED_DIR*) {}
@@ -271,10 +213,5 @@ int cFileSystemImpl::stream_read(int, void*, unsigned int) {
     return -1;
 }
 void cFileSystemImpl::DropStorage(FileEntry&) {}
-
-cFileSystemImpl::cFileSystemImpl(int budget, bool closing, FileRetryCallback callback)
-    : maxFiles(budget), closeReadOnly(closing), retry(callback) {}
-
-cFileSystemImpl::~cFileSystemImpl() = default;
 
 }  // namespace Torvo

@@ -5,6 +5,7 @@
 
 namespace Torvo {
 
-extern ZUGuard randomGuard;  // the seeding of random_number
+extern ZUGuard handleLimitGuard;  // the reading of the environment's budget of files
+extern ZUGuard randomGuard;       // the seeding of random_number
 
 }  // namespace Torvo

@@ -4,6 +4,8 @@
 #include <Utility/charsets.h>
 #include <Utility/conversion.h>
 #include <Utility/errors.h>
+#include <Utility/file_cache.h>
+#include <Utility/files.h>
 #include <Utility/frame/storage.h>
 #include <Utility/locale_info.h>
 #include <Utility/resources.h>
@@ -30,6 +32,10 @@ private:
     InstanceData* const former;
 };
 
+// The file cache of an instance: 32 MiB.
+constexpr int FileCacheBlocks = 2048;
+constexpr long32 FileCacheBlockSize = 16384;
+
 template <typename T>
 bool Install(T* created) {
     if (created == nullptr) return false;
@@ -47,7 +53,9 @@ InstanceData* CreateServices() {
                       Install(cLocaleInfo::Create()) &&             //
                       Install(cCharsetInfo::Create()) &&            //
                       Install(cCharsetConverter::Create()) &&       //
-                      Install(cCheckEsc::Create()));
+                      Install(cCheckEsc::Create()) &&               //
+                      Install(cFileSystem::Create()) &&             //
+                      Install(cFileCache::Create(FileCacheBlocks, FileCacheBlockSize)));
     return instance;
 }
 
@@ -145,6 +153,9 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         delete cCharsetConverter::Instance();
         delete cLocaleInfo::Instance();
         delete cCheckEsc::Instance();
+        // The file system closes its idle files through the cache.
+        delete cFileSystem::Instance();
+        delete cFileCache::Instance();
     }
     storageFrame.current.load()->SetData(nullptr);
     delete target;

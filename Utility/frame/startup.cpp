@@ -3,6 +3,7 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/charsets.h>
 #include <Utility/errors/string_resources.h>
+#include <Utility/files/handle_limit.h>
 #include <Utility/frame/font_names.h>
 #include <Utility/frame/guards.h>
 #include <Utility/frame/storage.h>
@@ -14,6 +15,14 @@
 // touches a service. What the platform layer keeps for the process needs no initialisation when the library is loaded.
 
 namespace Torvo {
+
+ZUGuard handleLimitGuard;
+
+namespace {
+
+const cMaxFileHandleHelper maxFileHandleHelper;
+
+}  // namespace
 
 StorageFrame storageFrame;
 

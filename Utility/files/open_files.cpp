@@ -1,0 +1,355 @@
+// The budget of open files: opening, sharing, releasing, and closing what nobody needs when handles run out.
+//
+// A registered file is closed; or open with references; or open and idle, without a reference. OpenEntry leads from
+// closed or idle to open, Release from open to idle or closed, and ReallyClose, by way of CloseOldest and CloseAllIdle,
+// from idle to closed. `openCount` counts the files that are open, `idleCount` and the idle order those that are idle.
+
+#include <Utility/clock.h>
+#include <Utility/errors/raise.h>
+#include <Utility/file_cache.h>
+#include <Utility/files.h>
+#include <Utility/files/file_system_impl.h>
+#include <Utility/memory_blocks.h>
+#include <Utility/platform/platform.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <iterator>
+
+namespace Torvo {
+
+namespace {
+
+// A path made of a name record's directory and name.
+class RecordPath {
+public:
+    explicit RecordPath(const FileNameRec& record) {
+        const std::size_t length = platform::wcsnlen(record.directory, PathLimit);
+        std::copy_n(record.directory, length, text);
+        const std::size_t nameLength = platform::wcsnlen(record.name, PathLimit);
+        std::copy_n(record.name, nameLength, text + length);
+        text[length + nameLength] = 0;
+    }
+    const wchar16* Text() const { return text; }
+
+private:
+    wchar16 text[2 * PathSize];
+};
+
+struct OpenWay {
+    int flags;
+    int share;
+    const wchar16* streamMode;
+};
+
+OpenWay WayOf(eOpenMode mode) {
+    switch (mode) {
+        case omRead:
+            return {platform::OpenBinary | platform::OpenReadOnly, platform::ShareDenyWrite, ZUTEXT("rb")};
+        case omReadWrite:
+            return {platform::OpenBinary | platform::OpenReadWrite, platform::ShareDenyBoth, ZUTEXT("r+b")};
+        case omCreate:
+            return {platform::OpenBinary | platform::OpenReadWrite | platform::OpenCreate | platform::OpenTruncate,
+                    platform::ShareDenyBoth, ZUTEXT("w+b")};
+    }
+    return {platform::OpenBinary | platform::OpenReadOnly, platform::ShareDenyWrite, nullptr};
+}
+
+// Opens a file: 0 with its descriptor, or an error number.
+int TryToOpen(const wchar16* path, eOpenMode mode, int* descriptor) {
+    const OpenWay way = WayOf(mode);
+    const int error = platform::_wsopen_dispatch(path, way.flags, way.share,
+                                                 platform::PermitRead | platform::PermitWrite, descriptor, 0);
+    if (error != 0 || mode == omRead) return error;
+    const uint32 attributes = platform::GetFileAttributesW(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return 0;
+    platform::_close(*descriptor);
+    return EACCES;
+}
+
+// The time of a file's last change; FileEntry::UnknownTime if it cannot be had.
+uint64 LastWriteOf(const wchar16* path) {
+    WIN32_FILE_ATTRIBUTE_DATA attributes;
+    if (!platform::GetFileAttributesExW(path, 0, &attributes)) return FileEntry::UnknownTime;
+    return uint64{attributes.ftLastWriteTime.dwHighDateTime} << 32 | attributes.ftLastWriteTime.dwLowDateTime;
+}
+
+// Whether a stored time counts as one that the file had when it was closed here.
+bool WasClosedBefore(uint64 lastWrite) {
+    return static_cast<uint32>(lastWrite) != 0 && lastWrite >> 32 != 0;
+}
+
+void RaiseErrorWithNumber(int32 number, int32 resourceId, int value, const wchar16* name) {
+    wchar16 text[12];
+    platform::swprintf(text, std::size(text), ZUTEXT("%d"), value);
+    RaiseError(ERRORLEVEL_ERROR, number, resourceId, text, name);
+}
+
+}  // namespace
+
+bool DefaultRetry(eOpenMode /*mode*/, const wchar16* /*name*/, int64& state) {
+    if (state == 0) state = time_100();
+    if (time_100() - state < GetFileAccessRetryTime()) return true;
+    state = 0;
+    return false;
+}
+
+// Opening ---------------------------------------------------------------------------------------------------------
+
+int cFileSystemImpl::OpenEntry(int file, eOpenMode mode, bool stream, int* changed) {
+    FileEntry* const entry = FindEntry(file);
+    if (entry == nullptr) return -1;
+    if (entry->IsOpen()) {
+        if (OpenServes(*entry, mode, stream)) return AddReference(*entry);
+        if (entry->References() != 0) return Upgrade(file, mode, stream, changed);
+        ReallyClose(*entry);
+    }
+    return OpenClosed(file, mode, stream, changed);
+}
+
+// Whether a file as it is open serves one who wants it so.
+bool cFileSystemImpl::OpenServes(const FileEntry& entry, eOpenMode mode, bool stream) const {
+    if (entry.IsStream() != stream) return false;
+    return entry.mode == mode || entry.mode == omCreate || (entry.mode == omReadWrite && mode == omRead);
+}
+
+int cFileSystemImpl::AddReference(FileEntry& entry) {
+    const uint32 references = entry.References();
+    if (references == FileEntry::ReferenceMask) return -1;
+    if (references == 0) MakeBusy(entry);
+    entry.position = 0;
+    entry.SetReferences(references + 1);
+    if (entry.stream != nullptr) platform::_fseeki64(entry.stream, 0, 0);
+    return HandleOf(entry);
+}
+
+// Opens a file that somebody holds in another way, where that is allowed: from reading to reading and writing.
+int cFileSystemImpl::Upgrade(int file, eOpenMode mode, bool stream, int* changed) {
+    FileEntry* entry = FindEntry(file);
+    if (entry->mode != omRead || mode != omReadWrite || entry->IsStream() != stream) {
+        RaiseError(ERRORLEVEL_ERROR, 9, 51, entry->name->name);
+        return -1;
+    }
+    const uint32 references = entry->References();
+    if (references == FileEntry::ReferenceMask) return -1;
+    entry->SetReferences(1);
+    ReallyClose(*entry);
+    const bool upgraded = OpenClosed(file, mode, stream, changed) != -1;
+    if (!upgraded) OpenEntry(file, omRead, stream, changed);
+    entry = FindEntry(file);  // the retry callback may have registered and unregistered files
+    if (entry == nullptr) return -1;
+    entry->SetReferences(upgraded ? references + 1 : references);
+    return upgraded ? file : -1;
+}
+
+int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* changed) {
+    FileEntry* entry = FindEntry(file);
+    entry->flags = (entry->flags & ~FileEntry::StreamWorld) | (stream ? FileEntry::StreamWorld : 0);
+    entry->mode = mode;
+    entry->age = 1;
+    idle.AgeAll();
+    cFileCache* const cache = cFileCache::Instance();
+    if (mode == omCreate && cache != nullptr) cache->Forget(file);
+
+    const int descriptor = OpenDescriptor(file, mode);
+    if (descriptor == -1) return -1;
+    entry = FindEntry(file);
+    if (entry == nullptr || entry->IsOpen()) {  // the retry callback has meddled with this very file
+        platform::_close(descriptor);
+        return -1;
+    }
+    if (stream) {
+        const wchar16* const streamMode = WayOf(mode).streamMode;
+        entry->stream = streamMode != nullptr ? platform::_wfdopen(descriptor, streamMode) : nullptr;
+        if (entry->stream == nullptr) {
+            platform::_close(descriptor);
+            return -1;
+        }
+        // What is written through the stream does not pass the cache.
+        if (mode != omRead && cache != nullptr) cache->Forget(file);
+    } else {
+        entry->fd = descriptor;
+    }
+    LookForChanges(*entry, changed);
+    ++openCount;
+    entry->SetReferences(1);
+    if (stream) {
+        platform::_fseeki64(entry->stream, 0, 0);
+    } else {
+        entry->length = platform::_lseeki64(descriptor, 0, 2);
+        entry->position = 0;
+        platform::_lseeki64(descriptor, 0, 0);
+    }
+    return file;
+}
+
+// A descriptor for a file, for which others may be closed and which is tried for as long as the callback says; -1 with
+// an error if there is none to be had.
+int cFileSystemImpl::OpenDescriptor(int file, eOpenMode mode) {
+    const RecordPath path(*FindEntry(file)->name);
+    int64 retryState = 0;
+    for (;;) {
+        int descriptor = -1;
+        const int error = openCount >= maxFiles ? EMFILE : TryToOpen(path.Text(), mode, &descriptor);
+        if (error == 0) return descriptor;
+        if (!PrepareAnotherAttempt(file, mode, error, retryState)) return -1;
+    }
+}
+
+// Does what may help against the error of an open. False, with an error raised where there is one to raise, if nothing
+// does.
+bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error, int64& retryState) {
+    // The number that the share conflicts of some networks come with.
+    constexpr int NetworkAccessDenied = 64;
+
+    const FileEntry* const entry = FindEntry(file);
+    if (entry == nullptr) return false;
+    const FileNameRec record = *entry->name;  // the callback may unregister the file
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+        case ENOSPC:
+            RaiseError(ERRORLEVEL_ERROR, 5001, 9985, record.name);
+            return false;
+        case EEXIST:
+            RaiseError(ERRORLEVEL_ERROR, 10, 52);
+            return false;
+        case ENFILE:
+        case EMFILE:
+            if (CloseOldest()) return true;
+            RaiseError(ERRORLEVEL_ERROR, 14, 56, record.name);
+            return false;
+        case EACCES:
+        case NetworkAccessDenied:
+            if (mode == omCreate) return false;
+            if (retry != nullptr && retry(mode, record.name, retryState)) return true;
+            RaiseError(ERRORLEVEL_ERROR, 4, 46, record.name);
+            return false;
+        default:
+            if (mode != omCreate) RaiseErrorWithNumber(13, 55, error, record.name);
+            return false;
+    }
+}
+
+// Drops what the cache holds of a file that was changed since it was closed, and tells the caller.
+void cFileSystemImpl::LookForChanges(FileEntry& entry, int* changed) {
+    const uint64 lastWrite = LastWriteOf(RecordPath(*entry.name).Text());
+    if (lastWrite != FileEntry::UnknownTime && lastWrite == entry.lastWrite) return;
+    if (cFileCache* const cache = cFileCache::Instance()) cache->Forget(HandleOf(entry));
+    if (changed != nullptr && WasClosedBefore(entry.lastWrite)) *changed |= 1;
+}
+
+// Closing ---------------------------------------------------------------------------------------------------------
+
+void cFileSystemImpl::MakeIdle(FileEntry& entry) {
+    ++idleCount;
+    idle.Add(IndexOf(entry), entry.age);
+}
+
+void cFileSystemImpl::MakeBusy(FileEntry& entry) {
+    --idleCount;
+    entry.age = idle.Remove(IndexOf(entry));
+}
+
+int32 cFileSystemImpl::AgeOf(const FileEntry& entry) const {
+    return idle.Contains(IndexOf(entry)) ? idle.AgeOf(IndexOf(entry)) : entry.age;
+}
+
+void cFileSystemImpl::ReallyClose(FileEntry& entry) {
+    if (!entry.IsOpen()) return;
+    if (entry.fd != -1) {
+        if (cFileCache* const cache = cFileCache::Instance()) cache->Flush(HandleOf(entry));
+        platform::_close(entry.fd);
+    }
+    if (entry.stream != nullptr) platform::fclose(entry.stream);
+    if (entry.References() == 0) MakeBusy(entry);
+    --openCount;
+    entry.fd = -1;
+    entry.stream = nullptr;
+    entry.lastWrite = LastWriteOf(RecordPath(*entry.name).Text());
+    ffree_(&entry.buffer);
+}
+
+int cFileSystemImpl::Release(int file) {
+    FileEntry* const entry = FindEntry(file);
+    if (entry == nullptr) return -1;
+    const uint32 references = entry->References();
+    if (references == 0) {
+        RaiseErrorWithNumber(11, 53, file, nullptr);
+        return -1;
+    }
+    if (references > 1) {
+        entry->SetReferences(references - 1);
+        return 0;
+    }
+    const bool staysOpen = !closeReadOnly && entry->mode == omRead && entry->IsOpen();
+    if (staysOpen) {
+        MakeIdle(*entry);
+    } else {
+        ReallyClose(*entry);
+    }
+    entry->SetReferences(0);
+    return 0;
+}
+
+// Closes the idle file of the greatest age, of equal ones that with the lowest handle. False if there is none.
+bool cFileSystemImpl::CloseOldest() {
+    const int32 oldest = idle.Oldest();
+    if (oldest == -1) return false;
+    ReallyClose(table[oldest]);
+    return true;
+}
+
+void cFileSystemImpl::CloseAllIdle() {
+    while (CloseOldest()) {
+    }
+}
+
+// The operations --------------------------------------------------------------------------------------------------
+
+int cFileSystemImpl::fileopen(int file, eOpenMode mode, int* changed) {
+    return OpenEntry(file, mode, false, changed);
+}
+
+FILE* cFileSystemImpl::ffileopen(FILE* file, eOpenMode mode, int* changed) {
+    const int opened = OpenEntry(fileno2(file), mode, true, changed);
+    return opened != -1 ? AsStreamHandle(opened) : nullptr;
+}
+
+int cFileSystemImpl::close2(int file) {
+    return Release(file);
+}
+
+int cFileSystemImpl::fclose2(FILE* file) {
+    return Release(fileno2(file));
+}
+
+void cFileSystemImpl::really_close_all() {
+    CloseAllIdle();
+}
+
+int fileopen(int file, eOpenMode mode, int* changed) {
+    return cFileSystem::Instance()->fileopen(file, mode, changed);
+}
+
+FILE* ffileopen(FILE* file, eOpenMode mode, int* changed) {
+    return cFileSystem::Instance()->ffileopen(file, mode, changed);
+}
+
+int close2(int file) {
+    return cFileSystem::Instance()->close2(file);
+}
+
+int fclose2(FILE* file) {
+    return cFileSystem::Instance()->fclose2(file);
+}
+
+void really_close_all() {
+    cFileSystem::Instance()->really_close_all();
+}
+
+void really_close_next() {
+    cFileSystem::Instance()->really_close_all();
+}
+
+}  // namespace Torvo
