@@ -81,7 +81,7 @@ ZUAPI bool group_fileremove(int* files, int count);
 // was, and an error:
 //   6 (message 48, with the new name) if a file of that name is registered or exists
 //   5 (message 47, with the old path) if it was copied and cannot be removed
-//   those of filecopy if it cannot be copied
+//   those of filecopy if it cannot be copied; part of the new file may then exist
 ZUAPI bool renamefile(int* file, const wchar16* name, FILETYPE type);
 // Copies a file, over the target or, with `append`, behind it. Both are opened for it and released again. False if one
 // of them cannot be opened, with the error of that, and error 7 (message 49, with the target's name) if it cannot be

@@ -174,6 +174,11 @@ private:
     void MakeBusy(FileEntry& entry);
     bool CloseOldest();
     void CloseAllIdle();
+    void RememberLastWrite(FileEntry& entry);
+
+    bool SetAside(int file, wchar16* temporaryName);
+    bool MoveFileTo(int from, int to, const wchar16* newName);
+    bool CopyThrough(void* block, int from, int to, bool append);
 
     int32 openCount = 0;  // files with a handle of the system
     int32 idleCount = 0;  // of these, those that nobody holds

@@ -266,8 +266,12 @@ void cFileSystemImpl::ReallyClose(FileEntry& entry) {
     --openCount;
     entry.fd = -1;
     entry.stream = nullptr;
-    entry.lastWrite = LastWriteOf(RecordPath(*entry.name).Text());
+    RememberLastWrite(entry);
     ffree_(&entry.buffer);
+}
+
+void cFileSystemImpl::RememberLastWrite(FileEntry& entry) {
+    entry.lastWrite = LastWriteOf(RecordPath(*entry.name).Text());
 }
 
 int cFileSystemImpl::Release(int file) {

@@ -4,68 +4,6 @@
 
 namespace Torvo {
 
-// Registry, budget, descriptors, whole files.
-int64 cFileSystemImpl::filelength2(int) {
-    return -1;
-}
-int64 cFileSystemImpl::lseek2(int, int64, int) {
-    return -1;
-}
-int64 cFileSystemImpl::tell2(int) {
-    return -1;
-}
-int cFileSystemImpl::read2(int, void*, uint64) {
-    return -1;
-}
-int cFileSystemImpl::write2(int, const void*, uint64) {
-    return -1;
-}
-int cFileSystemImpl::chsize2(int, int64) {
-    return -1;
-}
-bool cFileSystemImpl::read_app_string(int, wchar16*, unsigned int) {
-    return false;
-}
-int cFileSystemImpl::read_app_string_len(int) {
-    return -1;
-}
-int cFileSystemImpl::write_app_string(int, const wchar16*) {
-    return -1;
-}
-bool cFileSystemImpl::fileremove(int) {
-    return false;
-}
-bool cFileSystemImpl::group_fileremove(int*, int) {
-    return false;
-}
-bool cFileSystemImpl::renamefile(int*, const wchar16*, FILETYPE) {
-    return false;
-}
-bool cFileSystemImpl::touch(int) {
-    return false;
-}
-int64 cFileSystemImpl::file_get_timestamp(int) {
-    return -1;
-}
-bool cFileSystemImpl::file_set_timestamp(int) {
-    return false;
-}
-bool cFileSystemImpl::filecopy(int, int, bool) {
-    return false;
-}
-int cFileSystemImpl::rename2(const wchar16*, const wchar16*) {
-    return -1;
-}
-int cFileSystemImpl::access2(const wchar16*, int) {
-    return -1;
-}
-int cFileSystemImpl::remove2(const wchar16*) {
-    return -1;
-}
-int cFileSystemImpl::stat2(const wchar16*, struct _stat64*) {
-    return -1;
-}
-
 // Names, paths, directories.
 void cFileSystemImpl::ChangeDirectory(int, SAVED_DIR*) {}
 void cFileSystemImpl::program_dir(const wchar16*) {}

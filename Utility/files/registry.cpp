@@ -164,7 +164,7 @@ int cFileSystemImpl::GetFileFD(int file) {
 
 FILE* cFileSystemImpl::GetFilePtr(const FILE* file) {
     const FileEntry* const entry = FindEntry(AsFileHandle(file));
-    return entry != nullptr ? reinterpret_cast<FILE*>(entry->stream) : nullptr;
+    return entry != nullptr ? entry->stream : nullptr;
 }
 
 eOpenMode cFileSystemImpl::filehandle_get_openmode(int file) {

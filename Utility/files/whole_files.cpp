@@ -1,0 +1,254 @@
+// Operations on whole files: removing, renaming, copying, time stamps; and the calls that take a path.
+
+#include <Utility/bounded_copy.h>
+#include <Utility/errors/raise.h>
+#include <Utility/file_cache.h>
+#include <Utility/file_io.h>
+#include <Utility/files/file_system_impl.h>
+#include <Utility/memory_blocks.h>
+#include <Utility/platform/platform.h>
+#include <Utility/strings.h>
+
+#include <array>
+#include <memory>
+#include <new>
+
+namespace Torvo {
+
+namespace {
+
+constexpr uint64 CopyBlockSize = 8192;
+constexpr uint32 CopyPieceSize = 4096;
+
+using Path = std::array<wchar16, PathSize>;
+
+Path LocalCopy(const wchar16* path) {
+    Path copy;
+    strcpyn(copy.data(), path, PathSize);
+    return copy;
+}
+
+// Copies from where one descriptor stands to where another stands, up to the end; false if something could not be read
+// or written.
+bool CopyDescriptor(int from, int to, void* block) {
+    for (;;) {
+        const int read = platform::_read(from, block, CopyPieceSize);
+        if (read <= 0) return read == 0;
+        if (platform::_write(to, block, static_cast<uint32>(read)) != read) return false;
+    }
+}
+
+// Writes the first byte of an open stream again. False if there is none, or it cannot be written.
+bool RewriteFirstByte(platform::Stream* stream) {
+    char first = 0;
+    if (platform::fread(&first, 1, 1, stream) != 1 || platform::_fseeki64(stream, 0, 0) != 0) return false;
+    return platform::fwrite(&first, 1, 1, stream) == 1 && platform::fflush(stream) == 0;
+}
+
+}  // namespace
+
+bool cFileSystemImpl::fileremove(int file) {
+    FileEntry* const entry = FindEntry(file);
+    if (entry == nullptr) return false;
+    ReallyClose(*entry);
+    Path path;
+    fhandle2path(file, path.data());
+    return platform::_wremove(path.data()) == 0;
+}
+
+// Gives a file a temporary name beside it.
+bool cFileSystemImpl::SetAside(int file, wchar16* temporaryName) {
+    FileEntry* const entry = FindEntry(file);
+    if (entry == nullptr) return false;
+    ReallyClose(*entry);
+    Path path;
+    fhandle2path(file, path.data());
+    tempname(temporaryName, entry->name->directory);
+    return rename2(path.data(), temporaryName) == 0;
+}
+
+bool cFileSystemImpl::group_fileremove(int* files, int count) {
+    if (count <= 0) return true;
+    const std::unique_ptr<Path[]> temporaryNames(new (std::nothrow) Path[static_cast<std::size_t>(count)]);
+    if (temporaryNames == nullptr) return false;
+    int setAside = 0;
+    while (setAside < count && SetAside(files[setAside], temporaryNames[static_cast<std::size_t>(setAside)].data())) {
+        ++setAside;
+    }
+    if (setAside == count) {
+        for (int index = 0; index < count; ++index) remove2(temporaryNames[static_cast<std::size_t>(index)].data());
+        return true;
+    }
+    while (setAside > 0) {
+        --setAside;
+        Path path;
+        fhandle2path(files[setAside], path.data());
+        rename2(temporaryNames[static_cast<std::size_t>(setAside)].data(), path.data());
+    }
+    return false;
+}
+
+bool cFileSystemImpl::renamefile(int* file, const wchar16* name, FILETYPE type) {
+    FileEntry* const entry = file != nullptr && name != nullptr ? FindEntry(*file) : nullptr;
+    if (entry == nullptr) return false;
+    ReallyClose(*entry);
+    Path newName = LocalCopy(name);
+    resolve_path_reference(newName.data(), *file);
+    const FILETYPE newType = type != ftNone ? type : entry->name->type;
+    if (is_file_registered(newName.data(), newType) != 0) {
+        RaiseError(ERRORLEVEL_ERROR, 6, 48, newName.data());
+        return false;
+    }
+    const int renamed = register_file(newName.data(), newType, true);
+    if (renamed == 0) return false;
+    if (!MoveFileTo(*file, renamed, newName.data())) {
+        unregister_file(renamed);
+        return false;
+    }
+    unregister_file(*file);
+    *file = renamed;
+    return true;
+}
+
+// Renames a closed file on disk to the path of another handle, or copies it there and removes it.
+bool cFileSystemImpl::MoveFileTo(int from, int to, const wchar16* newName) {
+    Path oldPath;
+    Path newPath;
+    fhandle2path(from, oldPath.data());
+    fhandle2path(to, newPath.data());
+    if (file_exists(newPath.data(), FindEntry(to)->name->type)) {
+        RaiseError(ERRORLEVEL_ERROR, 6, 48, newName);
+        return false;
+    }
+    if (rename2(oldPath.data(), newPath.data()) == 0 && !striequ(oldPath.data(), newPath.data())) return true;
+    if (!filecopy(from, to, false)) return false;
+    if (fileremove(from)) return true;
+    RaiseError(ERRORLEVEL_ERROR, 5, 47, oldPath.data());
+    fileremove(to);
+    return false;
+}
+
+bool cFileSystemImpl::filecopy(int from, int to, bool append) {
+    void* block = nullptr;
+    if (!falloc_(CopyBlockSize, &block, false, false)) return false;
+    const bool copied = CopyThrough(block, from, to, append);
+    ffree_(&block);
+    return copied;
+}
+
+bool cFileSystemImpl::CopyThrough(void* block, int from, int to, bool append) {
+    cFileCache* const cache = cFileCache::Instance();
+    if (cache != nullptr) cache->Flush(from);
+    if (fileopen(from, omRead, nullptr) == -1) return false;
+    if (fileopen(to, append ? omReadWrite : omCreate, nullptr) == -1) {
+        close2(from);
+        return false;
+    }
+    // The target is written around the cache: what that has for the file goes to disk before, and is stale afterwards.
+    bool copied = cache == nullptr || cache->Flush(to);
+    if (copied) {
+        const int source = GetFileFD(from);
+        const int target = GetFileFD(to);
+        platform::_lseeki64(source, 0, 0);
+        platform::_lseeki64(target, 0, append ? 2 : 0);
+        copied = source == target || CopyDescriptor(source, target, block);  // a file has its own content already
+        if (cache != nullptr) cache->Forget(to);
+        FindEntry(to)->length = platform::_lseeki64(target, 0, 2);
+    }
+    close2(to);
+    if (!copied) RaiseError(ERRORLEVEL_ERROR, 7, 49, FindEntry(to)->name->name);
+    close2(from);
+    return copied;
+}
+
+bool cFileSystemImpl::touch(int file) {
+    FILE* const stream = ffileopen(AsStreamHandle(file), omReadWrite, nullptr);
+    if (stream == nullptr) return false;
+    const bool rewritten = RewriteFirstByte(GetFilePtr(stream));
+    fclose2(stream);
+    FileEntry* const entry = FindEntry(file);
+    ReallyClose(*entry);
+    if (rewritten) return true;
+    // An empty file has nothing to write again.
+    if (!file_set_timestamp(file)) return false;
+    RememberLastWrite(*entry);
+    return true;
+}
+
+int64 cFileSystemImpl::file_get_timestamp(int file) {
+    if (FindEntry(file) == nullptr) return 0;
+    Path path;
+    fhandle2path(file, path.data());
+    struct _stat64 status;
+    return stat2(path.data(), &status) == 0 ? static_cast<int64>(status.st_mtime) : 0;
+}
+
+bool cFileSystemImpl::file_set_timestamp(int file) {
+    if (FindEntry(file) == nullptr) return false;
+    Path path;
+    fhandle2path(file, path.data());
+    return platform::_wutime64(path.data(), nullptr) == 0;
+}
+
+int cFileSystemImpl::rename2(const wchar16* from, const wchar16* to) {
+    if (from == nullptr || to == nullptr) return -1;
+    return platform::_wrename(LocalCopy(from).data(), LocalCopy(to).data());
+}
+
+int cFileSystemImpl::remove2(const wchar16* path) {
+    return path != nullptr ? platform::_wremove(LocalCopy(path).data()) : -1;
+}
+
+int cFileSystemImpl::access2(const wchar16* path, int mode) {
+    return path != nullptr ? platform::_waccess(LocalCopy(path).data(), mode) : -1;
+}
+
+int cFileSystemImpl::stat2(const wchar16* path, struct _stat64* status) {
+    return path != nullptr && status != nullptr ? platform::_wstat64(LocalCopy(path).data(), status) : -1;
+}
+
+bool fileremove(int file) {
+    return cFileSystem::Instance()->fileremove(file);
+}
+
+bool group_fileremove(int* files, int count) {
+    return cFileSystem::Instance()->group_fileremove(files, count);
+}
+
+bool renamefile(int* file, const wchar16* name, FILETYPE type) {
+    return cFileSystem::Instance()->renamefile(file, name, type);
+}
+
+bool filecopy(int from, int to, bool append) {
+    return cFileSystem::Instance()->filecopy(from, to, append);
+}
+
+bool touch(int file) {
+    return cFileSystem::Instance()->touch(file);
+}
+
+int64 file_get_timestamp(int file) {
+    return cFileSystem::Instance()->file_get_timestamp(file);
+}
+
+bool file_set_timestamp(int file) {
+    return cFileSystem::Instance()->file_set_timestamp(file);
+}
+
+int rename2(const wchar16* from, const wchar16* to) {
+    return cFileSystem::Instance()->rename2(from, to);
+}
+
+int remove2(const wchar16* path) {
+    return cFileSystem::Instance()->remove2(path);
+}
+
+int access2(const wchar16* path, int mode) {
+    return cFileSystem::Instance()->access2(path, mode);
+}
+
+int stat2(const wchar16* path, struct _stat64* status) {
+    return cFileSystem::Instance()->stat2(path, status);
+}
+
+}  // namespace Torvo
