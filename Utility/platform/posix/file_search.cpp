@@ -149,7 +149,7 @@ uint32 DirectoryError() {
 void* StartWalk(const wchar16* pattern, WIN32_FIND_DATAW* data) {
     Pattern parts = SplitPattern(pattern);
     if (parts.name.empty()) return Failed(ERROR_FILE_NOT_FOUND);
-    if (parts.name == ZUTEXT("*.*")) parts.name = ZUTEXT("*");
+    if (parts.name == ZUTEXT("*.*")) parts.name.resize(1);
     const auto native = NativePath(parts.directory);
     if (!native) return Failed(ERROR_PATH_NOT_FOUND);
     auto walk = std::make_unique<Walk>();
