@@ -4,6 +4,7 @@
 #include <Utility/arcs.h>
 #include <Utility/arithmetic.h>
 #include <Utility/bounded_copy.h>
+#include <Utility/byte_order_marks.h>
 #include <Utility/cancel.h>
 #include <Utility/charsets.h>
 #include <Utility/clipping.h>

@@ -46,6 +46,12 @@ ZUAPI int write_app_string(int file, const wchar16* text);
 
 // Stream world: text through the file's character set ---------------------------------------------------------------
 
+// Each call of this section answers as for a file that cannot be used if the handle is not registered or the file is
+// not open as a stream: null from fgets2, 0 from fread2 and fwrite2, -1 from all others.
+//
+// Between reading and writing a stream wants fseek2 or fflush2, as the runtime's streams do.
+
+// The runtime's fread, fwrite, fseek, ftell, feof, ferror and fflush: bytes as they stand, positions in bytes.
 ZUAPI unsigned int fread2(void* buffer, unsigned int size, unsigned int count, FILE* file);
 ZUAPI unsigned int fwrite2(const void* buffer, unsigned int size, unsigned int count, FILE* file);
 ZUAPI int fseek2(FILE* file, int64 offset, int whence);
@@ -53,19 +59,55 @@ ZUAPI int64 ftell2(FILE* file);
 ZUAPI int feof2(FILE* file);
 ZUAPI int ferror2(FILE* file);
 ZUAPI int fflush2(FILE* file);
+// The length in bytes, found by seeking to the end and back.
 ZUAPI int64 ffilelength2(FILE* file);
+
+// Reads a character: one unit of system text. A line end, be it CR LF, CR or LF, is one LF. -1 at the end of the file
+// and for the byte 26 (Ctrl-Z), with which a text ends. A pair of a double-byte charset is one character; of UTF-8 only
+// ASCII can be read so, a character of several bytes comes as one U+FFFD for each. 0 where the charset has no code
+// page.
 ZUAPI int fgetc2(FILE* file);
+// Reads a line into a buffer of `size` units, terminator included, and returns `out`. The line end, be it CR LF, CR or
+// LF, is one LF in `out`; the last line of a file may lack it, and then so does `out`. The stream then stands behind
+// the line end, and feof2 is true only if the end of the file was met instead of one.
+//
+// At most 2 * size - 1 bytes are read; the next call goes on with the rest of a longer line, and with the LF of a CR LF
+// that was cut in two. Text that has no room in `out` gives an empty text, and so does a charset without a code page:
+// what was read is passed over. In UTF-16 what fits is kept; but since its bytes are searched for a line end like those
+// of any charset, UTF-16 is better read by fread2.
+//
+// Null at the end of the file; for a single byte 26 (Ctrl-Z) at the end of the file (also as the last byte of a line
+// whose bytes before it are a multiple of 40, which are lost then); for a `size` below 1; and if memory is short, with
+// nothing read.
 ZUAPI wchar16* fgets2(wchar16* out, int size, FILE* file);
+// Writes a character in the file's charset; `c`, or -1. An LF is written as the units of the charset's line end
+// (CharsetSlashN), two bytes each, whatever the charset: for text use fputs2. In UTF-16 only the first byte of a
+// character below U+0100 is written.
 ZUAPI int fputc2(int c, FILE* file);
+// Writes a text in the file's charset, each LF as the charset's line end. 0, or -1 if it cannot be converted or
+// written.
 ZUAPI int fputs2(const wchar16* text, FILE* file);
+// Formats as the runtime's fwprintf does (%s and %c take system text) and writes the result by fputs2. The number of
+// units of the formatted text, or -1.
 ZUAPI int fprintf2(FILE* file, const wchar16* format, ...);
 ZUAPI int vfprintf2(FILE* file, const wchar16* format, va_list arguments);
 
 // Compound files: one stream inside a file, to read -----------------------------------------------------------------
 
+// A file that is no compound file is treated as a plain one by all four calls, which are then fileopen, close2, lseek2
+// and read2. A compound file is not opened by fileopen here: neither the budget nor the cache knows of it, and nobody
+// may write to it meanwhile.
+
+// Opens a stream of a compound file, or adds a user to the one that is open already, whatever its name, and puts its
+// position to the start. A workbook's stream may have either of two names: "Book" finds "Workbook" too. The handle, or
+// -1 without an error record; `mode` and `changed` matter for a plain file only.
 ZUAPI int stream_fileopen(int file, eOpenMode mode, int* changed, const wchar16* streamName);
+// Closes it for one user; the last one closes the file. 0, or what close2 gives.
 ZUAPI int stream_close(int file);
+// Sets the position: `whence` 1 by `offset` from where it stands, 2 from the end, any other from the start. The low 32
+// bits of the position, or -1; before the start there is none.
 ZUAPI long32 stream_lseek(int file, long32 offset, int whence);
+// Reads at the position and moves it on. How many bytes, less than `count` at the end; -1 if they cannot be read.
 ZUAPI int stream_read(int file, void* buffer, unsigned int count);
 
 // Whole files by handle ---------------------------------------------------------------------------------------------

@@ -13,6 +13,7 @@
 #include <Utility/platform/regions.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/streams.h>
+#include <Utility/platform/structured_storage.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/threads.h>
 #include <Utility/platform/types.h>
