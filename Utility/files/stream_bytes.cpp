@@ -10,42 +10,42 @@
 namespace Torvo {
 
 unsigned int cFileSystemImpl::fread2(void* buffer, unsigned int size, unsigned int count, FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? static_cast<unsigned int>(platform::fread(buffer, size, count, stream)) : 0;
 }
 
 unsigned int cFileSystemImpl::fwrite2(const void* buffer, unsigned int size, unsigned int count, FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? static_cast<unsigned int>(platform::fwrite(buffer, size, count, stream)) : 0;
 }
 
 int cFileSystemImpl::fseek2(FILE* file, int64 offset, int whence) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? platform::_fseeki64(stream, offset, whence) : -1;
 }
 
 int64 cFileSystemImpl::ftell2(FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? platform::_ftelli64(stream) : -1;
 }
 
 int cFileSystemImpl::feof2(FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? platform::feof(stream) : -1;
 }
 
 int cFileSystemImpl::ferror2(FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? platform::ferror(stream) : -1;
 }
 
 int cFileSystemImpl::fflush2(FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     return stream != nullptr ? platform::fflush(stream) : -1;
 }
 
 int64 cFileSystemImpl::ffilelength2(FILE* file) {
-    FILE* const stream = StreamOf(FindEntry(file));
+    FILE* const stream = StreamOf(FindEntry(AsFileHandle(file)));
     if (stream == nullptr) return -1;
     const int64 position = platform::_ftelli64(stream);
     if (position == -1 || platform::_fseeki64(stream, 0, SEEK_END) != 0) return -1;

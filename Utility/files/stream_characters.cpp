@@ -46,7 +46,7 @@ bool PutCharacter(wchar16 unit, ZUCHARSET charset, FILE* stream) {
 }  // namespace
 
 int cFileSystemImpl::fgetc2(FILE* file) {
-    const FileEntry* const entry = FindEntry(file);
+    const FileEntry* const entry = FindEntry(AsFileHandle(file));
     FILE* const stream = StreamOf(entry);
     if (stream == nullptr) return -1;
     const int byte = platform::fgetc(stream);
@@ -57,7 +57,7 @@ int cFileSystemImpl::fgetc2(FILE* file) {
 }
 
 int cFileSystemImpl::fputc2(int c, FILE* file) {
-    const FileEntry* const entry = FindEntry(file);
+    const FileEntry* const entry = FindEntry(AsFileHandle(file));
     FILE* const stream = StreamOf(entry);
     if (stream == nullptr) return -1;
     const bool put =

@@ -9,7 +9,7 @@
 namespace Torvo {
 
 wchar16* cFileSystemImpl::fgets2(wchar16* out, int size, FILE* file) {
-    FileEntry* const entry = FindEntry(file);
+    FileEntry* const entry = FindEntry(AsFileHandle(file));
     if (size < 1 || StreamOf(entry) == nullptr) return nullptr;
     ByteLine line;
     if (!ReadLine(*entry, 2 * static_cast<uint64>(size) - 1, &line)) return nullptr;

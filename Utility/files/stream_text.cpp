@@ -69,7 +69,7 @@ bool PutLines(const EncodedText& text, ZUCHARSET charset, FILE* stream) {
 }  // namespace
 
 int cFileSystemImpl::fputs2(const wchar16* text, FILE* file) {
-    FileEntry* const entry = FindEntry(file);
+    FileEntry* const entry = FindEntry(AsFileHandle(file));
     FILE* const stream = StreamOf(entry);
     if (stream == nullptr || text == nullptr) return -1;
     const uint64 bytesPerUnit = entry->charset == csUTF8 ? 4 : 2;
