@@ -1,0 +1,189 @@
+#include <Utility/platform/files.h>
+#include <gtest/gtest.h>
+#include <support/failing_files.h>
+#include <support/temp_directory.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+using namespace Torvo;
+using test::TempDirectory;
+
+int OpenToWrite(const wstring16& path) {
+    int file = -1;
+    platform::_wsopen_dispatch(path.c_str(), platform::OpenReadWrite, platform::ShareDenyBoth, 0, &file, 0);
+    return file;
+}
+
+TEST(PosixFiles, AllFormsOfAPathAreTheSameFile) {
+    const TempDirectory directory;
+    directory.Write(ZUTEXT("sub\\file"), "x");
+    const wstring16 native = directory.Path().substr(2);
+    for (const wstring16& path : {directory.Path(), native, ZUTEXT("c:") + native}) {
+        EXPECT_EQ(platform::_waccess((path + ZUTEXT("\\sub/file")).c_str(), 0), 0);
+    }
+    EXPECT_NE(platform::_waccess((ZUTEXT("D:") + native).c_str(), 0), 0);
+    EXPECT_NE(platform::_waccess((ZUTEXT("\\\\") + native).c_str(), 0), 0);
+    EXPECT_NE(platform::_waccess(directory.Path(ZUTEXT("SUB\\file")).c_str(), 0), 0) << "case counts";
+}
+
+TEST(PosixFiles, LocksAreTheSystemsOwn) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("file"), "x");
+    const int other = ::open(directory.Native(ZUTEXT("file")).c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_SH), 0);
+    EXPECT_EQ(OpenToWrite(path), -1);
+    EXPECT_EQ(errno, EACCES);
+    ::close(other);
+    const int file = OpenToWrite(path);
+    EXPECT_NE(file, -1);
+    platform::_close(file);
+}
+
+TEST(PosixFiles, OneWriteBitOfAnySortMakesAFileWritable) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("file"), "x");
+    const auto native = directory.Native(ZUTEXT("file"));
+    for (const mode_t mode : {0200, 0420, 0442}) {
+        ASSERT_EQ(::chmod(native.c_str(), mode), 0);
+        EXPECT_EQ(platform::GetFileAttributesW(path.c_str()), FILE_ATTRIBUTE_ARCHIVE) << std::oct << mode;
+    }
+    ASSERT_EQ(::chmod(native.c_str(), 0555), 0);
+    EXPECT_EQ(platform::GetFileAttributesW(path.c_str()), FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_READONLY);
+    ASSERT_TRUE(platform::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_ARCHIVE));
+    struct stat status;
+    ASSERT_EQ(::stat(native.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, mode_t{0755}) << "the owner's bit comes back";
+}
+
+TEST(PosixFiles, DescriptorsAreNotInherited) {
+    const TempDirectory directory;
+    const int file = OpenToWrite(directory.Write(ZUTEXT("file"), "x"));
+    EXPECT_NE(::fcntl(file, F_GETFD) & FD_CLOEXEC, 0);
+    platform::_close(file);
+}
+
+TEST(PosixFiles, LinkThatLeadsNowhereIsListedAndRemoved) {
+    const TempDirectory directory;
+    std::filesystem::create_symlink("nowhere", directory.Native(ZUTEXT("link")));
+    EXPECT_EQ(platform::GetFileAttributesW(directory.Path(ZUTEXT("link")).c_str()), INVALID_FILE_ATTRIBUTES);
+    WIN32_FIND_DATAW data{};
+    void* const walk = platform::FindFirstFileW(directory.Path(ZUTEXT("l*")).c_str(), &data);
+    ASSERT_NE(walk, platform::InvalidFindHandle());
+    EXPECT_EQ(wstring16(data.cFileName), ZUTEXT("link"));
+    platform::FindClose(walk);
+    EXPECT_EQ(platform::_wremove(directory.Path(ZUTEXT("link")).c_str()), 0);
+    EXPECT_FALSE(directory.Has(ZUTEXT("link")));
+}
+
+TEST(PosixFiles, CreatingThroughALinkMakesItsTarget) {
+    const TempDirectory directory;
+    std::filesystem::create_symlink("target", directory.Native(ZUTEXT("link")));
+    int file = -1;
+    ASSERT_EQ(
+        platform::_wsopen_dispatch(directory.Path(ZUTEXT("link")).c_str(),
+                                   platform::OpenReadWrite | platform::OpenCreate | platform::OpenTruncate,
+                                   platform::ShareDenyBoth, platform::PermitRead | platform::PermitWrite, &file, 0),
+        0);
+    platform::_close(file);
+    EXPECT_TRUE(directory.Has(ZUTEXT("target")));
+}
+
+TEST(PosixFiles, EveryNameOnDiskIsListedAndOpened) {
+    const TempDirectory directory;
+    const std::string name = "bad\xFF\xC3.dat";
+    const auto native = directory.Native() / name;
+    ASSERT_NE(::close(::open(native.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0666)), -1);
+    WIN32_FIND_DATAW data{};
+    void* const walk = platform::FindFirstFileW(directory.Path(ZUTEXT("bad*")).c_str(), &data);
+    ASSERT_NE(walk, platform::InvalidFindHandle());
+    platform::FindClose(walk);
+    EXPECT_EQ(platform::_waccess(directory.Path(data.cFileName).c_str(), 6), 0);
+    EXPECT_EQ(platform::_wremove(directory.Path(data.cFileName).c_str()), 0);
+}
+
+TEST(PosixFiles, LimitOfOpenFilesIsTheProcesss) {
+    rlimit former;
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
+    EXPECT_EQ(platform::_setmaxstdio(100), 100);
+    rlimit now;
+    ::getrlimit(RLIMIT_NOFILE, &now);
+    EXPECT_EQ(now.rlim_cur, 100u);
+    EXPECT_EQ(now.rlim_max, former.rlim_max);
+    EXPECT_EQ(platform::_setmaxstdio(19), -1);
+    EXPECT_EQ(errno, EINVAL);
+    ::setrlimit(RLIMIT_NOFILE, &former);
+}
+
+TEST(PosixFiles, TooManyOpenFilesAreToldAsSuch) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("file"), "x");
+    rlimit former;
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
+    rlimit none = former;
+    none.rlim_cur = 0;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const int file = OpenToWrite(path);
+    const int error = errno;
+    ::setrlimit(RLIMIT_NOFILE, &former);
+    EXPECT_EQ(file, -1);
+    EXPECT_EQ(error, EMFILE);
+}
+
+TEST(PosixFiles, TemporaryDirectoryIsTheEnvironments) {
+    const char* const former = std::getenv("TMPDIR");
+    const std::string kept = former != nullptr ? former : "";
+    std::array<wchar16, 300> buffer{};
+    ::setenv("TMPDIR", "/some/where", 1);
+    platform::GetTempPathW(300, buffer.data());
+    EXPECT_EQ(wstring16(buffer.data()), ZUTEXT("C:\\some\\where\\"));
+    ::setenv("TMPDIR", "relative", 1);
+    platform::GetTempPathW(300, buffer.data());
+    EXPECT_EQ(wstring16(buffer.data()).substr(0, 3), ZUTEXT("C:\\"));
+    former != nullptr ? ::setenv("TMPDIR", kept.c_str(), 1) : ::unsetenv("TMPDIR");
+}
+
+TEST(PosixFiles, EnvironmentIsTakenAsUtf8) {
+    ::setenv("TORVO_TEST_VALUE", "\xC3\xA4\xF0\x9F\x97\xBA", 1);
+    const wchar16* const value = platform::_wgetenv(ZUTEXT("TORVO_TEST_VALUE"));
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(wstring16(value), ZUTEXT("\u00E4\U0001F5FA"));
+    ::unsetenv("TORVO_TEST_VALUE");
+}
+
+TEST(PosixFiles, ShareModesThatTheFileSystemLacksAreGranted) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("file"), "x");
+    // The second call of an open is the one for the lock; the number is the Windows runtime's for "no locks".
+    const test::FailingFiles faults(2, test::FailingFiles::Mode::kOnce, 39);
+    const int file = OpenToWrite(path);
+    EXPECT_NE(file, -1);
+    platform::_close(file);
+}
+
+TEST(PosixFiles, RenamingWithoutTheSystemsHelpNeverReplacesEither) {
+    const TempDirectory directory;
+    const wstring16 a = directory.Write(ZUTEXT("a"), "first");
+    const wstring16 b = directory.Write(ZUTEXT("b"), "second");
+    const wstring16 c = directory.Path(ZUTEXT("c"));
+    // The number is the Windows runtime's for "no such call".
+    {
+        const test::FailingFiles faults(1, test::FailingFiles::Mode::kOnce, 40);
+        EXPECT_EQ(platform::_wrename(a.c_str(), b.c_str()), -1);
+        EXPECT_EQ(errno, EEXIST);
+    }
+    const test::FailingFiles faults(1, test::FailingFiles::Mode::kOnce, 40);
+    EXPECT_EQ(platform::_wrename(a.c_str(), c.c_str()), 0);
+    EXPECT_EQ(directory.Read(ZUTEXT("b")), "second");
+    EXPECT_EQ(directory.Read(ZUTEXT("c")), "first");
+}
+
+}  // namespace
