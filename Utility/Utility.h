@@ -14,6 +14,7 @@
 #include <Utility/file_cache.h>
 #include <Utility/file_io.h>
 #include <Utility/file_names.h>
+#include <Utility/file_search.h>
 #include <Utility/files.h>
 #include <Utility/geometry.h>
 #include <Utility/instance.h>
@@ -24,6 +25,7 @@
 #include <Utility/metafiles.h>
 #include <Utility/number_parsing.h>
 #include <Utility/number_printing.h>
+#include <Utility/paths.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
 #include <Utility/queues.h>

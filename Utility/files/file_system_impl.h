@@ -7,6 +7,7 @@
 #include <Utility/files/idle_order.h>
 #include <Utility/files/name_index.h>
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -198,8 +199,8 @@ private:
     wchar16 currentDirectory[PathSize] = {};
     wchar16 tileTempDirectory[PathSize] = {};
     wchar16 moduleDirectory[PathSize] = {};
-    std::vector<wchar16*> appDataPaths;  // memory blocks of PathSize units, in the order of adding
-    std::map<wstring16, wstring16> configuration;
+    std::vector<wchar16*> appDataPaths;  // memory blocks, with a separator at the end
+    std::map<wstring16, wstring16, std::less<>> configuration;
     uint32 tempSerial = 0;
 
     // What spares a walk of the table.

@@ -1,0 +1,42 @@
+// The walk over the entries of a directory that have chosen attributes.
+
+#include <Utility/bounded_copy.h>
+#include <Utility/file_search.h>
+#include <Utility/platform/platform.h>
+
+#include <iterator>
+
+namespace Torvo {
+
+namespace {
+
+// Whether the entry that was read last passes; its name then becomes the walk's.
+bool TakeIfWanted(FILEFIND* find) {
+    if (find->entry.dwFileAttributes == 0) find->entry.dwFileAttributes = FILE_ATTRIBUTE_NORMAL;
+    if ((find->entry.dwFileAttributes & find->mask) == 0) return false;
+    strcpyn(find->name, find->entry.cFileName, std::size(find->name));
+    return true;
+}
+
+}  // namespace
+
+int FileFindFirst(wchar16* pattern, ulong32 mask, FILEFIND* find) {
+    find->mask = mask;
+    find->handle = platform::FindFirstFileW(pattern, &find->entry);
+    if (find->handle == platform::InvalidFindHandle()) return 0;
+    if (!TakeIfWanted(find)) FileFindNext(find);
+    return 1;
+}
+
+int FileFindNext(FILEFIND* find) {
+    while (platform::FindNextFileW(find->handle, &find->entry)) {
+        if (TakeIfWanted(find)) return 1;
+    }
+    return 0;
+}
+
+int FileFindClose(FILEFIND* find) {
+    return platform::FindClose(find->handle) ? 1 : 0;
+}
+
+}  // namespace Torvo

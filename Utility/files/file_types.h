@@ -1,0 +1,17 @@
+// The table of file types.
+#pragma once
+
+#include <Utility/file_names.h>
+
+namespace Torvo {
+
+inline constexpr int32 FileTypeCount = 75;
+
+// The extension of a type, with its dot; null for a type without one, and for a number that is none.
+const wchar16* ExtensionOf(FILETYPE type);
+// Whether names of a type are forced to bear its extension; false for a number that is none.
+bool ForcesExtension(FILETYPE type);
+// The lowest type with that extension, case ignored; ftNone if there is none.
+FILETYPE TypeOfExtension(const wchar16* extension);
+
+}  // namespace Torvo

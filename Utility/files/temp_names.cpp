@@ -1,0 +1,115 @@
+// Names for temporary files, and the folder for those of tiles.
+
+#include <Utility/paths.h>
+
+#include <Utility/files/file_names.h>
+#include <Utility/files/file_system_impl.h>
+#include <Utility/files/file_types.h>
+#include <Utility/platform/platform.h>
+#include <Utility/strings.h>
+
+namespace Torvo {
+
+namespace {
+
+// Where the count of names begins again.
+constexpr uint32 SerialLimit = 1000000;
+// What the calls of the system for directories fill.
+constexpr std::size_t SystemPathSize = 260;
+
+void MakeDirectoryIfMissing(const wchar16* path) {
+    if (!platform::PathIsDirectoryW(path)) platform::CreateDirectoryW(path);
+}
+
+// Writes the folder of all programs like this one, and makes it.
+void FamilyFolder(wchar16 (&path)[SystemPathSize]) {
+    const uint32 length = platform::GetTempPathW(SystemPathSize, path);
+    if (length == 0 || length >= SystemPathSize) path[0] = 0;
+    platform::PathAppendW(path, ZUTEXT("Zunaverse"));
+    MakeDirectoryIfMissing(path);
+}
+
+// Makes a folder that was not there before: `base`, or else `base` with a dot and the first number from 2 on.
+void MakeNewFolder(const wchar16* base, wchar16 (&path)[SystemPathSize]) {
+    CopyPath(base, path, SystemPathSize);
+    for (int number = 2; platform::PathIsDirectoryW(path); ++number) {
+        // A number that does not fit would give the same name for ever.
+        if (platform::swprintf(path, SystemPathSize, ZUTEXT("%ls.%d"), base, number) < 0) break;
+    }
+    platform::CreateDirectoryW(path);
+}
+
+// Whether a file can be written in a folder; none stays there.
+bool CanWriteIn(cFileSystem& files, const wchar16* folder) {
+    wchar16 name[SystemPathSize];
+    if (platform::GetTempFileNameW(folder, ZUTEXT("ZUN"), 0, name) == 0) return false;
+    const int file = files.register_file(name, ftNone, true);
+    files.fileremove(file);
+    files.unregister_file(file);
+    return true;
+}
+
+}  // namespace
+
+void cFileSystemImpl::tempname(wchar16* out, const wchar16* dir, FILETYPE type) {
+    wchar16 directory[PathSize];
+    if (dir != nullptr) {
+        concat_backslash(dir, directory, PathLimit);
+    } else {
+        CopyPath(tempDirectory, directory, PathSize);
+    }
+    const wchar16* const ownExtension = ExtensionOf(type);
+    const wchar16* const extension = ownExtension != nullptr ? ownExtension : ZUTEXT(".TMP");
+    for (uint32 attempt = 0; attempt < SerialLimit; ++attempt) {
+        const uint32 serial = tempSerial;
+        tempSerial = (tempSerial + 1) % SerialLimit;
+        const int length = platform::swprintf(out, PathSize, ZUTEXT("%ls~ZUN%lu-%lu%ls"), directory,
+                                              platform::GetCurrentThreadId(), serial, extension);
+        if (length < 0 || !file_exists(out, ftNone)) return;
+    }
+}
+
+void cFileSystemImpl::tempname(wchar16* out, const wchar16* dir) {
+    tempname(out, dir, ftNone);
+}
+
+FILE* cFileSystemImpl::tempfile(const wchar16* dir) {
+    wchar16 name[PathSize];
+    tempname(name, dir);
+    return fregister_file(name, ftNone, true);
+}
+
+void cFileSystemImpl::CreteTempFolderForZxtTile(wchar16* out) {
+    if (tileTempDirectory[0] != 0) {
+        MakeDirectoryIfMissing(tileTempDirectory);
+        CopyPath(tileTempDirectory, out, PathSize);
+        return;
+    }
+    wchar16 base[SystemPathSize];
+    FamilyFolder(base);
+    platform::swprintf(out, PathSize, ZUTEXT("%ls.%d"), ZUTEXT("Zunavia.Application.x64"),
+                       static_cast<int32>(platform::GetCurrentProcessId()));
+    platform::PathAppendW(base, out);
+    wchar16 folder[SystemPathSize];
+    MakeNewFolder(base, folder);
+    CopyPath(CanWriteIn(*this, folder) ? folder : tempDirectory, tileTempDirectory, PathSize);
+    CopyPath(tileTempDirectory, out, PathSize);
+}
+
+void tempname(wchar16* out, const wchar16* dir, FILETYPE type) {
+    cFileSystem::Instance()->tempname(out, dir, type);
+}
+
+void tempname(wchar16* out, const wchar16* dir) {
+    cFileSystem::Instance()->tempname(out, dir);
+}
+
+FILE* tempfile(const wchar16* dir) {
+    return cFileSystem::Instance()->tempfile(dir);
+}
+
+void CreteTempFolderForZxtTile(wchar16* out) {
+    cFileSystem::Instance()->CreteTempFolderForZxtTile(out);
+}
+
+}  // namespace Torvo
