@@ -1,0 +1,117 @@
+// The block cache as callers see it.
+
+#include <Utility/Utility.h>
+#include <gtest/gtest.h>
+#include <support/temp_directory.h>
+#include <support/vtable_slot.h>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+using namespace Torvo;
+using test::SlotOf;
+using test::TempDirectory;
+
+TEST(FileCacheService, OperationsStandInTheirOrder) {
+    EXPECT_EQ(SlotOf(&cFileCache::Forget), 2u);
+    EXPECT_EQ(SlotOf(&cFileCache::Flush), 3u);
+    EXPECT_EQ(SlotOf(&cFileCache::BlockCount), 4u);
+    EXPECT_EQ(SlotOf(&cFileCache::BlockSize), 5u);
+    EXPECT_EQ(SlotOf(&cFileCache::Lookup), 6u);
+    EXPECT_EQ(SlotOf(&cFileCache::EntryAt), 7u);
+    EXPECT_EQ(SlotOf(&cFileCache::BlockData), 8u);
+    EXPECT_EQ(SlotOf(&cFileCache::EvictAt), 9u);
+}
+
+TEST(FileCacheService, InstanceHas2047BlocksOf16Kilobytes) {
+    ASSERT_NE(cFileCache::Instance(), nullptr);
+    EXPECT_EQ(cFileCache::Instance()->BlockCount(), 2047);
+    EXPECT_EQ(cFileCache::Instance()->BlockSize(), 16384);
+}
+
+TEST(FileCacheService, CacheThatCouldHoldNoBlockIsRefused) {
+    EXPECT_EQ(cFileCache::Create(0, 16384), nullptr);
+    EXPECT_EQ(cFileCache::Create(1, 16384), nullptr);
+    EXPECT_EQ(cFileCache::Create(-1, 16384), nullptr);
+    EXPECT_EQ(cFileCache::Create(16, 0), nullptr);
+    // A pool of 2 GiB and more.
+    EXPECT_EQ(cFileCache::Create(2048, 1 << 20), nullptr);
+}
+
+TEST(FileCacheService, EntriesHaveTheirPublishedLayout) {
+    EXPECT_EQ(sizeof(CacheEntry), 32u);
+    EXPECT_EQ(offsetof(CacheEntry, block), 0u);
+    EXPECT_EQ(offsetof(CacheEntry, next), 8u);
+    EXPECT_EQ(offsetof(CacheEntry, prev), 12u);
+    EXPECT_EQ(offsetof(CacheEntry, handle), 16u);
+    EXPECT_EQ(offsetof(CacheEntry, count), 20u);
+    EXPECT_EQ(offsetof(CacheEntry, slot), 24u);
+    EXPECT_EQ(offsetof(CacheEntry, flags), 28u);
+}
+
+// A cache of a test's own in place of the instance's.
+class OwnCache {
+public:
+    OwnCache(int blocks, long32 blockSize)
+        : cache(cFileCache::Create(blocks, blockSize)), former(cFileCache::Instance()) {
+        cFileCache::Instance(cache.get());
+    }
+    ~OwnCache() { cFileCache::Instance(former); }
+    OwnCache(const OwnCache&) = delete;
+    OwnCache& operator=(const OwnCache&) = delete;
+
+    cFileCache* operator->() const { return cache.get(); }
+
+private:
+    std::unique_ptr<cFileCache> cache;
+    cFileCache* former;
+};
+
+TEST(FileCacheService, BlocksAreThoseOfTheRegisteredFile) {
+    const TempDirectory directory;
+    const OwnCache cache(5, 16);
+    const wstring16 path = directory.Write(ZUTEXT("a.bin"), std::string(16, 'a') + std::string(16, 'b') + "cc");
+    const int file = register_file(path.c_str(), ftNone, true);
+    ASSERT_EQ(fileopen(file, omReadWrite, nullptr), file);
+
+    CacheEntry* entry = nullptr;
+    ASSERT_TRUE(cache->Lookup(file, 1, &entry, 2));
+    EXPECT_EQ(entry->handle, file);
+    EXPECT_EQ(entry->count, 16);
+    EXPECT_EQ(std::string(static_cast<char*>(cache->BlockData(entry->slot)), 16), std::string(16, 'b'));
+    ASSERT_TRUE(cache->Lookup(file, 2, &entry, 2));
+    EXPECT_EQ(entry->count, 2);
+    ASSERT_TRUE(cache->Lookup(file, 3, &entry, 2));
+    EXPECT_EQ(entry->count, 0);
+
+    ASSERT_TRUE(cache->Lookup(file, 0, &entry, 1));
+    std::memset(cache->BlockData(entry->slot), 'z', 16);
+    entry->count = 16;
+    entry->flags |= 1;
+    EXPECT_TRUE(cache->Flush(file));
+    EXPECT_EQ(entry->flags, 0);
+
+    EXPECT_EQ(close2(file), 0);
+    EXPECT_EQ(directory.Read(ZUTEXT("a.bin")), std::string(16, 'z') + std::string(16, 'b') + "cc");
+    unregister_file(file);
+    EXPECT_FALSE(cache->Lookup(file, 0, &entry, 0));
+}
+
+TEST(FileCacheService, BlockOfAFileThatIsNotOpenCannotBeRead) {
+    const OwnCache cache(5, 16);
+    CacheEntry* entry = nullptr;
+    EXPECT_FALSE(cache->Lookup(123'456, 0, &entry, 2));
+    EXPECT_EQ(entry, nullptr);
+    // It stays in the cache without content.
+    EXPECT_TRUE(cache->Lookup(123'456, 0, &entry, 2));
+    EXPECT_EQ(entry->count, 0);
+    // And what is dirty of it cannot be written.
+    entry->flags |= 1;
+    EXPECT_FALSE(cache->Flush(123'456));
+    EXPECT_FALSE(cache->Forget(123'456));
+    EXPECT_TRUE(cache->Flush(-1));
+}
+
+}  // namespace
