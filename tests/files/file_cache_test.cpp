@@ -5,6 +5,8 @@
 #include <support/temp_directory.h>
 #include <support/vtable_slot.h>
 
+#include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string>
 

@@ -6,6 +6,8 @@
 #include <reference/plain_lines.h>
 #include <support/random.h>
 
+#include <cstring>
+#include <limits>
 #include <string>
 
 namespace {
