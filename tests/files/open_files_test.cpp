@@ -494,14 +494,17 @@ TEST(Changes, ThroughAStreamAreSeenByTheDescriptorWorld) {
     close2(file);
 }
 
-TEST(Changes, AreToldWhenTheFileWasMissingAtTheLastClose) {
+TEST(Changes, AreToldOfAFileThatWasRemovedAndMadeAgain) {
     const FreshFiles files;
     const int file = files.Make(ZUTEXT("x"), "content");
     fileopen(file, omRead, nullptr);
-    fileremove(file);
+    EXPECT_EQ(ReadBytes(file, 100), "content");
+    ASSERT_TRUE(fileremove(file));
     files.directory.Write(ZUTEXT("x"), "again");
+    ChangeOutside(files.directory, ZUTEXT("x"), "again");
     int changed = 0;
     fileopen(file, omRead, &changed);
+    EXPECT_EQ(changed, 1);
     EXPECT_EQ(ReadBytes(file, 100), "again");
     close2(file);
 }
