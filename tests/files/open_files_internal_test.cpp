@@ -187,8 +187,12 @@ TEST_P(OpenFaults, LeaveTheFileOpenOrClosed) {
             EXPECT_TRUE(system->InvariantsHold());
             EXPECT_EQ(opened == file, system->FindEntry(file)->IsOpen());
             const bool raises = opened != file && param.mode != omCreate && !param.stream;
-            if (raises) EXPECT_EQ(NumErrors(), 1);
-            if (opened == file) EXPECT_EQ(close2(file), 0);
+            if (raises) {
+                EXPECT_EQ(NumErrors(), 1);
+            }
+            if (opened == file) {
+                EXPECT_EQ(close2(file), 0);
+            }
             const std::string content = files.directory.Read(ZUTEXT("x.dat"));
             EXPECT_TRUE(content == "content" || (content.empty() && param.mode == omCreate)) << content;
             EXPECT_FALSE(system->FindEntry(file)->IsOpen());
@@ -206,7 +210,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, OpenFaults,
                          testing::Values(FaultCase{"Read", omRead, false}, FaultCase{"ReadWrite", omReadWrite, false},
                                          FaultCase{"Create", omCreate, false}, FaultCase{"StreamRead", omRead, true},
                                          FaultCase{"StreamCreate", omCreate, true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& each) { return std::string(each.param.name); });
 
 // The answer to each error number of an open.
 struct ErrorCase {
@@ -262,7 +266,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, OpenErrors,
                                          ErrorCase{13, 4, 46}, ErrorCase{64, 4, 46}, ErrorCase{1, 13, 55},
                                          ErrorCase{5, 13, 55}, ErrorCase{22, 13, 55}, ErrorCase{65, 13, 55},
                                          ErrorCase{100, 13, 55}),
-                         [](const auto& info) { return "Error" + std::to_string(info.param.error); });
+                         [](const auto& each) { return "Error" + std::to_string(each.param.error); });
 
 // When the system itself runs out of handles, idle files are closed until it does not.
 TEST(OpenErrorsOfTheSystem, TooManyOpenFilesClosesTheOldestIdleFile) {

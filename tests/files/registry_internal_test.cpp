@@ -52,7 +52,9 @@ TEST(RegistryModel, AnswersAsThePlainFormDoes) {
         } else {
             ASSERT_EQ(tested.is_file_registered(path.c_str(), type), plain.IsRegistered(directory, name, type));
         }
-        if (step % 50 == 0) ASSERT_TRUE(tested.InvariantsHold()) << step;
+        if (step % 50 == 0) {
+            ASSERT_TRUE(tested.InvariantsHold()) << step;
+        }
     }
     for (std::size_t index = 0; index < plain.entries.size(); ++index)
         tested.unregister_file(static_cast<int>(index) + 1000);
@@ -104,12 +106,18 @@ TEST(RegistryMemory, RegisteringWithoutMemoryGivesZeroAndChangesNothing) {
             file = tested.register_file(ZUTEXT("C:\\one more"), ftNone, true);
             refused = heap.Refused();
         }
-        if (!refused) EXPECT_EQ(file, 1100);
-        if (file == 0) EXPECT_TRUE(refused);
+        if (!refused) {
+            EXPECT_EQ(file, 1100);
+        }
+        if (file == 0) {
+            EXPECT_TRUE(refused);
+        }
         EXPECT_TRUE(tested.InvariantsHold());
         EXPECT_EQ(tested.is_file_registered(ZUTEXT("C:\\one more"), ftNone), file);
         EXPECT_EQ(tested.is_file_registered(ZUTEXT("C:\\full"), ftNone), 1000);
-        if (file == 0) EXPECT_EQ(tested.register_file(ZUTEXT("C:\\one more"), ftNone, true), 1100);
+        if (file == 0) {
+            EXPECT_EQ(tested.register_file(ZUTEXT("C:\\one more"), ftNone, true), 1100);
+        }
         return refused;
     });
     EXPECT_EQ(TakeErrors(), NoErrors);

@@ -36,7 +36,7 @@ TEST_F(Registry, TheLowestOfTheFreeHandlesIsTaken) {
 
 TEST_F(Registry, HandlesStayValidWhenTheTableGrows) {
     for (int i = 0; i < 250; ++i) {
-        const wstring16 name(static_cast<std::size_t>(i + 1), wchar16{'n'});
+        const wstring16 name = ZUTEXT("C:\\") + wstring16(static_cast<std::size_t>(i + 1), wchar16{'n'});
         ASSERT_EQ(register_file(name.c_str(), ftNone, true), 1000 + i);
     }
     for (int i = 0; i < 250; ++i) EXPECT_EQ(NameOf(1000 + i).size(), static_cast<std::size_t>(i + 1));
