@@ -1,18 +1,19 @@
 // The block cache as callers see it.
 
 #include <Utility/Utility.h>
+#include <files/own_cache.h>
 #include <gtest/gtest.h>
 #include <support/temp_directory.h>
 #include <support/vtable_slot.h>
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
 #include <string>
 
 namespace {
 
 using namespace Torvo;
+using test::OwnCache;
 using test::SlotOf;
 using test::TempDirectory;
 
@@ -52,24 +53,6 @@ TEST(FileCacheService, EntriesHaveTheirPublishedLayout) {
     EXPECT_EQ(offsetof(CacheEntry, slot), 24u);
     EXPECT_EQ(offsetof(CacheEntry, flags), 28u);
 }
-
-// A cache of a test's own in place of the instance's.
-class OwnCache {
-public:
-    OwnCache(int blocks, long32 blockSize)
-        : cache(cFileCache::Create(blocks, blockSize)), former(cFileCache::Instance()) {
-        cFileCache::Instance(cache.get());
-    }
-    ~OwnCache() { cFileCache::Instance(former); }
-    OwnCache(const OwnCache&) = delete;
-    OwnCache& operator=(const OwnCache&) = delete;
-
-    cFileCache* operator->() const { return cache.get(); }
-
-private:
-    std::unique_ptr<cFileCache> cache;
-    cFileCache* former;
-};
 
 TEST(FileCacheService, BlocksAreThoseOfTheRegisteredFile) {
     const TempDirectory directory;

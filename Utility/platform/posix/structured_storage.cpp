@@ -7,6 +7,7 @@
 #include <Utility/platform/files.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
+#include <gsf/gsf-infile-impl.h>
 #include <gsf/gsf-infile-msole.h>
 #include <gsf/gsf-infile.h>
 #include <gsf/gsf-input-memory.h>
@@ -131,7 +132,7 @@ public:
         const int count = gsf_infile_num_children(infile.get());
         for (int i = 0; i < count; ++i) {
             if (!SameName(name, gsf_infile_name_by_index(infile.get(), i))) continue;
-            InputPointer child(gsf_infile_child_by_index(infile.get(), i));
+            InputPointer child = OpenChild(i);
             const bool isStorage =
                 child != nullptr && GSF_IS_INFILE(child.get()) && gsf_infile_num_children(GSF_INFILE(child.get())) >= 0;
             return isStorage ? nullptr : std::move(child);
@@ -140,6 +141,14 @@ public:
     }
 
 private:
+    // The class's own call: the public one prints what is wrong with the file.
+    InputPointer OpenChild(int i) const {
+        GError* error = nullptr;
+        GsfInput* const child = GSF_INFILE_GET_CLASS(infile.get())->child_by_index(infile.get(), i, &error);
+        g_clear_error(&error);
+        return InputPointer(child);
+    }
+
     OpenFile file;  // held for its lock
     InfilePointer infile;
 };
