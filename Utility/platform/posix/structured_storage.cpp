@@ -143,8 +143,10 @@ public:
 private:
     // The class's own call: the public one prints what is wrong with the file.
     InputPointer OpenChild(int i) const {
+        const GsfInfileClass* const classOfInfile =
+            G_TYPE_INSTANCE_GET_CLASS(infile.get(), GSF_INFILE_TYPE, GsfInfileClass);
         GError* error = nullptr;
-        GsfInput* const child = GSF_INFILE_GET_CLASS(infile.get())->child_by_index(infile.get(), i, &error);
+        GsfInput* const child = classOfInfile->child_by_index(infile.get(), i, &error);
         g_clear_error(&error);
         return InputPointer(child);
     }
