@@ -149,9 +149,11 @@ bool cFileSystemImpl::CopyThrough(void* block, int from, int to, bool append) {
     if (copied) {
         const int source = GetFileFD(from);
         const int target = GetFileFD(to);
-        platform::_lseeki64(source, 0, 0);
-        platform::_lseeki64(target, 0, append ? 2 : 0);
-        copied = source == target || CopyDescriptor(source, target, block);  // a file has its own content already
+        // Without its position, what is appended would overwrite the target from its start.
+        const bool positioned =
+            platform::_lseeki64(source, 0, 0) != -1 && platform::_lseeki64(target, 0, append ? 2 : 0) != -1;
+        // A file has its own content already.
+        copied = positioned && (source == target || CopyDescriptor(source, target, block));
         if (cache != nullptr) cache->Forget(to);
         FindEntry(to)->length = platform::_lseeki64(target, 0, 2);
     }
