@@ -89,7 +89,8 @@ std::vector<bool> ServicesWhenRefused(uint64 nth, bool& refused) {
             refused = heap.Refused();
         }
         if (instance == nullptr) return;
-        for (const unsigned int key : {9u, 7u, 3u, 5u, 4u, 1u}) services.push_back(instance->GetSlot(key) != nullptr);
+        for (const unsigned int key : {9u, 7u, 3u, 5u, 4u, 1u, 2u, 8u})
+            services.push_back(instance->GetSlot(key) != nullptr);
         InstanceData::Destroy(false, false);
     }).join();
     return services;
@@ -111,15 +112,16 @@ TEST(Instance, StopsAtTheFirstServiceThatCannotBeCreated) {
 }
 
 // A locale service that cannot be asked for a character set stops the creation there.
-TEST(Instance, WithoutCharsetInfoTheCancelCheckIsMissingAndTheErrorListIsNot) {
+TEST(Instance, WithoutCharsetInfoTheCancelCheckAndTheFilesAreMissingAndTheErrorListIsNot) {
     bool found = false;
     bool refused = true;
     for (uint64 nth = 2; refused && !found; ++nth) {
         const std::vector<bool> services = ServicesWhenRefused(nth, refused);
-        if (services.size() != 6 || !services[2] || services[3]) continue;
+        if (services.size() != 8 || !services[2] || services[3]) continue;
         found = true;
         EXPECT_TRUE(services[1]);
         EXPECT_FALSE(services[5]);
+        EXPECT_FALSE(services[6]);
     }
     EXPECT_TRUE(found);
 }
