@@ -76,7 +76,7 @@ uint32 NameDigest(const FileNameRec& name) {
 void NameIndex::Reserve(int32 size) {
     const auto count = static_cast<std::size_t>(size);
     if (count <= links.size()) return;
-    links.reserve(std::max(count, links.size() * 2));
+    if (count > links.capacity()) links.reserve(std::max(count, 2 * links.capacity()));
     if (count > buckets.size()) {
         buckets = std::vector<Bucket>(std::max(FewestBuckets, std::bit_ceil(count)));
         for (std::size_t entry = 0; entry < links.size(); ++entry) {

@@ -74,6 +74,21 @@ uint64 LastWriteOf(const wchar16* path) {
     return uint64{attributes.ftLastWriteTime.dwHighDateTime} << 32 | attributes.ftLastWriteTime.dwLowDateTime;
 }
 
+// Takes a file that was just opened to its start, and a descriptor's length from its end. False if the descriptor
+// cannot be moved: without its length the file would be cut by the first write.
+bool GoToStart(FileEntry& entry) {
+    if (entry.stream != nullptr) {
+        platform::_fseeki64(entry.stream, 0, 0);
+        return true;
+    }
+    const int64 length = platform::_lseeki64(entry.fd, 0, 2);
+    if (length == -1) return false;
+    entry.length = length;
+    entry.position = 0;
+    platform::_lseeki64(entry.fd, 0, 0);
+    return true;
+}
+
 // Whether a stored time counts as one that the file had when it was closed here.
 bool WasClosedBefore(uint64 lastWrite) {
     return static_cast<uint32>(lastWrite) != 0 && lastWrite >> 32 != 0;
@@ -173,12 +188,11 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
     LookForChanges(*entry, changed);
     ++openCount;
     entry->SetReferences(1);
-    if (stream) {
-        platform::_fseeki64(entry->stream, 0, 0);
-    } else {
-        entry->length = platform::_lseeki64(descriptor, 0, 2);
-        entry->position = 0;
-        platform::_lseeki64(descriptor, 0, 0);
+    if (!GoToStart(*entry)) {
+        RaiseErrorWithNumber(13, 55, errno, entry->name->name);
+        ReallyClose(*entry);
+        entry->SetReferences(0);
+        return -1;
     }
     return file;
 }

@@ -1,6 +1,7 @@
 // The registry against its plain form, and what it does when memory is short.
 
 #include <Utility/files/file_system_impl.h>
+#include <Utility/memory_blocks.h>
 #include <Utility/platform/platform.h>
 
 #include <gtest/gtest.h>
@@ -121,6 +122,22 @@ TEST(RegistryMemory, RegisteringWithoutMemoryGivesZeroAndChangesNothing) {
         return refused;
     });
     EXPECT_EQ(TakeErrors(), NoErrors);
+}
+
+// A table that grows takes room for twice as many files, not more.
+TEST(RegistryMemory, OfManyFilesIsInProportion) {
+    const FreshFiles files;
+    const int64 before = LiveBlocks();
+    cFileSystemImpl tested(10, false, nullptr);
+    constexpr int Count = 20'000;
+    for (int i = 0; i < Count; ++i) ASSERT_EQ(tested.register_file(ZUTEXT("C:\\x"), ftNone, false), 1000 + i);
+    EXPECT_LE(LiveBlocks() - before, Count + 10);
+    EXPECT_LE(memSize(tested.FindEntry(1000)), 2 * (Count + 100) * sizeof(FileEntry));
+    EXPECT_EQ(tested.is_file_registered(ZUTEXT("C:\\X"), ftNone), 1000);
+    tested.unregister_file(1000);
+    EXPECT_EQ(tested.is_file_registered(ZUTEXT("C:\\X"), ftNone), 1001);
+    EXPECT_EQ(tested.register_file(ZUTEXT("C:\\x"), ftNone, false), 1000);
+    EXPECT_EQ(tested.is_file_registered(ZUTEXT("C:\\X"), ftNone), 1000);
 }
 
 TEST(RegistryMemory, AFileSystemGivesAllOfItBack) {
