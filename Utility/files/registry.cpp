@@ -33,9 +33,10 @@ void ProcessDirectory(wchar16* out) {
     concat_backslash(directory, out, PathSize);
 }
 
-// A memory block of at least `wanted` bytes, with room for as much again if there is memory for that. On failure the
-// old block stays.
+// Makes a memory block hold at least `wanted` bytes; one that has to grow becomes twice as large if there is memory for
+// that. On failure the old block stays.
 bool GrowBlock(void** block, uint64 wanted) {
+    if (wanted <= memSize(*block)) return true;
     void* larger = *block;
     if (!GetMem_(std::max(wanted, 2 * memSize(larger)), &larger, true)) {
         larger = *block;
