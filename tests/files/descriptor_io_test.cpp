@@ -23,7 +23,8 @@ protected:
     int Open(std::string_view content, eOpenMode mode = omReadWrite) const {
         return fileopen(files.Make(ZUTEXT("x.dat"), content), mode, nullptr);
     }
-    std::string OnDisk() const { return files.directory.Read(ZUTEXT("x.dat")); }
+    // Of the first file that is registered.
+    std::string OnDisk() const { return ContentOnDisk(1000, files.directory, ZUTEXT("x.dat")); }
     // The entry of a block that the cache holds, or null.
     static CacheEntry* Held(int file, int64 block) {
         CacheEntry* entry = nullptr;
@@ -388,7 +389,7 @@ TEST_F(NoCache, BytesGoStraightToTheFile) {
     EXPECT_EQ(ReadBytes(file, 3), "con");
     EXPECT_EQ(tell2(file), 3);
     EXPECT_EQ(WriteBytes(file, "TE"), 2);
-    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "conTEnt");
+    EXPECT_EQ(ContentOnDisk(file, files.directory, ZUTEXT("x.dat")), "conTEnt");
     EXPECT_EQ(filelength2(file), 7);
     lseek2(file, 0, 2);
     EXPECT_EQ(WriteBytes(file, "!!"), 2);

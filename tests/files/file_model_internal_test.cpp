@@ -117,7 +117,7 @@ void FileModel::Close(ModelFile& model) {
 void FileModel::CheckDisk(const ModelFile& model) {
     ASSERT_EQ(files.directory.Has(model.name), model.exists);
     if (model.exists) {
-        ASSERT_EQ(files.directory.Read(model.name), model.content);
+        ASSERT_EQ(ContentOnDisk(model.handle, files.directory, model.name), model.content);
     }
 }
 

@@ -48,7 +48,7 @@ TEST(OpenFiles, AFileIsOpenedToReadToWriteAndAnew) {
 
     ASSERT_EQ(fileopen(file, omCreate, nullptr), file);
     EXPECT_EQ(filelength2(file), 0);
-    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "");
+    EXPECT_EQ(ContentOnDisk(file, files.directory, ZUTEXT("x.dat")), "");
     EXPECT_EQ(WriteBytes(file, "new"), 3);
     lseek2(file, 0, 0);
     EXPECT_EQ(ReadBytes(file, 100), "new");

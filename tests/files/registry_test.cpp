@@ -274,7 +274,7 @@ TEST_F(Registry, UnregisteringWritesWhatIsDirtyAndClosesWhoeverHoldsTheFile) {
     fileopen(file, omReadWrite, nullptr);
     fileopen(file, omReadWrite, nullptr);
     ASSERT_EQ(WriteBytes(file, "dirty"), 5);
-    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "");
+    EXPECT_EQ(ContentOnDisk(file, files.directory, ZUTEXT("x.dat")), "");
     unregister_file(file);
     EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "dirty");
     EXPECT_EQ(GetFileFD(file), -1);

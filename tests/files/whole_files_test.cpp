@@ -222,7 +222,7 @@ TEST_F(WholeFiles, WhatIsDirtyInTheTargetIsNotLostByAppending) {
     fileopen(to, omReadWrite, nullptr);
     WriteBytes(to, "dirty ");
     EXPECT_TRUE(filecopy(from, to, true));
-    EXPECT_EQ(OnDisk(ZUTEXT("to")), "dirty appended");
+    EXPECT_EQ(ContentOnDisk(to, files.directory, ZUTEXT("to")), "dirty appended");
     EXPECT_EQ(filelength2(to), 14);
     lseek2(to, 0, 0);
     EXPECT_EQ(ReadBytes(to, 100), "dirty appended");

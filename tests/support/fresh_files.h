@@ -6,6 +6,7 @@
 #include <Utility/file_io.h>
 #include <Utility/files.h>
 
+#include <support/descriptor_bytes.h>
 #include <support/temp_directory.h>
 
 #include <string>
@@ -107,6 +108,12 @@ inline wstring16 DirectoryOf(int file) {
 }
 inline wstring16 PathOf(int file) {
     return PathOf([file](wchar16* out) { fhandle2path(file, out); });
+}
+
+// What a registered file has on disk, whether it is open as a descriptor or closed.
+inline std::string ContentOnDisk(int file, const TempDirectory& directory, const wstring16& name) {
+    const int descriptor = GetFileFD(file);
+    return descriptor != -1 ? BytesOfDescriptor(descriptor) : directory.Read(name);
 }
 
 // Reads through the descriptor world, at the logical position.
