@@ -136,9 +136,16 @@ void PutIntoBlock(cFileCache& cache, CacheEntry& block, int32 offset, const void
     block.count = std::max(block.count, offset + count);
 }
 
+// Whether the file on disk reaches to `end` although its known length does not. That is so only behind the limit to
+// which WriteThrough lets the length follow.
+bool DiskReachesTo(const FileEntry& entry, int64 end) {
+    return end > std::numeric_limits<int32>::max() && platform::_lseeki64(entry.fd, 0, 2) >= end;
+}
+
 void GrowTo(FileEntry& entry, int64 end) {
     if (end <= entry.length) return;
-    if (entry.length / GrowthStep < end / GrowthStep) platform::_chsize_s(entry.fd, end);
+    const bool passesStep = entry.length / GrowthStep < end / GrowthStep;
+    if (passesStep && !DiskReachesTo(entry, end)) platform::_chsize_s(entry.fd, end);
     entry.length = end;
 }
 

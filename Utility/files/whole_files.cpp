@@ -155,7 +155,8 @@ bool cFileSystemImpl::CopyThrough(void* block, int from, int to, bool append) {
         // A file has its own content already.
         copied = positioned && (source == target || CopyDescriptor(source, target, block));
         if (cache != nullptr) cache->Forget(to);
-        FindEntry(to)->length = platform::_lseeki64(target, 0, 2);
+        const int64 length = platform::_lseeki64(target, 0, 2);
+        if (length != -1) FindEntry(to)->length = length;
     }
     close2(to);
     if (!copied) RaiseError(ERRORLEVEL_ERROR, 7, 49, FindEntry(to)->name->name);
