@@ -6,7 +6,7 @@
 namespace Torvo::test {
 namespace {
 
-constexpr int BlockSize = 512;
+constexpr int BlockSize = 2048;
 
 class OnDisk : public testing::Test {
 protected:
