@@ -388,6 +388,21 @@ TEST(PlatformFiles, FailedOpenLeavesContentAndNoLock) {
     EXPECT_GE(calls, 1u);
 }
 
+TEST(PlatformFiles, FailedCreationLeavesNoFile) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Path(ZUTEXT("new"));
+    FailEachCall([&](uint64 nth, FailingFiles::Mode mode) {
+        FailingFiles faults(nth, mode, EIO);
+        const int file = Create(path);
+        const bool met = faults.Stop();
+        EXPECT_EQ(file < 0, met);
+        EXPECT_EQ(directory.Has(ZUTEXT("new")), !met);
+        if (file >= 0) platform::_close(file);
+        directory.Remove(ZUTEXT("new"));
+        return met;
+    });
+}
+
 TEST(PlatformFiles, InterruptedCallsGoOn) {
     const TempDirectory directory;
     const wstring16 path = directory.Path(ZUTEXT("file"));

@@ -93,12 +93,22 @@ bool EmptyIfAsked(int file, int flags, bool created) {
     return SystemCall([&] { return ::ftruncate(file, 0); }) == 0;
 }
 
+// A file that was created for nothing goes again, unless somebody else has got hold of it in between.
+void RemoveCreated(const std::string& path) {
+    const int kept = errno;
+    if (kept != EACCES) ::unlink(path.c_str());
+    errno = kept;
+}
+
 int OpenShared(const std::string& path, int flags, int share, int permissions) {
     bool created = false;
     OpenFile file(OpenOrCreate(path, flags, permissions, &created));
-    const bool granted = file.Get() != -1 && TakeLock(file.Get(), flags, share) &&
-                         MayBeUsed(file.Get(), flags, created) && EmptyIfAsked(file.Get(), flags, created);
-    return granted ? file.Release() : -1;
+    if (file.Get() == -1) return -1;
+    const bool granted = TakeLock(file.Get(), flags, share) && MayBeUsed(file.Get(), flags, created) &&
+                         EmptyIfAsked(file.Get(), flags, created);
+    if (granted) return file.Release();
+    if (created) RemoveCreated(path);
+    return -1;
 }
 
 // Renames without replacing. Where the file system cannot do that in one step, the target is looked for first.
