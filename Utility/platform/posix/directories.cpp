@@ -60,6 +60,12 @@ std::string TempDirectory() {
     return "/tmp";
 }
 
+// The text that _wgetenv answered last on this thread.
+wstring16& HeldValue() {
+    thread_local wstring16 held;
+    return held;
+}
+
 void AppendSeparator(wstring16& path) {
     if (!path.empty() && path.back() != Separator) path += Separator;
 }
@@ -261,10 +267,11 @@ bool PathAppendW(wchar16* path, const wchar16* more) {
 }
 
 const wchar16* _wgetenv(const wchar16* name) {
-    thread_local wstring16 held;
     try {
-        const char* const value = std::getenv(Utf8FromName(name).c_str());
+        const std::string native = Utf8FromName(name);
+        const char* const value = std::getenv(native.c_str());
         if (value == nullptr) return nullptr;
+        wstring16& held = HeldValue();
         held = NameFromUtf8(value);
         return held.c_str();
     } catch (const std::bad_alloc&) {
