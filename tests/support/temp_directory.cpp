@@ -19,7 +19,7 @@ fs::path MakeNew() {
     const fs::path parent = fs::canonical(fs::temp_directory_path());
     std::random_device random;
     for (;;) {
-        const fs::path made = parent / ("torvo" + std::to_string(random()) + "-" + std::to_string(++serial));
+        fs::path made = parent / ("torvo" + std::to_string(random()) + "-" + std::to_string(++serial));
         if (fs::create_directory(made)) return made;
     }
 }
