@@ -41,6 +41,7 @@ int fflush(Stream* stream);
 std::size_t BufferedBytes(Stream* stream, const char** bytes);
 // Takes that many of them.
 void SkipBufferedBytes(Stream* stream, std::size_t count);
+// Whether a read met the end. One that took exactly what was left may have met it or not.
 bool feof(Stream* stream);
 bool ferror(Stream* stream);
 

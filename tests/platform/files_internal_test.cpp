@@ -184,7 +184,7 @@ TEST(PlatformFiles, SizeIsChangedBothWays) {
     platform::_lseeki64(file, 3, 0);
     EXPECT_EQ(platform::_chsize_s(file, 9), 0);
     EXPECT_EQ(platform::_lseeki64(file, 0, 1), 3) << "the position stays";
-    EXPECT_EQ(directory.Read(ZUTEXT("size")).size(), 9u);
+    EXPECT_EQ(platform::_lseeki64(file, 0, 2), 9);
     EXPECT_EQ(platform::_chsize_s(file, 4), 0);
     EXPECT_EQ(platform::_chsize_s(file, -1), EINVAL);
     platform::_close(file);
@@ -303,9 +303,6 @@ TEST(PlatformFiles, TimeIsSetToNow) {
     EXPECT_LE(status.st_mtime, before + 60);
     EXPECT_EQ(platform::_wutime64(directory.Path(ZUTEXT("none")).c_str(), nullptr), -1);
     EXPECT_EQ(errno, ENOENT);
-    directory.SetReadOnly(ZUTEXT("file"), true);
-    EXPECT_EQ(platform::_wutime64(file.c_str(), nullptr), -1);
-    EXPECT_EQ(errno, EACCES);
 }
 
 TEST(PlatformFiles, AttributesTellDirectoriesAndReadOnlyFiles) {

@@ -18,18 +18,32 @@ static_assert(OpenBinary == _O_BINARY && PermitRead == _S_IREAD && PermitWrite =
 static_assert(ShareDenyBoth == _SH_DENYRW && ShareDenyWrite == _SH_DENYWR);
 static_assert(ShareDenyRead == _SH_DENYRD && ShareDenyNone == _SH_DENYNO);
 
-// The runtime's calls under other names; not every runtime exports this one.
+namespace {
+
+// An administrator under a compatibility layer may write a file in spite of its attribute, and would have emptied it.
+bool MayBeOpened(const wchar16* path, int flags) {
+    if ((flags & (_O_WRONLY | _O_RDWR)) == 0) return true;
+    const DWORD attributes = ::GetFileAttributesW(path);
+    return attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0;
+}
+
+int Open(const wchar16* path, int flags, int share, int permissions, int* descriptor, bool secure) {
+    if (!MayBeOpened(path, flags)) {
+        errno = EACCES;
+        return -1;
+    }
+    if (secure) return ::_wsopen_s(descriptor, path, flags, share, permissions) == 0 ? 0 : -1;
+    *descriptor = ::_wsopen(path, flags, share, permissions);
+    return *descriptor != -1 ? 0 : -1;
+}
+
+}  // namespace
+
+// Not every runtime exports this call; it is the two others in one.
 int _wsopen_dispatch(const wchar16* path, int flags, int share, int permissions, int* descriptor, int secure) {
     *descriptor = -1;
-    return RuntimeCall(-1,
-                       [&] {
-                           if (secure != 0)
-                               return ::_wsopen_s(descriptor, path, flags, share, permissions) == 0 ? 0 : -1;
-                           *descriptor = ::_wsopen(path, flags, share, permissions);
-                           return *descriptor != -1 ? 0 : -1;
-                       }) == 0
-               ? 0
-               : errno;
+    const int result = RuntimeCall(-1, [&] { return Open(path, flags, share, permissions, descriptor, secure != 0); });
+    return result == 0 ? 0 : errno;
 }
 
 int _close(int descriptor) {

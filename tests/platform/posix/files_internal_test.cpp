@@ -64,6 +64,29 @@ TEST(PosixFiles, OneWriteBitOfAnySortMakesAFileWritable) {
     EXPECT_EQ(status.st_mode & 07777, mode_t{0755}) << "the owner's bit comes back";
 }
 
+TEST(PosixFiles, StreamKeepsWhatItWasGivenUntilItIsFlushed) {
+    const TempDirectory directory;
+    platform::Stream* const stream =
+        platform::_wfdopen(OpenToWrite(directory.Write(ZUTEXT("file"), "")), ZUTEXT("r+b"));
+    ASSERT_NE(stream, nullptr);
+    EXPECT_EQ(platform::fwrite("abc", 1, 3, stream), 3u);
+    EXPECT_EQ(directory.Read(ZUTEXT("file")), "");
+    EXPECT_EQ(platform::fflush(stream), 0);
+    EXPECT_EQ(directory.Read(ZUTEXT("file")), "abc");
+    platform::fclose(stream);
+}
+
+// On Windows an administrator under a compatibility layer may, so this is asked here alone.
+TEST(PosixFiles, TimeOfAReadOnlyFileIsNotSet) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("file"), "x");
+    directory.SetReadOnly(ZUTEXT("file"), true);
+    EXPECT_EQ(platform::_wutime64(path.c_str(), nullptr), -1);
+    EXPECT_EQ(errno, EACCES);
+    EXPECT_EQ(platform::_wutime64(directory.Path().c_str(), nullptr), -1);
+    EXPECT_EQ(errno, EACCES);
+}
+
 TEST(PosixFiles, DescriptorsAreNotInherited) {
     const TempDirectory directory;
     const int file = OpenToWrite(directory.Write(ZUTEXT("file"), "x"));
