@@ -36,11 +36,13 @@ TEST(PathsWithoutMemory, ConfigurationKeepsTheFormerValue) {
     const uint64 requests = RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
         const OwnFileSystem own;
         set_cpl_config(Key, OldValue);
-        FailingHeap heap(nth, mode);
-        set_cpl_config(Key, NewValue);
-        const wchar16* const value = get_cpl_config(Key);
-        const bool refused = heap.Refused();
-        EXPECT_EQ(wstring16(value), wstring16(refused ? OldValue : NewValue));
+        bool refused = false;
+        {
+            FailingHeap heap(nth, mode);
+            set_cpl_config(Key, NewValue);
+            refused = heap.Refused();
+        }
+        EXPECT_EQ(wstring16(get_cpl_config(Key)), wstring16(refused ? OldValue : NewValue));
         return refused;
     });
     EXPECT_GE(requests, 1u);
@@ -100,9 +102,13 @@ TEST(PathsWithoutMemory, SearchFindsOrFindsNot) {
     RefuseEachRequest([&](uint64 nth, FailingHeap::Mode mode) {
         wchar16 out[261] = {};
         const int64 before = LiveBlocks();
-        FailingHeap heap(nth, mode);
-        const bool found = search->Find(ZUTEXT("a"), out, 261);
-        const bool refused = heap.Refused();
+        bool found = false;
+        bool refused = false;
+        {
+            FailingHeap heap(nth, mode);
+            found = search->Find(ZUTEXT("a"), out, 261);
+            refused = heap.Refused();
+        }
         EXPECT_EQ(LiveBlocks(), before);
         EXPECT_TRUE(found || refused);
         if (found) {

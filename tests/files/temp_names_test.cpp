@@ -1,5 +1,6 @@
 #include <Utility/errors.h>
 #include <Utility/files.h>
+#include <Utility/instance.h>
 #include <Utility/paths.h>
 #include <gtest/gtest.h>
 #include <support/current_directory.h>
@@ -111,8 +112,11 @@ TEST(TempName, ThreadsHaveNamesOfTheirOwn) {
     const wstring16 mine = TempName(ZUTEXT("C:\\"));
     wstring16 other;
     std::thread([&] {
-        const OwnFileSystem another;
-        other = TempName(ZUTEXT("C:\\"));
+        {
+            const OwnFileSystem another;
+            other = TempName(ZUTEXT("C:\\"));
+        }
+        InstanceData::Destroy(false, false);
     }).join();
     EXPECT_EQ(CountIn(other, ZUTEXT(".TMP")), 0);
     EXPECT_NE(mine, other);
