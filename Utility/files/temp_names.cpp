@@ -5,6 +5,7 @@
 #include <Utility/files/file_names.h>
 #include <Utility/files/file_system_impl.h>
 #include <Utility/files/file_types.h>
+#include <Utility/files/temp_serial.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
 
@@ -12,8 +13,6 @@ namespace Torvo {
 
 namespace {
 
-// Where the count of names begins again.
-constexpr uint32 SerialLimit = 1000000;
 // What the calls of the system for directories fill.
 constexpr std::size_t SystemPathSize = 260;
 
@@ -60,9 +59,8 @@ void cFileSystemImpl::tempname(wchar16* out, const wchar16* dir, FILETYPE type) 
     }
     const wchar16* const ownExtension = ExtensionOf(type);
     const wchar16* const extension = ownExtension != nullptr ? ownExtension : ZUTEXT(".TMP");
-    for (uint32 attempt = 0; attempt < SerialLimit; ++attempt) {
-        const uint32 serial = tempSerial;
-        tempSerial = (tempSerial + 1) % SerialLimit;
+    for (uint32 attempt = 0; attempt < TempSerialLimit; ++attempt) {
+        const uint32 serial = TakeTempSerial(&tempSerial);
         const int length = platform::swprintf(out, PathSize, ZUTEXT("%ls~ZUN%lu-%lu%ls"), directory,
                                               platform::GetCurrentThreadId(), serial, extension);
         if (length < 0 || !file_exists(out, ftNone)) return;

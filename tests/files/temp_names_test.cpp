@@ -130,16 +130,6 @@ TEST(TempName, DirectoryWithoutRoomForANameEndsAtTheLimit) {
     EXPECT_EQ(TempName(wstring16(300, 'x').c_str()).substr(0, 259), wstring16(259, 'x'));
 }
 
-// The count is 1,000,000 names long; a test of that many goes through it at no cost to the disk.
-TEST(TempName, CountBeginsAgainAtAMillion) {
-    const OwnFileSystem own;
-    GuardedBuffer name(261);
-    const wstring16 noRoom = wstring16(300, 'x');
-    for (int i = 0; i < 999999; ++i) own->tempname(name.Start(), noRoom.c_str());
-    EXPECT_EQ(CountIn(TempName(ZUTEXT("C:\\")), ZUTEXT(".TMP")), 999999);
-    EXPECT_EQ(CountIn(TempName(ZUTEXT("C:\\")), ZUTEXT(".TMP")), 0);
-}
-
 TEST(TempFile, IsRegisteredAndNotOpened) {
     const OwnFileSystem own;
     const TempDirectory directory;
