@@ -72,7 +72,7 @@ void CheckQualified(const wstring16& path) {
 
 void CheckRelative(const wstring16& base, const wstring16& target) {
     Buffer relative(PathLimit + 1);
-    const bool leads = CalcRelativePath(base.c_str(), target.c_str(), relative.Start());
+    CalcRelativePath(base.c_str(), target.c_str(), relative.Start());
     Require(relative.Text().size() <= PathLimit);
     Buffer full(PathLimit + 1);
     FullPathFromRelativePath(base.c_str(), target.c_str(), full.Start());
@@ -82,12 +82,13 @@ void CheckRelative(const wstring16& base, const wstring16& target) {
     const wstring16 to = Qualified(target);
     if (!CalcRelativePath(from.c_str(), to.c_str(), relative.Start())) return;
     // A root is shown without its separator and is then no directory that paths lead through; a component without a
-    // name, from two separators in a row, is taken for one by neither of the two.
-    const bool isPlain = from.find(ZUTEXT("\\\\")) == wstring16::npos && to.find(ZUTEXT("\\\\")) == wstring16::npos;
+    // name, from two separators in a row, is taken for one by neither of the two; and a name whose second unit is a
+    // colon is taken for one with a drive.
+    const bool isPlain = from.find(ZUTEXT("\\\\")) == wstring16::npos && to.find(ZUTEXT("\\\\")) == wstring16::npos &&
+                         (*relative.Start() == 0 || relative.Start()[1] != ':');
     if (!isPlain || to.size() < 4 || relative.Text().size() + from.size() > PathLimit - 1) return;
     FullPathFromRelativePath(from.c_str(), relative.Start(), full.Start());
     Require(striequ(full.Start(), to.c_str()));
-    static_cast<void>(leads);
 }
 
 void CheckResolved(const wstring16& name, const wstring16& path) {
