@@ -36,6 +36,9 @@ public:
     void* BlockData(int slot) override { return &pool[static_cast<int64>(slot) * blockSize]; }
     void EvictAt(int position) override;
 
+    // The entry that was used last; a Lookup of its block gives it and changes nothing.
+    CacheEntry& LastUsed() { return entries[head]; }
+
     int Compare(const int* a, const int* b) const override;
 
 #if defined(TORVO_CHECK_INVARIANTS) || !defined(NDEBUG)
