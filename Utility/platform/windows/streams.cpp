@@ -50,13 +50,31 @@ int fflush(Stream* stream) {
     return StreamCall(stream, EOF, [&] { return std::fflush(stream); });
 }
 
-// The runtime does not show its buffer.
+// The older of the system's two runtimes has the members that its own getc works on in its header; while a stream
+// writes, they tell of the room that is left. The newer one keeps its buffer to itself.
+#if defined(__MSVCRT__) && !defined(_UCRT)
+
+std::size_t BufferedBytes(Stream* stream, const char** bytes) {
+    const bool reads = (stream->_flag & (_IOREAD | _IOWRT)) == _IOREAD;
+    *bytes = stream->_ptr;
+    return reads && stream->_cnt > 0 ? static_cast<std::size_t>(stream->_cnt) : 0;
+}
+
+void SkipBufferedBytes(Stream* stream, std::size_t count) {
+    stream->_ptr += count;
+    stream->_cnt -= static_cast<int>(count);
+}
+
+#else
+
 std::size_t BufferedBytes(Stream* /*stream*/, const char** bytes) {
     *bytes = nullptr;
     return 0;
 }
 
 void SkipBufferedBytes(Stream* /*stream*/, std::size_t /*count*/) {}
+
+#endif
 
 bool feof(Stream* stream) {
     return std::feof(stream) != 0;
