@@ -2,6 +2,7 @@
 
 #include <Utility/Utility.h>
 #include <gtest/gtest.h>
+#include <support/fixture_path.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -28,7 +29,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
     int Open(eOpenMode mode) const {
-        const std::u16string name = std::filesystem::absolute(path).u16string();
+        const std::u16string name = path.u16string();
         const int file = register_file(wstring16(name.begin(), name.end()).c_str(), ftNone, true);
         return fileopen(file, mode, nullptr);
     }
@@ -37,7 +38,7 @@ protected:
         write2(file, bytes.data(), bytes.size());
     }
 
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "torvo-killed-process.bin";
+    const std::filesystem::path path = test::BuildPath("killed-process.bin");
 };
 
 TEST_F(KilledProcess, LosesNothingThatWasFlushed) {
