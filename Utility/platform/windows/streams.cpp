@@ -39,7 +39,12 @@ int fputws(const wchar16* text, Stream* stream) {
 }
 
 int _fseeki64(Stream* stream, int64 offset, int whence) {
-    return StreamCall(stream, -1, [&] { return ::_fseeki64(stream, offset, whence); });
+    return StreamCall(stream, -1, [&] {
+        const int result = ::_fseeki64(stream, offset, whence);
+        // Not every runtime of that name takes the end of the file back when it finds the place in its buffer.
+        if (result == 0 && std::feof(stream) != 0 && std::ferror(stream) == 0) std::clearerr(stream);
+        return result;
+    });
 }
 
 int64 _ftelli64(Stream* stream) {
