@@ -10,6 +10,7 @@
 #include <Utility/clipping.h>
 #include <Utility/clock.h>
 #include <Utility/conversion.h>
+#include <Utility/dates.h>
 #include <Utility/errors.h>
 #include <Utility/file_cache.h>
 #include <Utility/file_io.h>

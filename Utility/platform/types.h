@@ -50,6 +50,7 @@
 
 namespace Torvo {
 
+using int8 = std::int8_t;
 using int16 = std::int16_t;
 using int32 = std::int32_t;
 using int64 = std::int64_t;

@@ -72,6 +72,22 @@ bool SetLocalTime(const SYSTEMTIME* time) {
     return ::clock_settime(CLOCK_REALTIME, &target) == 0;
 }
 
+int64 _time64() {
+    return ::time(nullptr);
+}
+
+bool _localtime64(int64 seconds, std::tm* parts) {
+    // The other runtime ends with the year 3000, and does not begin before the epoch but for the time zone.
+    constexpr int64 LastSecond = 32535215999;
+    constexpr int64 HalfADay = 43200;
+    std::tm broken{};
+    const time_t time = seconds;
+    if (seconds < -HalfADay || seconds > LastSecond + HalfADay || ::localtime_r(&time, &broken) == nullptr)
+        return false;
+    *parts = broken;
+    return true;
+}
+
 void srand(uint32 seed) {
     std::srand(seed);
 }
