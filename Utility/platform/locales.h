@@ -51,6 +51,9 @@ namespace platform {
 // terminator included; with a size of 0 the number needed. 0 on failure: error 122 when it does not fit, 87 for an
 // unknown locale, 1004 for an unknown type.
 int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size);
+// Whether the values of a locale stay what they are as long as the process lives. They do not where the user can change
+// them meanwhile.
+bool LocaleValuesAreFixed();
 
 // The name of a locale, as in `en-US`, and its identifier. Sizes, results and failures as above.
 int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags);

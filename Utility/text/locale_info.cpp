@@ -6,15 +6,15 @@
 #include <Utility/platform/unit_copy.h>
 #include <Utility/text/locale_value.h>
 
+#include <cstring>
 #include <iterator>
 #include <new>
+#include <tuple>
+#include <typeinfo>
 
 namespace Torvo {
 
 namespace {
-
-constexpr uint64 SeparatorSize = 2;
-constexpr uint64 CurrencySymbolSize = 16;
 
 // The fixed forms.
 constexpr wchar16 FixedTimeFormat[] = ZUTEXT("h:mm:ss tt");
@@ -35,6 +35,16 @@ std::unique_ptr<wchar16[]> NewText(const wchar16* text, uint64 size) {
 template <typename T>
 void Store(T* target, T value) {
     if (target != nullptr) *target = value;
+}
+
+auto Members(const _numberfmtW& format) {
+    return std::tie(format.NumDigits, format.LeadingZero, format.Grouping, format.lpDecimalSep, format.lpThousandSep,
+                    format.NegativeOrder);
+}
+
+auto Members(const _currencyfmtW& format) {
+    return std::tie(format.NumDigits, format.LeadingZero, format.Grouping, format.lpDecimalSep, format.lpThousandSep,
+                    format.NegativeOrder, format.PositiveOrder, format.lpCurrencySymbol);
 }
 
 }  // namespace
@@ -155,9 +165,37 @@ void cLocaleInfoImpl::GetZULocaleTimeInfo(bool useLocale, bool* twelveHour, int1
     Store(separator2, useLocale ? static_cast<const wchar16*>(timeSeparator2) : FixedTimeSeparator);
 }
 
+bool cLocaleInfoImpl::Shown::operator==(const Shown& other) const {
+    return Members(numberFormat) == Members(other.numberFormat) &&
+           Members(currencyFormat) == Members(other.currencyFormat) &&
+           std::memcmp(separators, other.separators, sizeof separators) == 0 &&
+           std::memcmp(symbol, other.symbol, sizeof symbol) == 0;
+}
+
+cLocaleInfoImpl::Shown cLocaleInfoImpl::WhatIsShown() const {
+    Shown shown;
+    shown.numberFormat = numberFormat;
+    shown.currencyFormat = currencyFormat;
+    const Text* const separators[] = {&numberDecimal, &numberThousand, &currencyDecimal, &currencyThousand};
+    for (std::size_t i = 0; i < std::size(separators); ++i) {
+        std::memcpy(shown.separators[i], separators[i]->get(), sizeof shown.separators[i]);
+    }
+    std::memcpy(shown.symbol, currencySymbol.get(), sizeof shown.symbol);
+    return shown;
+}
+
+// Whether a refresh would change nothing: no value of the locale can have changed since the last one, and no caller has
+// written to what it can reach. Only a derived service, whose operations may answer anything, would see the difference.
+// This saves time and nothing else.
+bool cLocaleInfoImpl::IsFresh() const {
+    return localeIdentifier == refreshedLocale && platform::LocaleValuesAreFixed() &&
+           typeid(*this) == typeid(cLocaleInfoImpl) && WhatIsShown() == refreshed;
+}
+
 // Reads everything, in a fixed order. A value that cannot be read keeps what it held, unless a step says otherwise.
 void cLocaleInfoImpl::RefreshLocale() {
     localeIdentifier = GetLocaleIdentifier();
+    if (IsFresh()) return;
     RefreshNumbers();
     RefreshCurrency();
     // A number whose two separators are the same could not be read back. The structures keep showing them as they are.
@@ -165,8 +203,10 @@ void cLocaleInfoImpl::RefreshLocale() {
         strcpyn(decimalSeparator, ZUTEXT("."), SeparatorSize);
         strcpyn(thousandSeparator, ZUTEXT(","), SeparatorSize);
     }
-    RefreshDates();
+    const bool isKnown = RefreshDates();
     RefreshTimes();
+    refreshedLocale = isKnown ? localeIdentifier : 0;
+    refreshed = WhatIsShown();
 }
 
 void cLocaleInfoImpl::RefreshNumbers() {
@@ -193,10 +233,12 @@ void cLocaleInfoImpl::RefreshCurrency() {
     GetLocaleString(LOCALE_SCURRENCY, currencySymbol.get(), CurrencySymbolSize);
 }
 
-void cLocaleInfoImpl::RefreshDates() {
+bool cLocaleInfoImpl::RefreshDates() {
     GetLocaleString(LOCALE_SDATE, dateSeparator, std::size(dateSeparator));
     uint32 order;
-    if (GetLocaleInt(LOCALE_IDATE, &order)) dateOrder = static_cast<int16>(order);
+    const bool isKnown = GetLocaleInt(LOCALE_IDATE, &order);
+    if (isKnown) dateOrder = static_cast<int16>(order);
+    return isKnown;
 }
 
 void cLocaleInfoImpl::RefreshTimes() {

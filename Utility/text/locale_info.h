@@ -42,11 +42,27 @@ public:
 private:
     using Text = std::unique_ptr<wchar16[]>;
 
+    static constexpr std::size_t SeparatorSize = 2;
+    static constexpr std::size_t CurrencySymbolSize = 16;
+
+    // What callers can write to, since they get pointers to it: the two structures and the texts behind them.
+    struct Shown {
+        _numberfmtW numberFormat{};
+        _currencyfmtW currencyFormat{};
+        wchar16 separators[4][SeparatorSize]{};
+        wchar16 symbol[CurrencySymbolSize]{};
+
+        bool operator==(const Shown& other) const;
+    };
+
     void RefreshLocale();
     void RefreshNumbers();
     void RefreshCurrency();
-    void RefreshDates();
+    // Whether the system knows the locale.
+    bool RefreshDates();
     void RefreshTimes();
+    bool IsFresh() const;
+    Shown WhatIsShown() const;
 
     uint32 localeIdentifier = 0;
     bool (*numberFormatCallback)() = nullptr;
@@ -73,6 +89,10 @@ private:
     Text currencyDecimal;
     Text currencyThousand;
     Text currencySymbol;
+
+    // The locale of the last refresh, 0 before it, and what it left for callers to see.
+    uint32 refreshedLocale = 0;
+    Shown refreshed;
 };
 
 }  // namespace Torvo

@@ -135,6 +135,39 @@ TEST(LocaleRefresh, ReadsTheLocaleThatTheObjectsOwnOperationAnswers) {
     EXPECT_EQ(codePage, 932u);
 }
 
+// A refresh that would change nothing may be left out; one that would restore what callers have written over may not.
+TEST(LocaleRefresh, RestoresWhatCallersHaveWrittenOver) {
+    const std::unique_ptr<cLocaleInfo> locale(cLocaleInfo::Create());
+    ASSERT_TRUE(locale->ResetZULocaleInfo());
+    _numberfmtW& number = *locale->GetNumberFmtPtr();
+    _currencyfmtW& currency = *locale->GetCurrencyFmtPtr();
+    const wstring16 decimal = number.lpDecimalSep;
+    const wstring16 thousand = number.lpThousandSep;
+    const wstring16 moneyDecimal = currency.lpDecimalSep;
+    const wstring16 moneyThousand = currency.lpThousandSep;
+    const wstring16 symbol = currency.lpCurrencySymbol;
+    const uint32 digits = number.NumDigits;
+    const uint32 order = currency.PositiveOrder;
+
+    number.lpDecimalSep[0] = number.lpThousandSep[0] = '#';
+    locale->ResetZULocaleInfo();
+    EXPECT_EQ(wstring16(number.lpDecimalSep), decimal);
+    EXPECT_EQ(wstring16(number.lpThousandSep), thousand);
+    currency.lpDecimalSep[0] = '#';
+    locale->GetZULocaleDateInfo(true, nullptr, nullptr);
+    EXPECT_EQ(wstring16(currency.lpDecimalSep), moneyDecimal);
+    currency.lpThousandSep[0] = '#';
+    locale->GetZULocaleTimeInfo(true, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(wstring16(currency.lpThousandSep), moneyThousand);
+    currency.lpCurrencySymbol[0] = '#';
+    EXPECT_EQ(wstring16(locale->GetCurrencySymbol()), symbol);
+    number.NumDigits = 77;
+    currency.PositiveOrder = 77;
+    locale->ResetZULocaleInfo();
+    EXPECT_EQ(number.NumDigits, digits);
+    EXPECT_EQ(currency.PositiveOrder, order);
+}
+
 TEST(LocaleRefresh, EveryQueryWithTheLocaleRefreshesOnce) {
     ScriptedLocale locale;
     locale.ResetZULocaleInfo();

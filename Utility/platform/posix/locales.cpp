@@ -103,6 +103,10 @@ int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
     return DeliverNumber(value, buffer, size);
 }
 
+bool LocaleValuesAreFixed() {
+    return true;
+}
+
 int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags) {
     if (MeansUserDefault(locale)) return DeliverName(UserDefaultLocaleName(), name, size);
     const LocaleIdentifier* const row = FindLocaleIdentifier(locale);

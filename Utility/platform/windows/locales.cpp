@@ -16,6 +16,10 @@ int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
     return ::GetLocaleInfoW(locale, type, buffer, size);
 }
 
+bool LocaleValuesAreFixed() {
+    return false;
+}
+
 int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags) {
     return ::LCIDToLocaleName(locale, name, size, flags);
 }
