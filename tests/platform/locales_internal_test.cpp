@@ -1,6 +1,6 @@
 #include <Utility/platform/platform.h>
+#include <golden/compare_answers.h>
 #include <golden/locale_probe.h>
-#include <golden/locale_vectors.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,34 +10,10 @@ namespace {
 
 using namespace Torvo;
 
-// The version of Wine as in "wine-8.0"; empty on any other system.
-std::string WineVersion() {
-    const HINSTANCE ntdll = platform::GetModuleHandleW(ZUTEXT("ntdll.dll"));
-    if (ntdll == nullptr) return {};
-    using Version = const char* (*)();
-    const auto version = reinterpret_cast<Version>(platform::GetProcAddress(ntdll, "wine_get_version"));
-    return version != nullptr ? std::string("wine-") + version() : std::string();
-}
-
-std::string FirstLine(const std::string& text) {
-    return text.substr(0, text.find('\n'));
-}
-
 TEST(LocaleCalls, VectorsAreWhatTheirSystemStillAnswers) {
     const std::string vectors = test::LocaleVectorsText();
-    const std::string version = WineVersion();
-    if (version.empty()) GTEST_SKIP() << "the vectors come from Wine, and this is another system";
-    if (!FirstLine(vectors).starts_with("# Answers of " + version + ",")) {
-        GTEST_SKIP() << "the vectors come from another version than " << version;
-    }
-    const test::LocaleAnswers expected = test::ParseLocaleAnswers(vectors);
-    const test::LocaleAnswers answers = test::ParseLocaleAnswers(test::LocaleProbe().Run());
-    EXPECT_EQ(answers.size(), expected.size());
-    for (const auto& [key, answer] : expected) {
-        const auto found = answers.find(key);
-        ASSERT_NE(found, answers.end()) << key.first << ' ' << key.second;
-        EXPECT_EQ(found->second, answer) << key.first << ' ' << key.second;
-    }
+    if (!test::AreOfThisSystem(vectors)) GTEST_SKIP() << "the vectors come from another system than this one";
+    test::ExpectTheVectorsAreStillAnswered(vectors, test::LocaleProbe().Run());
 }
 
 class ThreadLocale : public testing::Test {

@@ -499,6 +499,9 @@ void LocaleTableBuilder::SetNames() {
     SetWeekdays(format, UDAT_SHORT_WEEKDAYS, LOCALE_SABBREVDAYNAME1);
     SetNames(format, UDAT_STANDALONE_MONTHS, 0, 12, LOCALE_SMONTHNAME1);
     SetNames(format, UDAT_STANDALONE_SHORT_MONTHS, 0, 12, LOCALE_SABBREVMONTHNAME1);
+    SetNames(format, UDAT_MONTHS, 0, 12, LocaleTable::GenitiveMonth1);
+    SetNames(format, UDAT_SHORT_MONTHS, 0, 12, LocaleTable::GenitiveShortMonth1);
+    SetNames(format, UDAT_ERAS, 1, 1, LocaleTable::Era);
     // The Gregorian calendar has no thirteenth month.
     table.Set(LOCALE_SMONTHNAME13, u"");
     table.Set(LOCALE_SABBREVMONTHNAME13, u"");

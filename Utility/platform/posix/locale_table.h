@@ -21,12 +21,15 @@ public:
         uint32 units;
     };
 
-    // One of the LOCALE_ types that <Utility/platform/locales.h> lists.
-    Value Find(uint32 type) const {
-        const Entry entry = entries[EntryIndex(type)];
-        if (entry.units == 0) return {nullptr, 0};
-        return {texts.data() + entry.offset, entry.units};
-    }
+    // What pictures need and locale types do not name: the twelve months as they are written beside the number of a
+    // day, in full and abbreviated, and the era of all years.
+    enum PictureText : uint32 { GenitiveMonth1 = 0x10000, GenitiveShortMonth1 = 0x1000C, Era = 0x10018 };
+
+    // One of the LOCALE_ types that <Utility/platform/locales.h> lists. Any other type has no text, the picture texts
+    // included.
+    Value FindType(uint32 type) const { return At(TypeIndex(type)); }
+    // The same, and picture texts.
+    Value Find(uint32 type) const { return At(EntryIndex(type)); }
 
     uint32 ansiCodePage = 0;  // 0 for a language that is written in Unicode only
     uint32 oemCodePage = 1;   // 1 for such a language
@@ -42,12 +45,21 @@ private:
 
     // The types come in two runs, 0x00 to 0x7F and 0x1000 to 0x107F. Every other number maps to an entry that stays
     // empty.
-    static constexpr std::size_t EntryIndex(uint32 type) {
+    static constexpr std::size_t TypeIndex(uint32 type) {
         if (type < 0x80) return type;
         return type >= 0x1000 && type < 0x1080 ? type - 0x1000 + 0x80 : 0;
     }
+    static constexpr std::size_t EntryIndex(uint32 type) {
+        return type >= GenitiveMonth1 && type <= Era ? type - GenitiveMonth1 + 0x100 : TypeIndex(type);
+    }
 
-    std::array<Entry, 256> entries{};
+    Value At(std::size_t index) const {
+        const Entry entry = entries[index];
+        if (entry.units == 0) return {nullptr, 0};
+        return {texts.data() + entry.offset, entry.units};
+    }
+
+    std::array<Entry, 0x100 + (Era - GenitiveMonth1) + 1> entries{};
     std::u16string texts;
 };
 

@@ -96,7 +96,7 @@ int GetLocaleInfoW(uint32 locale, uint32 type, wchar16* buffer, int size) {
     const LocaleTable* const table = FindLocaleTable(locale);
     if (table == nullptr) return Fail(ERROR_INVALID_PARAMETER);
     const uint32 plainType = type & ~(LOCALE_NOUSEROVERRIDE | LOCALE_RETURN_NUMBER);
-    const LocaleTable::Value value = table->Find(plainType);
+    const LocaleTable::Value value = table->FindType(plainType);
     if (value.text == nullptr) return Fail(ERROR_INVALID_FLAGS);
     if ((type & LOCALE_RETURN_NUMBER) == 0) return Deliver(value.text, value.units, buffer, size);
     if (!IsNumericLocaleType(plainType)) return Fail(ERROR_INVALID_FLAGS);
