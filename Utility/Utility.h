@@ -10,6 +10,7 @@
 #include <Utility/clipping.h>
 #include <Utility/clock.h>
 #include <Utility/conversion.h>
+#include <Utility/date_strings.h>
 #include <Utility/dates.h>
 #include <Utility/errors.h>
 #include <Utility/file_cache.h>
@@ -33,6 +34,7 @@
 #include <Utility/regions.h>
 #include <Utility/resources.h>
 #include <Utility/sparse_sets.h>
+#include <Utility/sql_dates.h>
 #include <Utility/sql_numbers.h>
 #include <Utility/startup.h>
 #include <Utility/strings.h>

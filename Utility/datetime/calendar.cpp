@@ -27,8 +27,7 @@ zuDATE Today() {
 }
 
 bool UsesLocaleForDates() {
-    bool (*const asksForFixedForm)() = GetDateFormatCallback();
-    return asksForFixedForm == nullptr || !asksForFixedForm();
+    return UsesLocale(GetDateFormatCallback());
 }
 
 }  // namespace Torvo

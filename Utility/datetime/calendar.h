@@ -33,7 +33,12 @@ zuDATE TodayOf(bool (*clock)(std::tm*));
 bool LocalClock(std::tm* parts);
 zuDATE Today();
 
-// Whether the text of dates and times follows the user's locale. Asks the host's callback, if there is one.
+// Whether the text of dates and times follows the user's locale: asks the callback, if there is one, whether it is to
+// be in the fixed form.
+inline bool UsesLocale(bool (*asksForFixedForm)()) {
+    return asksForFixedForm == nullptr || !asksForFixedForm();
+}
+// The same with the host's callback.
 bool UsesLocaleForDates();
 
 }  // namespace Torvo

@@ -2,7 +2,7 @@
 //
 //     d dd ddd dddd      the day as a number, with two digits, the day of the week abbreviated and in full
 //     M MM MMM MMMM      the month likewise; the full name has its genitive beside a day
-//     y yy yyyy yyyyy    the last digits of the year, two of them, the whole year
+//     y yy yyyy yyyyy    the last two digits of the year (twice), the whole year (twice)
 //     g gg               the era
 //     h hh H HH          the hour of twelve and of twenty-four, as a number and with two digits
 //     m mm s ss          minute and second likewise
