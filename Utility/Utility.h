@@ -11,6 +11,7 @@
 #include <Utility/clock.h>
 #include <Utility/conversion.h>
 #include <Utility/date_strings.h>
+#include <Utility/date_times.h>
 #include <Utility/dates.h>
 #include <Utility/errors.h>
 #include <Utility/file_cache.h>
@@ -38,4 +39,6 @@
 #include <Utility/sql_numbers.h>
 #include <Utility/startup.h>
 #include <Utility/strings.h>
+#include <Utility/time_spans.h>
+#include <Utility/times.h>
 #include <Utility/version.h>

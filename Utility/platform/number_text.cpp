@@ -286,6 +286,10 @@ const wchar16* TakeOtherForm(const wchar16* cursor, wchar16 mark, double& value)
 
 }  // namespace
 
+bool iswspace(wchar16 unit) {
+    return IsSpace(unit);
+}
+
 long32 wcstol(const wchar16* text, wchar16** end, int base) {
     return ConvertSigned<long32>(text, end, base);
 }

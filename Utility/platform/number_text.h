@@ -34,6 +34,9 @@ enum class NumberForms { Decimal, All };
 // The same with a decimal mark of the caller's.
 double ReadDouble(const wchar16* text, wchar16** end, wchar16 decimalMark, NumberForms forms);
 
+// Whether a unit is white space to the readers: U+00A0 is, like the other spaces of its kind.
+bool iswspace(wchar16 unit);
+
 // Whether the runtime's numeric locale is the one called "C", which it is until the program calls setlocale.
 bool NumericLocaleIsC();
 // The decimal mark of the runtime's numeric locale, its first unit.

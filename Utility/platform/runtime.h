@@ -35,6 +35,8 @@ int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count);
 bool iswalpha(wchar16 unit);
 bool iswalnum(wchar16 unit);
 bool iswprint(wchar16 unit);  // not the tab
+// The small letter, of A to Z alone while the runtime's character locale is "C". As above.
+wchar16 towlower(wchar16 unit);
 // The leading decimal number of a text; 0 when there is none, the nearest limit when it is too large.
 int _wtoi(const wchar16* text);
 

@@ -142,6 +142,10 @@ int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count) {
     return CompareIgnoringCase(a, b, count);
 }
 
+wchar16 towlower(wchar16 unit) {
+    return unit < 0x80 || CharacterLocaleIsC() ? scan::FoldUnit(unit) : CharLowerW(unit);
+}
+
 int _wtoi(const wchar16* text) {
     return wcstol(text, nullptr, 10);
 }

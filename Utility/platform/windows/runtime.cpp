@@ -100,6 +100,10 @@ bool iswprint(wchar16 unit) {
     return unit != '\t' && std::iswprint(unit) != 0;
 }
 
+wchar16 towlower(wchar16 unit) {
+    return static_cast<wchar16>(std::towlower(unit));
+}
+
 int _wtoi(const wchar16* text) {
     return ::_wtoi(text);
 }

@@ -1,0 +1,237 @@
+#include <Utility/datetime/time_reader.h>
+
+#include <Utility/datetime/calendar.h>
+#include <Utility/datetime/ticks.h>
+#include <Utility/locale_info.h>
+#include <Utility/numbers/plain_number.h>
+#include <Utility/platform/number_text.h>
+#include <Utility/platform/runtime.h>
+#include <Utility/text/unit_classes.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace Torvo {
+
+namespace {
+
+constexpr std::size_t LiteralLength = 13;
+
+wchar16 ToLower(wchar16 unit) {
+    if (unit >= 0x80) return platform::towlower(unit);
+    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 'a' - 'A') : unit;
+}
+
+// The printable units of ASCII are most of what there is, and none of them is blank.
+bool IsBlankUnit(wchar16 unit) {
+    return (unit <= ' ' || unit >= 0x7F) && IsBlank(unit);
+}
+
+bool Contains(const wchar16* text, wchar16 unit) {
+    while (*text != 0 && *text != unit) ++text;
+    return *text != 0;
+}
+
+// How the locale writes times.
+struct TimeForm {
+    TimeForm() {
+        GetZULocaleTimeInfo(UsesLocaleForDates(), nullptr, &markPosition, &am, &pm, &separators[0], &separators[1]);
+    }
+
+    bool MarkStandsFirst() const { return markPosition != 0; }
+
+    int16 markPosition = 0;
+    const wchar16* am = ZUTEXT("");
+    const wchar16* pm = ZUTEXT("");
+    // Between hours and minutes, and between minutes and seconds.
+    const wchar16* separators[2] = {ZUTEXT(""), ZUTEXT("")};
+};
+
+enum class Mark { None, Am, Pm };
+
+// A cursor on a copy of the text, in small letters and without blanks at its ends.
+class TimeCursor {
+public:
+    // A text that is longer than a time can be leaves a cursor that is nowhere.
+    explicit TimeCursor(const wchar16* text) {
+        std::size_t length = platform::wcsnlen(text, std::size(buffer));
+        if (length == std::size(buffer)) return;
+        while (length > 0 && IsBlankUnit(text[length - 1])) --length;
+        std::transform(text, text + length, buffer, ToLower);
+        buffer[length] = 0;
+        cursor = buffer;
+        SkipBlanks();
+    }
+    TimeCursor(const TimeCursor&) = delete;
+    TimeCursor& operator=(const TimeCursor&) = delete;
+
+    bool IsNowhere() const { return cursor == nullptr; }
+    bool IsAtEnd() const { return *cursor == 0; }
+
+    // What is no number reads as 0.
+    int32 ReadInteger() {
+        int64 number;
+        if (const wchar16* const end = ReadPlainInteger(cursor, &number)) {
+            cursor = end;
+            constexpr int64 lowest = detail::LowestInt32;
+            constexpr int64 highest = detail::HighestInt32;
+            number = std::clamp(number, lowest, highest);
+        } else {
+            wchar16* after;
+            number = platform::wcstol(cursor, &after, 10);
+            cursor = after;
+        }
+        SkipBlanks();
+        return static_cast<int32>(number);
+    }
+
+    double ReadNumber() {
+        double number;
+        if (const wchar16* const end = ReadPlainDouble(cursor, &number)) {
+            cursor = end;
+        } else {
+            wchar16* after;
+            number = platform::ReadDouble(cursor, &after, '.', platform::NumberForms::All);
+            cursor = after;
+        }
+        SkipBlanks();
+        return number;
+    }
+
+    // Steps over a separator, if there is one. False when its units stand there in another order or number.
+    bool SkipSeparator(const wchar16* separator, bool* found) {
+        const wchar16* next = cursor;
+        while (*next != 0 && Contains(separator, *next)) ++next;
+        *found = next != cursor;
+        if (!*found) return true;
+        const auto length = static_cast<std::size_t>(next - cursor);
+        if (length != platform::wcslen(separator) || !std::equal(cursor, next, separator)) return false;
+        cursor = next;
+        SkipBlanks();
+        return true;
+    }
+
+    // Steps over all units that the marks and blanks are made of, and tells whether they are a mark.
+    Mark ReadMark(const TimeForm& form) {
+        const wchar16* const first = cursor;
+        while (*cursor != 0 && IsUnitOfMark(form, *cursor)) ++cursor;
+        const Mark mark = MarkOf(form, first, cursor);
+        SkipBlanks();
+        return mark;
+    }
+
+private:
+    // The text ends with what is not blank, so that the blanks end before it does.
+    void SkipBlanks() {
+        while (*cursor != 0 && IsBlankUnit(*cursor)) ++cursor;
+    }
+
+    static bool IsUnitOfMark(const TimeForm& form, wchar16 unit) {
+        const auto isUnit = [unit](wchar16 other) { return ToLower(other) == unit; };
+        const auto contains = [isUnit](const wchar16* mark) {
+            while (*mark != 0 && !isUnit(*mark)) ++mark;
+            return *mark != 0;
+        };
+        return unit == ' ' || contains(form.am) || contains(form.pm);
+    }
+
+    static Mark MarkOf(const TimeForm& form, const wchar16* first, const wchar16* last) {
+        while (first != last && IsBlankUnit(*first)) ++first;
+        while (first != last && IsBlankUnit(last[-1])) --last;
+        const auto length = static_cast<std::size_t>(last - first);
+        if (length == 0) return Mark::None;
+        const auto isWhole = [first, length](const wchar16* mark) {
+            return platform::wcslen(mark) == length && platform::_wcsnicmp(first, mark, length) == 0;
+        };
+        const auto isFirstUnit = [first, length](const wchar16* mark) {
+            return length == 1 && *first == ToLower(*mark);
+        };
+        if (isWhole(form.am)) return Mark::Am;
+        if (isWhole(form.pm)) return Mark::Pm;
+        if (isFirstUnit(form.am)) return Mark::Am;
+        return isFirstUnit(form.pm) ? Mark::Pm : Mark::None;
+    }
+
+    wchar16 buffer[100];
+    const wchar16* cursor = nullptr;
+};
+
+// The three numbers, each stored as soon as it is read. False when a separator is garbled.
+bool ReadFields(TimeCursor& cursor, const TimeForm& form, int32* hours, int32* minutes, double* seconds) {
+    bool found;
+    *hours = cursor.ReadInteger();
+    if (!cursor.SkipSeparator(form.separators[0], &found)) return false;
+    if (found) *minutes = cursor.ReadInteger();
+    if (!cursor.SkipSeparator(form.separators[1], &found)) return false;
+    if (found) *seconds = cursor.ReadNumber();
+    return true;
+}
+
+bool AreMinutesAndSeconds(int32 minutes, double seconds) {
+    return minutes >= 0 && minutes <= 59 && seconds >= 0.0 && seconds < 60.0;
+}
+
+int64 HourOfDay(int64 hours, Mark mark) {
+    if (hours == 12) return mark == Mark::Am ? 0 : 12;
+    return mark == Mark::Pm ? hours + 12 : hours;
+}
+
+// The value of a text that is thirteen digits and nothing else, or -1.
+int64 ReadLiteral(const wchar16* text) {
+    const bool isLiteral = platform::wcsnlen(text, LiteralLength + 1) == LiteralLength;
+    return isLiteral ? ReadDigits(text, LiteralLength) : -1;
+}
+
+}  // namespace
+
+int64 ReadDigits(const wchar16* text, std::size_t count) {
+    uint64 number = 0;
+    const wchar16* const end = text + count;
+    for (; text != end && plain::IsDigit(*text); ++text) number = number * 10 + static_cast<uint64>(*text - '0');
+    return text == end ? static_cast<int64>(number) : -1;
+}
+
+bool TicksOfLiteral(int64 literal, int64* ticks) {
+    if (literal < 0) return false;
+    const LiteralParts parts(literal);
+    if (!parts.IsTimeOfDay()) return false;
+    *ticks = TicksOfParts(parts.hours, parts.minutes, parts.seconds, parts.fraction);
+    return true;
+}
+
+bool ReadTime(const wchar16* text, int64* ticks) {
+    if (text == nullptr) return false;
+    if (TicksOfLiteral(ReadLiteral(text), ticks)) return true;
+    TimeCursor cursor(text);
+    if (cursor.IsNowhere()) return false;
+    const TimeForm form;
+    Mark mark = Mark::None;
+    int32 readHours = 0;
+    int32 minutes = 0;
+    double seconds = 0.0;
+    if (form.MarkStandsFirst()) mark = cursor.ReadMark(form);
+    if (!ReadFields(cursor, form, &readHours, &minutes, &seconds)) return false;
+    if (!form.MarkStandsFirst()) mark = cursor.ReadMark(form);
+    const int64 hours = HourOfDay(readHours, mark);
+    if (!cursor.IsAtEnd() || hours < 0 || hours > 23 || !AreMinutesAndSeconds(minutes, seconds)) return false;
+    *ticks = (hours * 60 + minutes) * TicksPerMinute + TicksOfNumber(seconds, 1e7);
+    return true;
+}
+
+bool ReadTimeNumbers(const wchar16* text, int32* hours, int32* minutes, double* seconds) {
+    const int64 literal = ReadLiteral(text);
+    if (literal >= 0) {
+        const LiteralParts parts(literal);
+        *hours = parts.hours;
+        *minutes = parts.minutes;
+        *seconds = parts.fraction / 1e7 + parts.seconds;
+        if (parts.IsTimeOfDay()) return true;
+    }
+    TimeCursor cursor(text);
+    if (cursor.IsNowhere()) return false;
+    const TimeForm form;
+    return ReadFields(cursor, form, hours, minutes, seconds) && cursor.IsAtEnd() && *hours >= 0 && *hours <= 23 &&
+           AreMinutesAndSeconds(*minutes, *seconds);
+}
+
+}  // namespace Torvo
