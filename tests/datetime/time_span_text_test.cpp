@@ -115,7 +115,7 @@ TEST_F(TimeSpanText, DigitsThatAreNoLiteralAreDays) {
     EXPECT_EQ(Read(ZUTEXT("21474836470000000000000")), "none");
     EXPECT_EQ(Read(ZUTEXT("21474836480000000000000")), "none");
     EXPECT_EQ(Read(ZUTEXT("1200000000000")), "none") << "thirteen digits: days";
-    EXPECT_EQ(Read(ZUTEXT("-1200000000000")), "none") << "fourteen units, but not behind the sign";
+    EXPECT_EQ(Read(ZUTEXT("-1200000000000")), "-10675199d -2h -48m -5s -4775808") << "fourteen units with the sign";
     EXPECT_EQ(Read(ZUTEXT("0000000000012")), "12d 0h 0m 0s 0");
     EXPECT_EQ(Read(ZUTEXT("-0000000000012")), "-12d 0h 0m 0s 0");
     EXPECT_EQ(Read(ZUTEXT("--31200000000000")), "none");

@@ -102,8 +102,8 @@ TEST_F(TimeText, FollowsTheThreadsLocale) {
     EXPECT_EQ(Written(*time, nullptr), ZUTEXT("13:05:09"));
     platform::SetThreadLocale(0x040B);
     EXPECT_EQ(Written(*time, nullptr), ZUTEXT("13.05.09"));
-    platform::SetThreadLocale(0x0412);
-    EXPECT_EQ(Written(*time, ZUTEXT("tt h:mm")), ZUTEXT("\uC624\uD6C4 1:05"));
+    platform::SetThreadLocale(0x0411);
+    EXPECT_EQ(Written(*time, ZUTEXT("tt h:mm")), ZUTEXT("\u5348\u5F8C 1:05"));
 }
 
 // ---- Reading literals
