@@ -14,24 +14,41 @@ namespace {
 
 // ---- Numbers
 
-// A number with at least so many digits, as printf's "%0*d" prints it: the sign counts as one.
-class FieldText {
-public:
-    FieldText(int32 value, int32 width) {
-        const bool negative = value < 0;
-        auto magnitude = static_cast<uint32>(negative ? -value : value);
-        for (; magnitude != 0 || Length() < width - (negative ? 1 : 0); magnitude /= 10) {
-            units[--first] = static_cast<wchar16>('0' + magnitude % 10);
-        }
-        if (negative) units[--first] = '-';
-    }
-    const wchar16* Start() const { return units + first; }
-    int32 Length() const { return Capacity - first; }
+// Room for any field, and for a copy of it in moves of a fixed size.
+constexpr std::size_t FieldRoom = 16;
 
-private:
-    static constexpr int32 Capacity = 8;
-    wchar16 units[Capacity];
-    int32 first = Capacity;
+wchar16* PutTwoDigits(wchar16* at, uint32 value) {
+    at[0] = static_cast<wchar16>('0' + value / 10);
+    at[1] = static_cast<wchar16>('0' + value % 10);
+    return at + 2;
+}
+
+// A number that is negative or has more digits than usual, as printf's "%0*d" prints it: the sign counts as one.
+wchar16* PutUnusual(wchar16* at, int32 value, int32 width) {
+    wchar16 digits[FieldRoom];
+    wchar16* const end = digits + FieldRoom;
+    wchar16* first = end;
+    if (value < 0) {
+        *at++ = '-';
+        --width;
+    }
+    for (uint32 rest = value < 0 ? 0u - static_cast<uint32>(value) : static_cast<uint32>(value);
+         rest != 0 || end - first < width; rest /= 10) {
+        *--first = static_cast<wchar16>('0' + rest % 10);
+    }
+    return std::copy(first, end, at);
+}
+
+struct DateField {
+    int32 value;
+    int32 width;  // 2 or 4
+
+    // Where the text of the field ends.
+    wchar16* Put(wchar16* at) const {
+        const auto number = static_cast<uint32>(value);
+        if (number >= (width == 2 ? 100u : 10000u)) return PutUnusual(at, value, width);
+        return PutTwoDigits(width == 2 ? at : PutTwoDigits(at, number / 100), number % 100);
+    }
 };
 
 // ---- Text in a buffer
@@ -52,7 +69,11 @@ public:
         platform::CopyUnits(at, units, fitting);
         at += fitting;
     }
-    void Append(const FieldText& field) { Append(field.Start(), static_cast<uint64>(field.Length())); }
+    void Append(const wchar16* text) { Append(text, platform::wcslen(text)); }
+    void Append(const DateField& field) {
+        wchar16 units[FieldRoom];
+        Append(units, static_cast<uint64>(field.Put(units) - units));
+    }
 
 private:
     wchar16* at;
@@ -61,11 +82,6 @@ private:
 };
 
 // ---- The order of the fields
-
-struct DateField {
-    int32 value;
-    int32 width;
-};
 
 // False for an order that there is not.
 bool FieldsInOrder(const zuDATE& date, int16 order, DateField (&fields)[3]) {
@@ -92,28 +108,9 @@ bool FieldsInOrder(const zuDATE& date, int16 order, DateField (&fields)[3]) {
     }
 }
 
-struct TextSpan {
-    const wchar16* units;
-    uint64 count;
-};
-
-bool PrintDate(wchar16* out, uint64 outSize, const zuDATE& date, int16 order, TextSpan delimiter1,
-               TextSpan delimiter2) {
-    DateField fields[3];
-    if (!FieldsInOrder(date, order, fields)) return false;
-    BoundedText text(out, outSize);
-    text.Append(FieldText(fields[0].value, fields[0].width));
-    text.Append(delimiter1.units, delimiter1.count);
-    text.Append(FieldText(fields[1].value, fields[1].width));
-    text.Append(delimiter2.units, delimiter2.count);
-    text.Append(FieldText(fields[2].value, fields[2].width));
-    return true;
-}
-
 // A missing text prints as the runtime prints one.
-TextSpan SpanOf(const wchar16* text) {
-    const wchar16* const printed = text != nullptr ? text : ZUTEXT("(null)");
-    return {printed, platform::wcslen(printed)};
+const wchar16* Printed(const wchar16* text) {
+    return text != nullptr ? text : ZUTEXT("(null)");
 }
 
 // ---- Pictures
@@ -131,13 +128,28 @@ SYSTEMTIME SystemTimeOf(zuDATE date) {
 }  // namespace
 
 void MakeDateString(wchar16* out, uint64 outSize, zuDATE* date, int16 order, wchar16 delimiter) {
-    const TextSpan span = {&delimiter, delimiter != 0 ? uint64{1} : uint64{0}};
-    PrintDate(out, outSize, *date, order, span, span);
+    DateField fields[3];
+    if (!FieldsInOrder(*date, order, fields)) return;
+    wchar16 units[3 * FieldRoom];
+    wchar16* end = fields[0].Put(units);
+    for (const DateField* const field : {&fields[1], &fields[2]}) {
+        *end = delimiter;
+        end = field->Put(end + (delimiter != 0 ? 1 : 0));
+    }
+    BoundedText(out, outSize).Append(units, static_cast<uint64>(end - units));
 }
 
 bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 order, const wchar16* delimiter1,
                       const wchar16* delimiter2) {
-    return PrintDate(out, outSize, *date, order, SpanOf(delimiter1), SpanOf(delimiter2));
+    DateField fields[3];
+    if (!FieldsInOrder(*date, order, fields)) return false;
+    BoundedText text(out, outSize);
+    text.Append(fields[0]);
+    text.Append(Printed(delimiter1));
+    text.Append(fields[1]);
+    text.Append(Printed(delimiter2));
+    text.Append(fields[2]);
+    return true;
 }
 
 bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, const wchar16* pattern) {
