@@ -14,10 +14,11 @@ using test::Told;
 
 constexpr zuDATE LeapDay = {2024, 2, 29};
 
-// The tables of the locale, made at the first question, are not meant.
+// What is made once, at the first call, is not meant: the tables of the locale, the list of delimiters.
 void WarmUp() {
     wchar16 text[40];
     FormatDateString(text, 40, LeapDay, ZUTEXT("dddd"));
+    zuSQLDateToString(LeapDay, ZUTEXT("d"), text, 40);
     GetDateOrder();
 }
 
@@ -37,45 +38,65 @@ TEST(DateTextMemory, ReadingAndPrintingNeedNone) {
     EXPECT_FALSE(heap.Refused());
 }
 
+// A call that is told how its heap fails: whether it succeeded.
+template <typename Call>
+bool Succeeds(uint64 nth, FailingHeap::Mode mode, bool* refused, Call call) {
+    const FailingHeap heap(nth, mode);
+    const bool isDone = call();
+    *refused = heap.Refused();
+    return isDone;
+}
+
 TEST(DateTextMemory, FormattingFailsWithoutIt) {
     WarmUp();
     const int64 before = test::LiveBlocks();
     const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
         wchar16 text[] = ZUTEXT("#########");
-        const FailingHeap heap(nth, mode);
-        const bool isDone = FormatDateString(text, 9, LeapDay, ZUTEXT("d.M."));
-        EXPECT_EQ(isDone, !heap.Refused());
+        bool refused;
+        const bool isDone =
+            Succeeds(nth, mode, &refused, [&text] { return FormatDateString(text, 9, LeapDay, ZUTEXT("d.M.")); });
+        EXPECT_EQ(isDone, !refused);
         EXPECT_EQ(wstring16(text), isDone ? ZUTEXT("29.2.") : ZUTEXT(""));
-        return heap.Refused();
+        return refused;
     });
     EXPECT_EQ(requests, 1u);
     EXPECT_EQ(test::LiveBlocks(), before);
 }
 
-TEST(DateTextMemory, SqlFormatsFailWithoutIt) {
+TEST(DateTextMemory, SqlFormatsArePrintedOrNot) {
     WarmUp();
     const int64 before = test::LiveBlocks();
-    const uint64 toPrint = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
+    const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
         wchar16 text[] = ZUTEXT("as it was, and longer than any short text");
-        const FailingHeap heap(nth, mode);
-        const bool isDone = zuSQLDateToString(LeapDay, ZUTEXT("dd-mm-yyyy 'and a long literal'"), text, 40);
-        EXPECT_EQ(isDone, !heap.Refused());
+        bool refused;
+        const bool isDone = Succeeds(nth, mode, &refused, [&text] {
+            return zuSQLDateToString(LeapDay, ZUTEXT("dd-mm-yyyy 'and a long literal'"), text, 40);
+        });
+        EXPECT_EQ(isDone, !refused);
         EXPECT_EQ(wstring16(text), isDone ? ZUTEXT("29-02-2024 'and a long literal'")
                                           : ZUTEXT("as it was, and longer than any short text"));
-        return heap.Refused();
+        return refused;
     });
-    EXPECT_GT(toPrint, 0u);
-    const uint64 toRead = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
-        zuDATE date = {77, 7, 7};
-        const FailingHeap heap(nth, mode);
-        const bool isDone = zuSQLStringToDate(ZUTEXT("29-02-2024"), ZUTEXT("dd-mm-yyyy"), &date);
-        EXPECT_EQ(isDone, !heap.Refused());
-        EXPECT_EQ(Told(date), isDone ? "2024-2-29" : "77-7-7");
-        return heap.Refused();
-    });
-    EXPECT_GT(toRead, 0u);
+    EXPECT_GT(requests, 0u);
     EXPECT_EQ(test::LiveBlocks(), before);
-    ClearErrors();
+}
+
+TEST(DateTextMemory, SqlFormatsAreReadOrNot) {
+    WarmUp();
+    const int64 before = test::LiveBlocks();
+    const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
+        zuDATE date = {77, 7, 7};
+        bool refused;
+        const bool isDone = Succeeds(nth, mode, &refused, [&date] {
+            return zuSQLStringToDate(ZUTEXT("29-02-2024"), ZUTEXT("dd-mm-yyyy"), &date);
+        });
+        EXPECT_EQ(isDone, !refused);
+        EXPECT_EQ(Told(date), isDone ? "2024-2-29" : "77-7-7");
+        return refused;
+    });
+    EXPECT_GT(requests, 0u);
+    EXPECT_EQ(test::LiveBlocks(), before);
+    EXPECT_EQ(NumErrors(), 0);
 }
 
 }  // namespace
