@@ -264,9 +264,9 @@ zuDateTime* CreateDateTimeFromString(const wchar16* text) {
     wchar16* end;
     if (Str2DateEx(text, &date, &end) == nullptr) return nullptr;
     // Behind a date of two fields, `end` may lie behind the terminator.
-    const bool hasTimeText = end <= text + length && HasMoreThanSpace(end);
+    const wchar16* const last = text + length;
     int64 ticksOfTime = 0;
-    if (hasTimeText) ReadTime(end, &ticksOfTime);
+    if (end < last && HasMoreThanSpace(end)) ReadTime(end, static_cast<std::size_t>(last - end), &ticksOfTime);
     return IsValidDate(&date) ? CreateOrNull<zuDateTimeImpl>(date, ticksOfTime) : nullptr;
 }
 

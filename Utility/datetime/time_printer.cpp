@@ -7,21 +7,25 @@ namespace Torvo {
 
 namespace {
 
-constexpr int FractionDigits = 7;
+// Writes so many digits of a number, zeros first.
+void PutDigits(wchar16* digits, int count, uint32 number) {
+    for (; count > 0; number /= 10) digits[--count] = static_cast<wchar16>('0' + number % 10);
+}
 
 // Replaces each "f" by the next digit. Behind the digits comes their terminator, so that one "f" too many ends the
 // text.
-void PutFraction(wchar16* text, int32 fraction) {
-    wchar16 digits[FractionDigits + 1];
-    digits[FractionDigits] = 0;
-    for (int i = FractionDigits - 1; i >= 0; --i) {
-        digits[i] = static_cast<wchar16>('0' + fraction % 10);
-        fraction /= 10;
-    }
-    const wchar16* next = digits;
-    for (; *text != 0; ++text) {
-        if (*text == 'f') *text = *next++;
-        if (*text == 0) return;
+void PutFraction(wchar16* text, uint32 fraction) {
+    while (*text != 0 && *text != 'f') ++text;
+    if (*text == 0) return;
+    // In two parts, so that the divisions of one need not wait for those of the other.
+    wchar16 digits[8];
+    PutDigits(digits, 3, fraction / 10000);
+    PutDigits(digits + 3, 4, fraction % 10000);
+    digits[7] = 0;
+    for (const wchar16* next = digits; *text != 0; ++text) {
+        if (*text != 'f') continue;
+        *text = *next;
+        if (*next++ == 0) return;
     }
 }
 
@@ -30,7 +34,7 @@ void PutFraction(wchar16* text, int32 fraction) {
 bool PrintTime(const SYSTEMTIME& time, int32 fraction, uint32 flags, const wchar16* picture, wchar16* out, int32 size) {
     if (out == nullptr && size != 0) return false;
     if (platform::GetTimeFormatW(GetLocaleIdentifier(), flags, &time, picture, out, size) == 0) return false;
-    if (size != 0) PutFraction(out, fraction);
+    if (size != 0) PutFraction(out, static_cast<uint32>(fraction));
     return true;
 }
 

@@ -9,7 +9,6 @@
 #include <Utility/text/unit_classes.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace Torvo {
 
@@ -49,24 +48,16 @@ struct TimeForm {
 
 enum class Mark { None, Am, Pm };
 
-// A cursor on a copy of the text, in small letters and without blanks at its ends.
+// A cursor on a text, from its first unit that is not blank to the last one. The text is taken as if it were written in
+// small letters; the numbers in it are the same in either.
 class TimeCursor {
 public:
-    // A text that is longer than a time can be leaves a cursor that is nowhere.
-    explicit TimeCursor(const wchar16* text) {
-        std::size_t length = platform::wcsnlen(text, std::size(buffer));
-        if (length == std::size(buffer)) return;
-        while (length > 0 && IsBlankUnit(text[length - 1])) --length;
-        std::transform(text, text + length, buffer, ToLower);
-        buffer[length] = 0;
-        cursor = buffer;
+    TimeCursor(const wchar16* text, std::size_t length) : cursor(text), last(text + length) {
+        while (last != cursor && IsBlankUnit(last[-1])) --last;
         SkipBlanks();
     }
-    TimeCursor(const TimeCursor&) = delete;
-    TimeCursor& operator=(const TimeCursor&) = delete;
 
-    bool IsNowhere() const { return cursor == nullptr; }
-    bool IsAtEnd() const { return *cursor == 0; }
+    bool IsAtEnd() const { return cursor == last; }
 
     // What is no number reads as 0.
     int32 ReadInteger() {
@@ -101,11 +92,12 @@ public:
     // Steps over a separator, if there is one. False when its units stand there in another order or number.
     bool SkipSeparator(const wchar16* separator, bool* found) {
         const wchar16* next = cursor;
-        while (*next != 0 && Contains(separator, *next)) ++next;
+        while (next != last && Contains(separator, ToLower(*next))) ++next;
         *found = next != cursor;
         if (!*found) return true;
-        const auto length = static_cast<std::size_t>(next - cursor);
-        if (length != platform::wcslen(separator) || !std::equal(cursor, next, separator)) return false;
+        const bool isWhole = std::all_of(
+            cursor, next, [&separator](wchar16 unit) { return *separator != 0 && *separator++ == ToLower(unit); });
+        if (!isWhole || *separator != 0) return false;
         cursor = next;
         SkipBlanks();
         return true;
@@ -114,16 +106,15 @@ public:
     // Steps over all units that the marks and blanks are made of, and tells whether they are a mark.
     Mark ReadMark(const TimeForm& form) {
         const wchar16* const first = cursor;
-        while (*cursor != 0 && IsUnitOfMark(form, *cursor)) ++cursor;
+        while (cursor != last && IsUnitOfMark(form, ToLower(*cursor))) ++cursor;
         const Mark mark = MarkOf(form, first, cursor);
         SkipBlanks();
         return mark;
     }
 
 private:
-    // The text ends with what is not blank, so that the blanks end before it does.
     void SkipBlanks() {
-        while (*cursor != 0 && IsBlankUnit(*cursor)) ++cursor;
+        while (cursor != last && IsBlankUnit(*cursor)) ++cursor;
     }
 
     static bool IsUnitOfMark(const TimeForm& form, wchar16 unit) {
@@ -141,10 +132,10 @@ private:
         const auto length = static_cast<std::size_t>(last - first);
         if (length == 0) return Mark::None;
         const auto isWhole = [first, length](const wchar16* mark) {
-            return platform::wcslen(mark) == length && platform::_wcsnicmp(first, mark, length) == 0;
+            return platform::_wcsnicmp(first, mark, length) == 0 && mark[length] == 0;
         };
         const auto isFirstUnit = [first, length](const wchar16* mark) {
-            return length == 1 && *first == ToLower(*mark);
+            return length == 1 && ToLower(*first) == ToLower(*mark);
         };
         if (isWhole(form.am)) return Mark::Am;
         if (isWhole(form.pm)) return Mark::Pm;
@@ -152,8 +143,8 @@ private:
         return isFirstUnit(form.pm) ? Mark::Pm : Mark::None;
     }
 
-    wchar16 buffer[100];
-    const wchar16* cursor = nullptr;
+    const wchar16* cursor;
+    const wchar16* last;
 };
 
 // The three numbers, each stored as soon as it is read. False when a separator is garbled.
@@ -177,9 +168,8 @@ int64 HourOfDay(int64 hours, Mark mark) {
 }
 
 // The value of a text that is thirteen digits and nothing else, or -1.
-int64 ReadLiteral(const wchar16* text) {
-    const bool isLiteral = platform::wcsnlen(text, LiteralLength + 1) == LiteralLength;
-    return isLiteral ? ReadDigits(text, LiteralLength) : -1;
+int64 ReadLiteral(const wchar16* text, std::size_t length) {
+    return length == LiteralLength ? ReadDigits(text, LiteralLength) : -1;
 }
 
 }  // namespace
@@ -199,11 +189,10 @@ bool TicksOfLiteral(int64 literal, int64* ticks) {
     return true;
 }
 
-bool ReadTime(const wchar16* text, int64* ticks) {
-    if (text == nullptr) return false;
-    if (TicksOfLiteral(ReadLiteral(text), ticks)) return true;
-    TimeCursor cursor(text);
-    if (cursor.IsNowhere()) return false;
+bool ReadTime(const wchar16* text, std::size_t length, int64* ticks) {
+    if (TicksOfLiteral(ReadLiteral(text, length), ticks)) return true;
+    if (length > LongestTimeText) return false;
+    TimeCursor cursor(text, length);
     const TimeForm form;
     Mark mark = Mark::None;
     int32 readHours = 0;
@@ -219,7 +208,8 @@ bool ReadTime(const wchar16* text, int64* ticks) {
 }
 
 bool ReadTimeNumbers(const wchar16* text, int32* hours, int32* minutes, double* seconds) {
-    const int64 literal = ReadLiteral(text);
+    const std::size_t length = platform::wcsnlen(text, LongestTimeText + 1);
+    const int64 literal = ReadLiteral(text, length);
     if (literal >= 0) {
         const LiteralParts parts(literal);
         *hours = parts.hours;
@@ -227,8 +217,8 @@ bool ReadTimeNumbers(const wchar16* text, int32* hours, int32* minutes, double* 
         *seconds = parts.fraction / 1e7 + parts.seconds;
         if (parts.IsTimeOfDay()) return true;
     }
-    TimeCursor cursor(text);
-    if (cursor.IsNowhere()) return false;
+    if (length > LongestTimeText) return false;
+    TimeCursor cursor(text, length);
     const TimeForm form;
     return ReadFields(cursor, form, hours, minutes, seconds) && cursor.IsAtEnd() && *hours >= 0 && *hours <= 23 &&
            AreMinutesAndSeconds(*minutes, *seconds);

@@ -198,8 +198,9 @@ zuTime* CreateTimeFromLiteral(int64 literal) {
 }
 
 zuTime* CreateTimeFromString(const wchar16* text) {
+    if (text == nullptr) return nullptr;
     int64 ticks;
-    return ReadTime(text, &ticks) ? CreateTime(ticks) : nullptr;
+    return ReadTime(text, platform::wcsnlen(text, LongestTimeText + 1), &ticks) ? CreateTime(ticks) : nullptr;
 }
 
 zuTime* CreateTimeByClock(bool (*clock)(std::tm*)) {

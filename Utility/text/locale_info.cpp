@@ -6,6 +6,7 @@
 #include <Utility/platform/unit_copy.h>
 #include <Utility/text/locale_value.h>
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 #include <new>
@@ -165,13 +166,6 @@ void cLocaleInfoImpl::GetZULocaleTimeInfo(bool useLocale, bool* twelveHour, int1
     Store(separator2, useLocale ? static_cast<const wchar16*>(timeSeparator2) : FixedTimeSeparator);
 }
 
-bool cLocaleInfoImpl::Shown::operator==(const Shown& other) const {
-    return Members(numberFormat) == Members(other.numberFormat) &&
-           Members(currencyFormat) == Members(other.currencyFormat) &&
-           std::memcmp(separators, other.separators, sizeof separators) == 0 &&
-           std::memcmp(symbol, other.symbol, sizeof symbol) == 0;
-}
-
 cLocaleInfoImpl::Shown cLocaleInfoImpl::WhatIsShown() const {
     Shown shown;
     shown.numberFormat = numberFormat;
@@ -184,12 +178,23 @@ cLocaleInfoImpl::Shown cLocaleInfoImpl::WhatIsShown() const {
     return shown;
 }
 
+// Compares in place: this is on the road of each date and time that is read.
+bool cLocaleInfoImpl::IsStillShown(const Shown& shown) const {
+    const auto isSeparator = [&shown](const Text& text, std::size_t index) {
+        return std::memcmp(text.get(), shown.separators[index], sizeof shown.separators[index]) == 0;
+    };
+    return isSeparator(numberDecimal, 0) && isSeparator(numberThousand, 1) && isSeparator(currencyDecimal, 2) &&
+           isSeparator(currencyThousand, 3) && std::equal(shown.symbol, std::end(shown.symbol), currencySymbol.get()) &&
+           Members(numberFormat) == Members(shown.numberFormat) &&
+           Members(currencyFormat) == Members(shown.currencyFormat);
+}
+
 // Whether a refresh would change nothing: no value of the locale can have changed since the last one, and no caller has
 // written to what it can reach. Only a derived service, whose operations may answer anything, would see the difference.
 // This saves time and nothing else.
 bool cLocaleInfoImpl::IsFresh() const {
     return localeIdentifier == refreshedLocale && platform::LocaleValuesAreFixed() &&
-           typeid(*this) == typeid(cLocaleInfoImpl) && WhatIsShown() == refreshed;
+           typeid(*this) == typeid(cLocaleInfoImpl) && IsStillShown(refreshed);
 }
 
 // Reads everything, in a fixed order. A value that cannot be read keeps what it held, unless a step says otherwise.

@@ -51,8 +51,6 @@ private:
         _currencyfmtW currencyFormat{};
         wchar16 separators[4][SeparatorSize]{};
         wchar16 symbol[CurrencySymbolSize]{};
-
-        bool operator==(const Shown& other) const;
     };
 
     void RefreshLocale();
@@ -63,6 +61,7 @@ private:
     void RefreshTimes();
     bool IsFresh() const;
     Shown WhatIsShown() const;
+    bool IsStillShown(const Shown& shown) const;
 
     uint32 localeIdentifier = 0;
     bool (*numberFormatCallback)() = nullptr;
