@@ -25,6 +25,11 @@ constexpr uint32 DaysBeforeMonth(uint32 month) {
     return (979 * month - 2919) / 32;
 }
 
+// January and February cannot be foretold, so that they are reckoned with and not branched on.
+constexpr uint32 OneIf(bool condition) {
+    return condition ? 1 : 0;
+}
+
 // The day number of a date of which one field is outside its range. A month counts within a block of four years that
 // begin in March, and one outside the block comes in again at its other end.
 int32 UnusualDayNumber(const zuDATE& date) {
@@ -88,9 +93,9 @@ zuDATE* SystemDate(zuDATE* date) {
 int32 MDY2Days(const zuDATE* date) {
     const bool isUsual = static_cast<uint32>(date->month - 1) < 12 && date->year > 0 && date->day != 0;
     if (!isUsual) return UnusualDayNumber(*date);
-    const bool early = date->month < 3;
-    const uint32 year = static_cast<uint32>(date->year) - (early ? 1 : 0);
-    const uint32 month = static_cast<uint32>(date->month) + (early ? 12 : 0);
+    const uint32 early = OneIf(date->month < 3);
+    const uint32 year = static_cast<uint32>(date->year) - early;
+    const uint32 month = static_cast<uint32>(date->month) + 12 * early;
     const uint32 century = year / 100;
     const uint32 daysOfYears = 1461 * year / 4 - century + century / 4;
     return static_cast<int32>(daysOfYears + DaysBeforeMonth(month) - DaysFromMarchToJanuary - 1) + date->day;
@@ -111,9 +116,9 @@ bool Days2MDY(int32 days, zuDATE* date) {
     const uint32 dayOfYear = static_cast<uint32>(years) / 2939745 / 4;
     // The same for the month in units of 2^-16, from 3 to 14.
     const uint32 months = 2141 * dayOfYear + 197913;
-    const bool early = dayOfYear >= DaysFromMarchToJanuary;
-    const uint32 year = 100 * century + static_cast<uint32>(years >> 32) + (early ? 1 : 0);
-    const uint32 month = (months >> 16) - (early ? 12 : 0);
+    const uint32 early = OneIf(dayOfYear >= DaysFromMarchToJanuary);
+    const uint32 year = 100 * century + static_cast<uint32>(years >> 32) + early;
+    const uint32 month = (months >> 16) - 12 * early;
     *date = {static_cast<int16>(year), static_cast<int8>(month), static_cast<int8>(months % 0x10000 / 2141 + 1)};
     return true;
 }
