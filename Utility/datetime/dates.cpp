@@ -4,6 +4,7 @@
 #include <Utility/errors/raise.h>
 #include <Utility/locale_info.h>
 
+#include <array>
 #include <limits>
 
 namespace Torvo {
@@ -16,14 +17,29 @@ void RaiseBadDate() {
     RaiseError(ERRORLEVEL_ERROR, 5002, BadDate);
 }
 
-// Both conversions count from 1 March of year 0, the day after which a leap day has its place at the end of the year.
-// Day number 0, 1 January 0001, is 306 days later.
+// Both conversions count from 1 March of year 0, so that a leap day has its place at the end of a year. Day number 0,
+// 1 January 0001, is 306 days later. They do without a search and without divisions, after C. Neri and L. Schneider,
+// Euclidean affine functions and their application to calendar algorithms, Software: Practice and Experience 53 (2023),
+// from which the constants are.
 constexpr uint32 DaysFromMarchToJanuary = 306;
+constexpr int32 LastDayOfCalendar = 3652058;
+constexpr int32 DaysOfCycle = 146097;  // 400 years
+constexpr int32 YearsOfCycle = 400;
 
 // Days from 1 March to the first of a month, the months counted on from March, 3, to February, 14.
 constexpr uint32 DaysBeforeMonth(uint32 month) {
     return (979 * month - 2919) / 32;
 }
+
+// The same for the months as dates have them, from day number 0 on.
+constexpr auto DaysBeforeUsualMonth = [] {
+    std::array<int16, 13> days{};
+    for (uint32 month = 1; month <= 12; ++month) {
+        days[month] = static_cast<int16>(static_cast<int32>(DaysBeforeMonth(month < 3 ? month + 12 : month)) -
+                                         static_cast<int32>(DaysFromMarchToJanuary) - 1);
+    }
+    return days;
+}();
 
 // January and February cannot be foretold, so that they are reckoned with and not branched on.
 constexpr uint32 OneIf(bool condition) {
@@ -45,6 +61,35 @@ int32 UnusualDayNumber(const zuDATE& date) {
     const auto daysOfBlock = static_cast<int32>(DaysBeforeMonth(static_cast<uint32>(month % 12 + 3)));
     return date.day - 1 - static_cast<int32>(DaysFromMarchToJanuary) + daysOfBlock + month / 12 * 365 +
            century / 4 * 146097 + century % 4 * 36524 + yearOfCentury / 4 * 1461;
+}
+
+// The date of a day number of the calendar.
+zuDATE UsualDate(uint32 days) {
+    // In quarters of a day a century and a year have a whole number of them.
+    const uint32 quarters = 4 * (days + DaysFromMarchToJanuary) + 3;
+    const uint32 century = quarters / DaysOfCycle;
+    // With the days put back that three of four centuries lack, every fourth year is a leap year.
+    const uint32 evenQuarters = quarters + 4 * (century - century / 4);
+    // The product by 2^32 / 1461: the year in the high half, the part of it that has passed in the low half.
+    const uint64 years = uint64{2939745} * evenQuarters;
+    const uint32 dayOfYear = static_cast<uint32>(years) / 2939745 / 4;
+    // The same for the month in units of 2^-16, from 3 to 14.
+    const uint32 months = 2141 * dayOfYear + 197913;
+    const uint32 early = OneIf(dayOfYear >= DaysFromMarchToJanuary);
+    return {static_cast<int16>(static_cast<uint32>(years >> 32) + early),
+            static_cast<int8>((months >> 16) - 12 * early), static_cast<int8>(months % 0x10000 / 2141 + 1)};
+}
+
+// The date of a number that is none of the calendar. After 400 years all comes again.
+bool UnusualDate(int32 days, zuDATE* date) {
+    if (days < 0) {
+        SetNullDate(date);
+        RaiseBadDate();
+        return false;
+    }
+    *date = UsualDate(static_cast<uint32>(days % DaysOfCycle));
+    date->year = static_cast<int16>(date->year + days / DaysOfCycle * YearsOfCycle);
+    return true;
 }
 
 constexpr bool IsNull(const zuDATE& date) {
@@ -88,38 +133,20 @@ zuDATE* SystemDate(zuDATE* date) {
     return date;
 }
 
-// Both directions without a table, by multiplications in place of divisions: C. Neri and L. Schneider, Euclidean affine
-// functions and their application to calendar algorithms, Software: Practice and Experience 53 (2023).
 int32 MDY2Days(const zuDATE* date) {
     const bool isUsual = static_cast<uint32>(date->month - 1) < 12 && date->year > 0 && date->day != 0;
-    if (!isUsual) return UnusualDayNumber(*date);
-    const uint32 early = OneIf(date->month < 3);
-    const uint32 year = static_cast<uint32>(date->year) - early;
-    const uint32 month = static_cast<uint32>(date->month) + 12 * early;
+    if (!isUsual) [[unlikely]]
+        return UnusualDayNumber(*date);
+    const auto month = static_cast<uint32>(date->month);
+    const uint32 year = static_cast<uint32>(date->year) - OneIf(month < 3);
     const uint32 century = year / 100;
-    const uint32 daysOfYears = 1461 * year / 4 - century + century / 4;
-    return static_cast<int32>(daysOfYears + DaysBeforeMonth(month) - DaysFromMarchToJanuary - 1) + date->day;
+    return static_cast<int32>(1461 * year / 4 - century + century / 4) + DaysBeforeUsualMonth[month] + date->day;
 }
 
 bool Days2MDY(int32 days, zuDATE* date) {
-    if (days < 0) {
-        SetNullDate(date);
-        RaiseBadDate();
-        return false;
-    }
-    // Quarters of a day, so that a century and a year have a whole number of them. 64 bits take all day numbers.
-    const uint64 quarters = 4 * (uint64{static_cast<uint32>(days)} + DaysFromMarchToJanuary) + 3;
-    const auto century = static_cast<uint32>(quarters / 146097);
-    const uint32 quartersOfCentury = static_cast<uint32>(quarters % 146097) | 3;
-    // The high half of the product is the year of the century, the low half the part of the year that has passed.
-    const uint64 years = uint64{2939745} * quartersOfCentury;
-    const uint32 dayOfYear = static_cast<uint32>(years) / 2939745 / 4;
-    // The same for the month in units of 2^-16, from 3 to 14.
-    const uint32 months = 2141 * dayOfYear + 197913;
-    const uint32 early = OneIf(dayOfYear >= DaysFromMarchToJanuary);
-    const uint32 year = 100 * century + static_cast<uint32>(years >> 32) + early;
-    const uint32 month = (months >> 16) - 12 * early;
-    *date = {static_cast<int16>(year), static_cast<int8>(month), static_cast<int8>(months % 0x10000 / 2141 + 1)};
+    if (static_cast<uint32>(days) > LastDayOfCalendar) [[unlikely]]
+        return UnusualDate(days, date);
+    *date = UsualDate(static_cast<uint32>(days));
     return true;
 }
 
