@@ -61,17 +61,24 @@ int32 DigitsAt(const wchar16* text) {
     return value;
 }
 
-bool IsLiteral(const wchar16* text) {
-    for (int i = 0; i < 8; ++i) {
-        if (!plain::IsDigit(text[i])) return false;
-    }
-    return text[8] == 0;
-}
+constexpr int32 LiteralDigits = 8;
 
-// What reads as the digits of a literal and is no date leaves an error.
-bool ReadLiteral(const wchar16* text, zuDATE* date) {
-    return IsLiteral(text) && LiteralToDate(DigitsAt<8>(text), date);
-}
+// The digits 0 to 9 at the start of a text, as many as a literal has.
+struct LeadingDigits {
+    int32 count = 0;
+    int32 value = 0;
+
+    explicit LeadingDigits(const wchar16* text) {
+        for (; count < LiteralDigits && plain::IsDigit(text[count]); ++count) value = value * 10 + (text[count] - '0');
+    }
+    bool AreAllOf(const wchar16* text) const { return count == LiteralDigits && text[count] == 0; }
+    // Whether the text may go on as an ISO date does, with a hyphen behind the year and perhaps spaces before that.
+    // Digits of other scripts would go on with the year. This only saves time.
+    bool MayBeginIsoDate(const wchar16* text) const {
+        const wchar16 next = text[count];
+        return count == 0 || next == '-' || next == ' ' || next >= 0x80 || plain::IsDigit(next);
+    }
+};
 
 bool HasTenUnits(const wchar16* text) {
     for (int i = 0; i < 10; ++i) {
@@ -209,9 +216,15 @@ zuDATE* DateOrNull(bool isRead, zuDATE* date) {
 
 }  // namespace
 
+// What reads as the digits of a literal and is no date leaves an error, and is then tried in the other forms.
 zuDATE* Str2Date(const wchar16* text, zuDATE* date) {
     if (text == nullptr) return DateOrNull(false, date);
-    if (ReadLiteral(text, date) || ReadIsoDate(text, date)) return date;
+    const LeadingDigits digits(text);
+    if (digits.AreAllOf(text)) {
+        if (LiteralToDate(digits.value, date)) return date;
+    } else if (digits.MayBeginIsoDate(text) && ReadIsoDate(text, date)) {
+        return date;
+    }
     bool (*const asksForFixedForm)() = GetDateFormatCallback();
     if (asksForFixedForm != nullptr && asksForFixedForm()) return DateOrNull(ReadFixedDate(text, date), date);
     return DateOrNull(ReadOrderedDate(text, UsesLocale(asksForFixedForm), nullptr, date), date);
@@ -219,8 +232,9 @@ zuDATE* Str2Date(const wchar16* text, zuDATE* date) {
 
 zuDATE* Str2DateEx(const wchar16* text, zuDATE* date, wchar16** end) {
     if (text == nullptr) return DateOrNull(false, date);
-    if (ReadLiteral(text, date)) {
-        if (end != nullptr) *end = const_cast<wchar16*>(text + 8);
+    const LeadingDigits digits(text);
+    if (digits.AreAllOf(text) && LiteralToDate(digits.value, date)) {
+        if (end != nullptr) *end = const_cast<wchar16*>(text + LiteralDigits);
         return date;
     }
     return DateOrNull(ReadOrderedDate(text, UsesLocaleForDates(), end, date), date);

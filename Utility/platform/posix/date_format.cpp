@@ -109,8 +109,8 @@ public:
     DatePicture(const LocaleTable& localeTable, const SYSTEMTIME& time, uint32 daysAfterMonday, PictureOutput& target)
         : table(localeTable), date(time), weekday(daysAfterMonday), output(target) {}
 
-    void Write(const wchar16* picture) {
-        isGenitive = HasDayOfMonth(picture);
+    void Write(const wchar16* given) {
+        picture = given;
         WalkPicture(
             picture, DateLetters, [this](wchar16 letter, std::size_t count) { Field(letter, count); },
             [this](wchar16 unit) { output.Literal(unit); });
@@ -135,7 +135,7 @@ private:
     }
     LocaleTable::Value MonthName(std::size_t count) const {
         const uint32 month = date.wMonth - 1u;
-        if (isGenitive) {
+        if (HasDayOfMonth(picture)) {
             return table.Find((count == 3 ? LocaleTable::GenitiveShortMonth1 : LocaleTable::GenitiveMonth1) + month);
         }
         return table.Find((count == 3 ? LOCALE_SABBREVMONTHNAME1 : LOCALE_SMONTHNAME1) + month);
@@ -145,7 +145,7 @@ private:
     const SYSTEMTIME& date;
     const uint32 weekday;
     PictureOutput& output;
-    bool isGenitive = false;
+    const wchar16* picture = nullptr;
 };
 
 // The years that the system's time structure is documented for.
