@@ -109,29 +109,29 @@ void cLocaleInfoImpl::GetZULocaleNumInfo(bool useLocale, wchar16* decimal, wchar
 }
 
 const wchar16* cLocaleInfoImpl::GetCurrencySymbol() {
-    RefreshLocale();
+    RefreshAndShow();
     return currencyFormat.lpCurrencySymbol;
 }
 
 bool cLocaleInfoImpl::GetNumberFmt(_numberfmtW* format) {
-    RefreshLocale();
+    RefreshAndShow();
     Store(format, numberFormat);
     return format != nullptr;
 }
 
 bool cLocaleInfoImpl::GetCurrentFmt(_currencyfmtW* format) {
-    RefreshLocale();
+    RefreshAndShow();
     Store(format, currencyFormat);
     return format != nullptr;
 }
 
 _numberfmtW* cLocaleInfoImpl::GetNumberFmtPtr() {
-    RefreshLocale();
+    RefreshAndShow();
     return &numberFormat;
 }
 
 _currencyfmtW* cLocaleInfoImpl::GetCurrencyFmtPtr() {
-    RefreshLocale();
+    RefreshAndShow();
     return &currencyFormat;
 }
 
@@ -194,7 +194,12 @@ bool cLocaleInfoImpl::IsStillShown(const Shown& shown) const {
 // This saves time and nothing else.
 bool cLocaleInfoImpl::IsFresh() const {
     return localeIdentifier == refreshedLocale && platform::LocaleValuesAreFixed() &&
-           typeid(*this) == typeid(cLocaleInfoImpl) && IsStillShown(refreshed);
+           typeid(*this) == typeid(cLocaleInfoImpl) && (!isShown || IsStillShown(refreshed));
+}
+
+void cLocaleInfoImpl::RefreshAndShow() {
+    RefreshLocale();
+    isShown = true;
 }
 
 // Reads everything, in a fixed order. A value that cannot be read keeps what it held, unless a step says otherwise.

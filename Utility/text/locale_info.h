@@ -54,6 +54,8 @@ private:
     };
 
     void RefreshLocale();
+    // For the queries that hand out what a caller can write to.
+    void RefreshAndShow();
     void RefreshNumbers();
     void RefreshCurrency();
     // Whether the system knows the locale.
@@ -92,6 +94,8 @@ private:
     // The locale of the last refresh, 0 before it, and what it left for callers to see.
     uint32 refreshedLocale = 0;
     Shown refreshed;
+    // Whether any caller has ever got hold of it.
+    bool isShown = false;
 };
 
 }  // namespace Torvo
