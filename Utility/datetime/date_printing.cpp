@@ -120,8 +120,9 @@ constexpr uint64 PictureSize = 260;
 SYSTEMTIME SystemTimeOf(zuDATE date) {
     SYSTEMTIME time{};
     time.wYear = static_cast<uint16>(date.year);
-    time.wMonth = static_cast<uint16>(date.month);
-    time.wDay = static_cast<uint16>(date.day);
+    // Negative ones become numbers that no month and no day has.
+    time.wMonth = static_cast<uint8>(date.month);
+    time.wDay = static_cast<uint8>(date.day);
     return time;
 }
 

@@ -195,8 +195,8 @@ bool AssignWithoutYear(int16 order, int32 a, int32 b, DateNumbers* numbers) {
 // Reads the numbers in the order and with the delimiter that the locale or the fixed form has. With `end` other text
 // may follow, and *end is set where <Utility/date_strings.h> says.
 bool ReadOrderedDate(const wchar16* text, bool useLocale, wchar16** end, zuDATE* date) {
-    int16 order;
-    wchar16 delimiter;
+    int16 order = DATEORDER_MDY;
+    wchar16 delimiter = '/';
     GetZULocaleDateInfo(useLocale, &order, &delimiter);
 
     TextCursor cursor(text);

@@ -137,7 +137,7 @@ int32 MDY2Days(const zuDATE* date) {
     const bool isUsual = static_cast<uint32>(date->month - 1) < 12 && date->year > 0 && date->day != 0;
     if (!isUsual) [[unlikely]]
         return UnusualDayNumber(*date);
-    const auto month = static_cast<uint32>(date->month);
+    const uint32 month = static_cast<uint8>(date->month);
     const uint32 year = static_cast<uint32>(date->year) - OneIf(month < 3);
     const uint32 century = year / 100;
     return static_cast<int32>(1461 * year / 4 - century + century / 4) + DaysBeforeUsualMonth[month] + date->day;
@@ -191,15 +191,15 @@ bool LiteralToDate(int32 literal, zuDATE* date) {
 }
 
 int16 GetDateOrder() {
-    int16 order;
-    wchar16 delimiter;
+    int16 order = DATEORDER_MDY;
+    wchar16 delimiter = '/';
     GetZULocaleDateInfo(UsesLocaleForDates(), &order, &delimiter);
     return order;
 }
 
 wchar16 GetDateDelim() {
-    int16 order;
-    wchar16 delimiter;
+    int16 order = DATEORDER_MDY;
+    wchar16 delimiter = '/';
     GetZULocaleDateInfo(UsesLocaleForDates(), &order, &delimiter);
     return delimiter;
 }

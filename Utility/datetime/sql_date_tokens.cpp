@@ -1,6 +1,7 @@
 #include <Utility/datetime/sql_date_tokens.h>
 #include <Utility/strings.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace Torvo {

@@ -224,6 +224,13 @@ SYSTEMTIME GivenOrNow(const SYSTEMTIME* time) {
     return now;
 }
 
+// The picture that was given, or the locale's own of a type.
+const wchar16* GivenOrLocales(const wchar16* picture, const LocaleTable& table, uint32 type) {
+    if (picture != nullptr) return picture;
+    const LocaleTable::Value own = table.Find(type);
+    return own.text != nullptr ? own.text : ZUTEXT("");
+}
+
 bool IsBuffer(const wchar16* buffer, int size) {
     return size == 0 || (size > 0 && buffer != nullptr);
 }
@@ -240,12 +247,10 @@ int GetDateFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* date, const wc
                                             std::chrono::day(day.wDay));
     const bool fits = day.wMonth <= 12 && day.wDay <= 31 && day.wYear >= FirstYear && day.wYear <= LastYear;
     if (!fits || !civil.ok()) return Fail(ERROR_INVALID_PARAMETER);
-    if (picture == nullptr) {
-        picture = table->Find((flags & DATE_LONGDATE) != 0 ? LOCALE_SLONGDATE : LOCALE_SSHORTDATE).text;
-    }
+    const uint32 ownType = (flags & DATE_LONGDATE) != 0 ? LOCALE_SLONGDATE : LOCALE_SSHORTDATE;
     PictureOutput output(buffer, size);
     const uint32 weekday = std::chrono::weekday(std::chrono::sys_days(civil)).iso_encoding() - 1;
-    DatePicture(*table, day, weekday, output).Write(picture);
+    DatePicture(*table, day, weekday, output).Write(GivenOrLocales(picture, *table, ownType));
     return output.Finish();
 }
 
@@ -256,9 +261,8 @@ int GetTimeFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* time, const wc
     if (picture != nullptr && (flags & LOCALE_NOUSEROVERRIDE) != 0) return Fail(ERROR_INVALID_FLAGS);
     const SYSTEMTIME timeOfDay = GivenOrNow(time);
     if (!IsTimeOfDay(timeOfDay)) return Fail(ERROR_INVALID_PARAMETER);
-    if (picture == nullptr) picture = table->Find(LOCALE_STIMEFORMAT).text;
     PictureOutput output(buffer, size);
-    TimePicture(*table, timeOfDay, flags, output).Write(picture);
+    TimePicture(*table, timeOfDay, flags, output).Write(GivenOrLocales(picture, *table, LOCALE_STIMEFORMAT));
     return output.Finish();
 }
 
