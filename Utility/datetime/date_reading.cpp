@@ -99,6 +99,11 @@ struct LeadingDigits {
     }
 };
 
+// What reads as the digits of a literal and is no date leaves an error.
+bool DigitsToDate(const LeadingDigits& digits, const wchar16* text, zuDATE* date) {
+    return digits.AreAllOf(text) && LiteralToDate(digits.value, date);
+}
+
 bool HasTenUnits(const wchar16* text) {
     for (int i = 0; i < 10; ++i) {
         if (text[i] == 0) return false;
@@ -216,7 +221,7 @@ bool ReadOrderedDate(const wchar16* text, bool useLocale, wchar16** end, zuDATE*
 }
 
 // Reads month, day and year, the year of today where there is none.
-bool ReadFixedDate(const wchar16* text, zuDATE* date) {
+bool ParseFixedDate(const wchar16* text, zuDATE* date) {
     TextCursor cursor(text);
     DateNumbers numbers{};
     numbers.month = cursor.TakeNumber();
@@ -235,24 +240,20 @@ zuDATE* DateOrNull(bool isRead, zuDATE* date) {
 
 }  // namespace
 
-// What reads as the digits of a literal and is no date leaves an error, and is then tried in the other forms.
 zuDATE* Str2Date(const wchar16* text, zuDATE* date) {
     if (text == nullptr) return DateOrNull(false, date);
     const LeadingDigits digits(text);
-    if (digits.AreAllOf(text)) {
-        if (LiteralToDate(digits.value, date)) return date;
-    } else if (digits.MayBeginIsoDate(text) && ReadIsoDate(text, date)) {
-        return date;
-    }
+    if (DigitsToDate(digits, text, date)) return date;
+    if (digits.MayBeginIsoDate(text) && ReadIsoDate(text, date)) return date;
     bool (*const asksForFixedForm)() = GetDateFormatCallback();
-    if (asksForFixedForm != nullptr && asksForFixedForm()) return DateOrNull(ReadFixedDate(text, date), date);
+    if (asksForFixedForm != nullptr && asksForFixedForm()) return DateOrNull(ParseFixedDate(text, date), date);
     return DateOrNull(ReadOrderedDate(text, UsesLocale(asksForFixedForm), nullptr, date), date);
 }
 
 zuDATE* Str2DateEx(const wchar16* text, zuDATE* date, wchar16** end) {
     if (text == nullptr) return DateOrNull(false, date);
     const LeadingDigits digits(text);
-    if (digits.AreAllOf(text) && LiteralToDate(digits.value, date)) {
+    if (DigitsToDate(digits, text, date)) {
         if (end != nullptr) *end = const_cast<wchar16*>(text + LiteralDigits);
         return date;
     }
