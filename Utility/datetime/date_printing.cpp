@@ -4,18 +4,15 @@
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/date_format.h>
 #include <Utility/platform/runtime.h>
-#include <Utility/platform/unit_copy.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Torvo {
 
 namespace {
 
-// ---- Numbers
-
-// Room for any field, and for a copy of it in moves of a fixed size.
-constexpr std::size_t FieldRoom = 16;
+// ---- Fields
 
 wchar16* PutTwoDigits(wchar16* at, uint32 value) {
     at[0] = static_cast<wchar16>('0' + value / 10);
@@ -25,31 +22,64 @@ wchar16* PutTwoDigits(wchar16* at, uint32 value) {
 
 // A number that is negative or has more digits than usual, as printf's "%0*d" prints it: the sign counts as one.
 wchar16* PutUnusual(wchar16* at, int32 value, int32 width) {
-    wchar16 digits[FieldRoom];
-    wchar16* const end = digits + FieldRoom;
-    wchar16* first = end;
     if (value < 0) {
         *at++ = '-';
         --width;
     }
-    for (uint32 rest = value < 0 ? 0u - static_cast<uint32>(value) : static_cast<uint32>(value);
-         rest != 0 || end - first < width; rest /= 10) {
+    wchar16 digits[8];
+    wchar16* const end = std::end(digits);
+    wchar16* first = end;
+    for (auto rest = static_cast<uint32>(value < 0 ? -value : value); rest != 0 || end - first < width; rest /= 10) {
         *--first = static_cast<wchar16>('0' + rest % 10);
     }
     return std::copy(first, end, at);
 }
 
-struct DateField {
-    int32 value;
-    int32 width;  // 2 or 4
+// What a field may take: "-32768".
+constexpr std::size_t FieldRoom = 6;
 
-    // Where the text of the field ends.
+// A month or a day. Put writes the text of the field and tells where it ends.
+struct ShortField {
+    int8 value;
+
     wchar16* Put(wchar16* at) const {
-        const auto number = static_cast<uint32>(value);
-        if (number >= (width == 2 ? 100u : 10000u)) return PutUnusual(at, value, width);
-        return PutTwoDigits(width == 2 ? at : PutTwoDigits(at, number / 100), number % 100);
+        const auto number = static_cast<uint8>(value);
+        return number < 100 ? PutTwoDigits(at, number) : PutUnusual(at, value, 2);
     }
 };
+
+struct YearField {
+    int16 value;
+
+    wchar16* Put(wchar16* at) const {
+        const auto number = static_cast<uint16>(value);
+        return number < 10000 ? PutTwoDigits(PutTwoDigits(at, number / 100u), number % 100u) : PutUnusual(at, value, 4);
+    }
+};
+
+// Calls `print` with the three fields of a date in order. False for an order that there is not.
+template <typename Print>
+bool PrintInOrder(const zuDATE& date, int16 order, Print print) {
+    const YearField year = {date.year};
+    const ShortField month = {date.month};
+    const ShortField day = {date.day};
+    switch (order) {
+        case DATEORDER_MDY:
+            print(month, day, year);
+            return true;
+        case DATEORDER_DMY:
+            print(day, month, year);
+            return true;
+        case DATEORDER_YMD:
+            print(year, month, day);
+            return true;
+        case DATEORDER_YDM:
+            print(year, day, month);
+            return true;
+        default:
+            return false;
+    }
+}
 
 // ---- Text in a buffer
 
@@ -64,49 +94,26 @@ public:
     BoundedText(const BoundedText&) = delete;
     BoundedText& operator=(const BoundedText&) = delete;
 
-    void Append(const wchar16* units, uint64 count) {
-        const uint64 fitting = std::min(count, static_cast<uint64>(end - at));
-        platform::CopyUnits(at, units, fitting);
-        at += fitting;
+    void Append(const wchar16* text) {
+        while (*text != 0 && at != end) *at++ = *text++;
     }
-    void Append(const wchar16* text) { Append(text, platform::wcslen(text)); }
-    void Append(const DateField& field) {
-        wchar16 units[FieldRoom];
-        Append(units, static_cast<uint64>(field.Put(units) - units));
+    template <typename Field>
+    void AppendField(const Field& field) {
+        if (Room() >= FieldRoom) {
+            at = field.Put(at);
+        } else {
+            wchar16 units[FieldRoom];
+            at = std::copy_n(units, std::min(static_cast<uint64>(field.Put(units) - units), Room()), at);
+        }
     }
 
 private:
+    uint64 Room() const { return static_cast<uint64>(end - at); }
+
     wchar16* at;
     wchar16* end;
     const bool exists;
 };
-
-// ---- The order of the fields
-
-// False for an order that there is not.
-bool FieldsInOrder(const zuDATE& date, int16 order, DateField (&fields)[3]) {
-    const DateField year = {date.year, 4};
-    const DateField month = {date.month, 2};
-    const DateField day = {date.day, 2};
-    const auto store = [&fields](const DateField& a, const DateField& b, const DateField& c) {
-        fields[0] = a;
-        fields[1] = b;
-        fields[2] = c;
-        return true;
-    };
-    switch (order) {
-        case DATEORDER_MDY:
-            return store(month, day, year);
-        case DATEORDER_DMY:
-            return store(day, month, year);
-        case DATEORDER_YMD:
-            return store(year, month, day);
-        case DATEORDER_YDM:
-            return store(year, day, month);
-        default:
-            return false;
-    }
-}
 
 // A missing text prints as the runtime prints one.
 const wchar16* Printed(const wchar16* text) {
@@ -129,28 +136,20 @@ SYSTEMTIME SystemTimeOf(zuDATE date) {
 }  // namespace
 
 void MakeDateString(wchar16* out, uint64 outSize, zuDATE* date, int16 order, wchar16 delimiter) {
-    DateField fields[3];
-    if (!FieldsInOrder(*date, order, fields)) return;
-    wchar16 units[3 * FieldRoom];
-    wchar16* end = fields[0].Put(units);
-    for (const DateField* const field : {&fields[1], &fields[2]}) {
-        *end = delimiter;
-        end = field->Put(end + (delimiter != 0 ? 1 : 0));
-    }
-    BoundedText(out, outSize).Append(units, static_cast<uint64>(end - units));
+    const wchar16 text[] = {delimiter, 0};
+    MakeDateStringEx(out, outSize, date, order, text, text);
 }
 
 bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 order, const wchar16* delimiter1,
                       const wchar16* delimiter2) {
-    DateField fields[3];
-    if (!FieldsInOrder(*date, order, fields)) return false;
-    BoundedText text(out, outSize);
-    text.Append(fields[0]);
-    text.Append(Printed(delimiter1));
-    text.Append(fields[1]);
-    text.Append(Printed(delimiter2));
-    text.Append(fields[2]);
-    return true;
+    return PrintInOrder(*date, order, [=](const auto& first, const auto& second, const auto& third) {
+        BoundedText text(out, outSize);
+        text.AppendField(first);
+        text.Append(Printed(delimiter1));
+        text.AppendField(second);
+        text.Append(Printed(delimiter2));
+        text.AppendField(third);
+    });
 }
 
 bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, const wchar16* pattern) {
