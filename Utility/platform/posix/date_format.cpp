@@ -65,10 +65,10 @@ private:
     bool dropsLiterals = false;
 };
 
-// Calls `onField` with the letter and length of each run of one of the letters, and `onLiteral` with every unit that
-// stands for itself. Apostrophes enclose such units, two of them inside mean one, and the last may be missing.
-template <typename OnField, typename OnLiteral>
-void WalkPicture(const wchar16* picture, std::u16string_view letters, OnField onField, OnLiteral onLiteral) {
+// Calls `onField` with the letter and length of each run of a letter of the picture, and `onLiteral` with every unit
+// that stands for itself. Apostrophes enclose such units, two of them inside mean one, and the last may be missing.
+template <typename IsLetter, typename OnField, typename OnLiteral>
+void WalkPicture(const wchar16* picture, IsLetter isLetter, OnField onField, OnLiteral onLiteral) {
     bool isQuoted = false;
     while (*picture != 0) {
         const wchar16 unit = *picture;
@@ -81,7 +81,7 @@ void WalkPicture(const wchar16* picture, std::u16string_view letters, OnField on
             } else {
                 isQuoted = !isQuoted;
             }
-        } else if (!isQuoted && letters.find(unit) != letters.npos) {
+        } else if (!isQuoted && isLetter(unit)) {
             while (picture[count] == unit) ++count;
             onField(unit, count);
         } else {
@@ -93,13 +93,15 @@ void WalkPicture(const wchar16* picture, std::u16string_view letters, OnField on
 
 // ---- Dates
 
-constexpr std::u16string_view DateLetters = u"dMyg";
+bool IsDateLetter(wchar16 unit) {
+    return unit == 'd' || unit == 'M' || unit == 'y' || unit == 'g';
+}
 
 // Whether a month's name stands beside the number of the day, and then has its genitive.
 bool HasDayOfMonth(const wchar16* picture) {
     bool found = false;
     WalkPicture(
-        picture, DateLetters,
+        picture, IsDateLetter,
         [&](wchar16 letter, std::size_t count) { found = found || (letter == 'd' && count <= 2); }, [](wchar16) {});
     return found;
 }
@@ -112,7 +114,7 @@ public:
     void Write(const wchar16* given) {
         picture = given;
         WalkPicture(
-            picture, DateLetters, [this](wchar16 letter, std::size_t count) { Field(letter, count); },
+            picture, IsDateLetter, [this](wchar16 letter, std::size_t count) { Field(letter, count); },
             [this](wchar16 unit) { output.Literal(unit); });
     }
 
@@ -163,6 +165,10 @@ bool DateFlagsAreGood(uint32 flags, bool hasPicture) {
 
 // ---- Times of day
 
+bool IsTimeLetter(wchar16 unit) {
+    return unit == 'h' || unit == 'H' || unit == 'm' || unit == 's' || unit == 't';
+}
+
 class TimePicture {
 public:
     TimePicture(const LocaleTable& localeTable, const SYSTEMTIME& timeOfDay, uint32 timeFlags, PictureOutput& target)
@@ -170,7 +176,7 @@ public:
 
     void Write(const wchar16* picture) {
         WalkPicture(
-            picture, u"hHmst", [this](wchar16 letter, std::size_t count) { Field(letter, count); },
+            picture, IsTimeLetter, [this](wchar16 letter, std::size_t count) { Field(letter, count); },
             [this](wchar16 unit) { output.Literal(unit); });
     }
 
