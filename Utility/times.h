@@ -80,9 +80,9 @@ public:
     virtual int64 ToLiteral() const = 0;
     // Writes the time by a picture, or by the locale's own for a null one, into `out`, `outSize` units with the
     // terminator. The hours of a picture without "tt" are those of 24. Each "f" of the written text, whatever it came
-    // from, becomes a digit of the fraction, from the left; there are seven, and an eighth "f" ends the text. False
-    // when it does not fit, or for a picture that the platform refuses; what `out` then holds is the platform's affair.
-    // An `outSize` of 0 writes nothing, and tells whether the platform takes the picture.
+    // from, becomes a digit of the fraction, from the left; there are seven, and an eighth "f" ends the text. False,
+    // with an empty text, when it does not fit or the platform refuses the picture. An `outSize` of 0 writes nothing,
+    // and tells whether the platform takes the picture.
     virtual bool ToString(wchar16* out, int32 outSize, const wchar16* pattern) const = 0;
 
     // The first and the last time of the day, as new objects of the caller's.

@@ -173,15 +173,9 @@ bool zuDateTimeImpl::ToString(wchar16* out, uint64 outSize, int16 order, const w
     }
     // One unit is the terminator's.
     const bool hasRoom = length + 1 < outSize;
-    return !hasRoom || !hasTime || AppendTime(out + length, outSize - length, timePattern);
-}
-
-bool zuDateTimeImpl::AppendTime(wchar16* out, uint64 outSize, const wchar16* timePattern) const {
+    if (!hasRoom || !hasTime) return true;
     constexpr uint64 largest = detail::HighestInt32;
-    if (time.ToString(out, static_cast<int32>(std::min(outSize, largest)), timePattern)) return true;
-    // What the platform may have written of a time that does not fit.
-    *out = 0;
-    return false;
+    return time.ToString(out + length, static_cast<int32>(std::min(outSize - length, largest)), timePattern);
 }
 
 namespace Torvo {

@@ -60,7 +60,6 @@ public:
 
 private:
     bool AddNumber(double value, double ticksPerUnit);
-    bool AppendTime(Torvo::wchar16* out, Torvo::uint64 outSize, const Torvo::wchar16* timePattern) const;
 
     Torvo::zuDATE date{};
     bool hasTime = true;

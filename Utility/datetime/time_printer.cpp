@@ -33,9 +33,15 @@ void PutFraction(wchar16* text, uint32 fraction) {
 
 bool PrintTime(const SYSTEMTIME& time, int32 fraction, uint32 flags, const wchar16* picture, wchar16* out, int32 size) {
     if (out == nullptr && size != 0) return false;
-    if (platform::GetTimeFormatW(GetLocaleIdentifier(), flags, &time, picture, out, size) == 0) return false;
-    if (size != 0) PutFraction(out, static_cast<uint32>(fraction));
-    return true;
+    const bool isWritten = platform::GetTimeFormatW(GetLocaleIdentifier(), flags, &time, picture, out, size) != 0;
+    if (size <= 0) return isWritten;
+    // Of what does not fit, a beginning without a terminator may have been written.
+    if (isWritten) {
+        PutFraction(out, static_cast<uint32>(fraction));
+    } else {
+        *out = 0;
+    }
+    return isWritten;
 }
 
 }  // namespace Torvo

@@ -86,6 +86,7 @@ TEST_F(TimeText, IsWrittenWithinItsSize) {
     for (const int32 size : {8, 2, 1}) {
         GuardedBuffer tooSmall(static_cast<uint64>(size));
         EXPECT_FALSE(time->ToString(tooSmall.Start(), size, ZUTEXT("HH:mm:ss"))) << size;
+        EXPECT_EQ(*tooSmall.Start(), 0);
     }
     GuardedBuffer out;
     EXPECT_TRUE(time->ToString(out.Start(), 0, ZUTEXT("HH:mm:ss.fff"))) << "nothing to write";
