@@ -1,12 +1,11 @@
 #include <Utility/datetime/span_reader.h>
 
 #include <Utility/bounded_copy.h>
+#include <Utility/datetime/field_reader.h>
 #include <Utility/datetime/time_reader.h>
 #include <Utility/number_parsing.h>
 #include <Utility/numbers/plain_number.h>
 #include <Utility/numbers/rounding.h>
-#include <Utility/platform/number_text.h>
-#include <Utility/platform/runtime.h>
 #include <Utility/text/unit_classes.h>
 
 #include <algorithm>
@@ -56,9 +55,8 @@ bool ReadSpanSeconds(const wchar16* text, double* seconds) {
         while (*cursor != 0 && IsBlank(*cursor)) ++cursor;
     };
     skipBlanks();
-    wchar16* after;
-    const int32 days = platform::wcstol(cursor, &after, 10);
-    cursor = after;
+    int32 days;
+    cursor = ReadField(cursor, &days);
     skipBlanks();
     while (*cursor == '.') ++cursor;
 

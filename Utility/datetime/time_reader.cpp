@@ -1,6 +1,7 @@
 #include <Utility/datetime/time_reader.h>
 
 #include <Utility/datetime/calendar.h>
+#include <Utility/datetime/field_reader.h>
 #include <Utility/datetime/ticks.h>
 #include <Utility/locale_info.h>
 #include <Utility/numbers/plain_number.h>
@@ -61,19 +62,10 @@ public:
 
     // What is no number reads as 0.
     int32 ReadInteger() {
-        int64 number;
-        if (const wchar16* const end = ReadPlainInteger(cursor, &number)) {
-            cursor = end;
-            constexpr int64 lowest = detail::LowestInt32;
-            constexpr int64 highest = detail::HighestInt32;
-            number = std::clamp(number, lowest, highest);
-        } else {
-            wchar16* after;
-            number = platform::wcstol(cursor, &after, 10);
-            cursor = after;
-        }
+        int32 number;
+        cursor = ReadField(cursor, &number);
         SkipBlanks();
-        return static_cast<int32>(number);
+        return number;
     }
 
     double ReadNumber() {

@@ -126,12 +126,14 @@ TEST(NumberText, DigitsOfOtherScriptsAreDigitsForIntegers) {
 
 TEST(NumberText, WhiteSpaceIsThatOfUnicode) {
     for (wchar16 space : wstring16(ZUTEXT("\t\n\v\f\r \u00A0\u1680\u2000\u200A\u2028\u202F\u205F\u3000"))) {
+        EXPECT_TRUE(platform::iswspace(space)) << int(space);
         EXPECT_EQ(Ask(platform::wcstol, wstring16(1, space) + ZUTEXT("7")), (Long{7, 2, 0})) << int(space);
         EXPECT_EQ(AskDouble(wstring16(1, space) + ZUTEXT("7")), (Double{7, 2, 0})) << int(space);
         const bool plain = space < 0x80;
         EXPECT_EQ(AskDouble(wstring16(1, space) + ZUTEXT("7"), NumberForms::Decimal).read, plain ? 2 : 0) << int(space);
     }
     for (wchar16 other : wstring16(ZUTEXT("\x1F\u0085\u200B\uFEFF\u180E"))) {
+        EXPECT_FALSE(platform::iswspace(other)) << int(other);
         EXPECT_EQ(Ask(platform::wcstol, wstring16(1, other) + ZUTEXT("7")), (Long{0, 0, 0})) << int(other);
     }
 }

@@ -88,6 +88,14 @@ TEST(RuntimeText, ComparisonStopsAtTheDifferenceAtEveryAlignment) {
     }
 }
 
+// The runtime's character locale is "C" here.
+TEST(RuntimeText, SmallLettersOfAsciiAlone) {
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const unsigned expected = unit >= 'A' && unit <= 'Z' ? unit + 0x20 : unit;
+        ASSERT_EQ(platform::towlower(static_cast<wchar16>(unit)), expected) << unit;
+    }
+}
+
 TEST(RuntimeText, PartsThatNearlyMatch) {
     const wchar16 text[] = ZUTEXT("aaaaaaaaaaaaaaaaaaaabaaab");
     EXPECT_EQ(platform::wcsstr(text, ZUTEXT("aaab")), text + 17);
