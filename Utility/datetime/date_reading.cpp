@@ -1,11 +1,8 @@
 #include <Utility/date_strings.h>
 #include <Utility/datetime/calendar.h>
+#include <Utility/datetime/field_reader.h>
 #include <Utility/locale_info.h>
 #include <Utility/numbers/plain_number.h>
-#include <Utility/platform/number_text.h>
-
-#include <algorithm>
-#include <limits>
 
 namespace Torvo {
 
@@ -20,7 +17,7 @@ public:
     // The number here, as wcstol reads it; 0 where there is none. The spaces behind it are passed over.
     int32 TakeNumber() {
         int32 number;
-        if (!TakeOneOrTwoDigits(&number)) number = TakeAnyNumber();
+        at = ReadField(at, &number);
         while (*at == ' ') ++at;
         return number;
     }
@@ -37,33 +34,6 @@ public:
     wchar16* Position() const { return const_cast<wchar16*>(at); }
 
 private:
-    // Takes a number of one digit or two, which are told apart by reckoning: a branch could not be foretold. False,
-    // with nothing taken, for any other.
-    bool TakeOneOrTwoDigits(int32* number) {
-        if (!plain::IsDigit(at[0])) return false;
-        const int32 first = at[0] - '0';
-        const int32 hasSecond = plain::IsDigit(at[1]) ? 1 : 0;
-        const wchar16 next = at[1 + hasSecond];
-        if (plain::IsDigit(next) || next >= 0x80) return false;
-        *number = first + hasSecond * (9 * first + at[1] - '0');
-        at += 1 + hasSecond;
-        return true;
-    }
-
-    int32 TakeAnyNumber() {
-        int64 number;
-        if (const wchar16* const end = ReadPlainInteger(at, &number)) {
-            at = end;
-        } else {
-            wchar16* after;
-            number = platform::wcstol(at, &after, 10);
-            at = after;
-        }
-        constexpr int64 Least = std::numeric_limits<int32>::min();
-        constexpr int64 Largest = std::numeric_limits<int32>::max();
-        return static_cast<int32>(std::clamp(number, Least, Largest));
-    }
-
     const wchar16* at;
 };
 
