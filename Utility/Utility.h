@@ -26,6 +26,7 @@
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/metafiles.h>
+#include <Utility/normalizers.h>
 #include <Utility/number_parsing.h>
 #include <Utility/number_printing.h>
 #include <Utility/paths.h>

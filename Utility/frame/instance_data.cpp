@@ -8,6 +8,7 @@
 #include <Utility/files.h>
 #include <Utility/frame/storage.h>
 #include <Utility/locale_info.h>
+#include <Utility/normalizers.h>
 #include <Utility/resources.h>
 
 #include <new>
@@ -48,13 +49,14 @@ InstanceData* CreateServices() {
     InstanceData* const instance = InstanceData::Create();
     if (instance == nullptr) return nullptr;
     const InstanceInWork inWork(instance);
-    static_cast<void>(Install(cStringResourceBuffers::Create()) &&  //
-                      Install(cErrorSystem::Create()) &&            //
-                      Install(cLocaleInfo::Create()) &&             //
-                      Install(cCharsetInfo::Create()) &&            //
-                      Install(cCharsetConverter::Create()) &&       //
-                      Install(cCheckEsc::Create()) &&               //
-                      Install(cFileSystem::Create()) &&             //
+    static_cast<void>(Install(cStringResourceBuffers::Create()) &&   //
+                      Install(cErrorSystem::Create()) &&             //
+                      Install(cLocaleInfo::Create()) &&              //
+                      Install(cCharsetInfo::Create()) &&             //
+                      Install(cCharsetConverter::Create()) &&        //
+                      Install(StringNormalizerManager::Create()) &&  //
+                      Install(cCheckEsc::Create()) &&                //
+                      Install(cFileSystem::Create()) &&              //
                       Install(cFileCache::Create(FileCacheBlocks, FileCacheBlockSize)));
     return instance;
 }
@@ -149,6 +151,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
         const InstanceInWork inWork(target);
         delete cStringResourceBuffers::Instance();
         delete cErrorSystem::Instance();
+        delete StringNormalizerManager::Instance();
         delete cCharsetInfo::Instance();
         delete cCharsetConverter::Instance();
         delete cLocaleInfo::Instance();

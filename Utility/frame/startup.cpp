@@ -9,12 +9,29 @@
 #include <Utility/frame/storage.h>
 #include <Utility/platform/platform.h>
 #include <Utility/resources.h>
+#include <Utility/text/folding_tables.h>
+#include <Utility/text/normalization_table.h>
 
 // The static objects of the library above the platform layer, all in this file, because their order is that of their
 // definitions: each may rely on those above it, and they are cleaned up in the reverse order. None of the clean-ups
 // touches a service. What the platform layer keeps for the process needs no initialisation when the library is loaded.
 
 namespace Torvo {
+
+// Complete before anything runs: their codes are computed by the compiler.
+constinit const NormalizationTable normalizationTables[NormalizationTableCount] = {
+    NormalizationTable(anyFolding),
+    NormalizationTable(latin1Folding),
+    NormalizationTable(latin2Folding),
+    NormalizationTable(cyrillicFolding),
+    NormalizationTable(greekFolding),
+    NormalizationTable(turkishFolding),
+    NormalizationTable(danishFolding),
+    NormalizationTable(danishNationalFolding),
+    NormalizationTable(swedishFolding),
+    NormalizationTable(swedishCollapsedFolding),
+    NormalizationTable(swedishNationalFolding),
+};
 
 ZUGuard handleLimitGuard;
 

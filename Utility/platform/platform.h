@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Utility/platform/clock.h>
+#include <Utility/platform/collation.h>
 #include <Utility/platform/date_format.h>
 #include <Utility/platform/files.h>
 #include <Utility/platform/formatted_text.h>

@@ -53,6 +53,7 @@ public:
           charsetConverter(static_cast<cCharsetConverter*>(instance->GetSlot(4))),
           charsetInfo(static_cast<cCharsetInfo*>(instance->GetSlot(5))),
           errorSystem(static_cast<cErrorSystem*>(instance->GetSlot(7))),
+          normalizers(static_cast<StringNormalizerManager*>(instance->GetSlot(13))),
           stringBuffers(static_cast<cStringResourceBuffers*>(instance->GetSlot(9))) {}
 
     void Delete() const {
@@ -61,6 +62,7 @@ public:
         delete charsetConverter;
         delete charsetInfo;
         delete errorSystem;
+        delete normalizers;
         delete stringBuffers;
     }
 
@@ -70,6 +72,7 @@ private:
     cCharsetConverter* const charsetConverter;
     cCharsetInfo* const charsetInfo;
     cErrorSystem* const errorSystem;
+    StringNormalizerManager* const normalizers;
     cStringResourceBuffers* const stringBuffers;
 };
 
@@ -108,7 +111,8 @@ TEST(Instance, HasAllServicesUnderTheirKeys) {
         EXPECT_EQ(instance->GetSlot(5), cCharsetInfo::Instance());
         EXPECT_EQ(instance->GetSlot(7), cErrorSystem::Instance());
         EXPECT_EQ(instance->GetSlot(9), cStringResourceBuffers::Instance());
-        for (const unsigned int key : {1u, 3u, 4u, 5u, 7u, 9u}) EXPECT_NE(instance->GetSlot(key), nullptr) << key;
+        EXPECT_EQ(instance->GetSlot(13), StringNormalizerManager::Instance());
+        for (const unsigned int key : {1u, 3u, 4u, 5u, 7u, 9u, 13u}) EXPECT_NE(instance->GetSlot(key), nullptr) << key;
         for (const unsigned int key : {0u, 6u, 10u, 11u, 12u, 14u, 1000u}) EXPECT_EQ(instance->GetSlot(key), nullptr);
     });
 }

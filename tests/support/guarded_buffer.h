@@ -16,6 +16,7 @@ public:
         EXPECT_EQ(units.substr(8 + size), wstring16(8, '#'));
     }
     wchar16* Start() { return &units[8]; }
+    uint64 Usable() const { return size; }
     wstring16 Text() { return size == 0 ? wstring16() : wstring16(Start()); }
     // Whether all behind the text is filled with zeros.
     bool IsCleared() {

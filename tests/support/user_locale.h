@@ -24,13 +24,15 @@ public:
 
     // Makes the service answer no structure, structures without texts, or no currency symbol.
     void HideFormat() { service.hideFormat = true; }
+    // What GetLocaleIdentifier answers; 0 unless set.
+    void SetIdentifier(uint32 lcid) { service.identifier = lcid; }
     void HideTexts() { service.numbers.lpDecimalSep = service.numbers.lpThousandSep = nullptr; }
 
 private:
     class Service final : public cLocaleInfo {
     public:
         bool ResetZULocaleInfo() override { return true; }
-        uint32 GetLocaleIdentifier() override { return 0; }
+        uint32 GetLocaleIdentifier() override { return identifier; }
         bool GetLocaleInt(uint32, uint32*) override { return false; }
         bool GetLocaleString(uint32, wchar16*, uint64) override { return false; }
         bool SetNumberFormatCallback(bool (*toStore)()) override {
@@ -65,6 +67,7 @@ private:
         const wchar16* currency = nullptr;
         _numberfmtW numbers{};
         bool hideFormat = false;
+        uint32 identifier = 0;
     };
 
     Service service;

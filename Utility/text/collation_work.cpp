@@ -1,0 +1,74 @@
+#include <Utility/text/collation_work.h>
+
+#include <Utility/platform/runtime.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace Torvo {
+
+namespace {
+
+// Units below this are composed whatever stands beside them: no combining mark is among them.
+constexpr wchar16 FirstMark = 0x300;
+
+bool IsComposed(const wchar16* text, int32 length) {
+    return std::all_of(text, text + length, [](wchar16 unit) { return unit < FirstMark; });
+}
+
+}  // namespace
+
+template <typename T>
+WorkRoom<T>::~WorkRoom() {
+    if (elements != fixed) platform::free(elements);
+}
+
+template <typename T>
+bool WorkRoom<T>::Reserve(int32 count) {
+    if (count <= size) return true;
+    void* const block = platform::malloc(static_cast<uint64>(count) * sizeof(T));
+    if (block == nullptr) return false;
+    if (elements != fixed) platform::free(elements);
+    elements = static_cast<T*>(block);
+    size = count;
+    return true;
+}
+
+bool sCollationWork::SetText(const wchar16* text) {
+    const uint64 units = platform::wcslen(text);
+    if (units > static_cast<uint64>(std::numeric_limits<int32>::max() / 4)) return false;
+    prepared = text;
+    length = static_cast<int32>(units);
+    if (toUpper && !Convert(calls.toUpper, upper)) return false;
+    return IsComposed(prepared, length) || Convert(calls.compose, composed);
+}
+
+// Puts the text through a conversion that writes it to `room`; twice where the room turns out too small.
+bool sCollationWork::Convert(Conversion convert, WorkRoom<wchar16>& room) {
+    int32 status = 0;
+    int32 units = convert(prepared, length, room.Start(), room.Size(), &status);
+    if (status == platform::CollationBufferOverflow) {
+        if (!room.Reserve(units)) return false;
+        status = 0;
+        units = convert(prepared, length, room.Start(), room.Size(), &status);
+    }
+    if (status > 0) return false;
+    prepared = room.Start();
+    length = units;
+    return true;
+}
+
+bool sCollationWork::ComputeKey() {
+    int32 bytes = calls.getSortKey(collator, prepared, length, key.Start(), key.Size());
+    if (bytes > key.Size()) {
+        if (!key.Reserve(bytes)) return false;
+        bytes = calls.getSortKey(collator, prepared, length, key.Start(), key.Size());
+    }
+    keySize = bytes > 0 && bytes <= key.Size() ? static_cast<uint64>(bytes) : 0;
+    return keySize > 0;
+}
+
+template class WorkRoom<wchar16>;
+template class WorkRoom<uint8>;
+
+}  // namespace Torvo

@@ -1,0 +1,166 @@
+#include <Utility/text/string_normalizer.h>
+
+#include <Utility/conversion.h>
+#include <Utility/locale_info.h>
+#include <Utility/memory_blocks.h>
+#include <Utility/platform/runtime.h>
+#include <Utility/strings.h>
+#include <Utility/text/narrow_text.h>
+
+#include <cstring>
+#include <limits>
+
+namespace Torvo {
+
+namespace {
+
+// Up to so many units of both texts together, or of a text that is folded in place, nothing is allocated.
+constexpr uint64 FixedCompareUnits = 512;
+constexpr uint64 FixedInPlaceUnits = 256;
+
+// What CompareByUnits answers where single units do not decide.
+constexpr int32 Undecided = 2;
+
+// The room for a text in bytes, terminator included; a byte behind it is kept zero, so that a conversion that fails
+// half-way leaves a terminated text too.
+constexpr uint64 ByteRoom(uint64 length) {
+    return 2 * length + 1;
+}
+
+constexpr uint16 ReportedCode(ZUCHARSET cs, uint16 code) {
+    const bool goesUnderAlias = cs == csWindowsLatin1 && code == StringNormalizerImpl::Latin1Code;
+    return goesUnderAlias ? StringNormalizerImpl::Latin1Alias : code;
+}
+
+int32 Sign(int difference) {
+    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
+}
+
+// Compares two texts unit by unit: -1, 0 or 1, or Undecided.
+int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* b) {
+    for (;; ++a, ++b) {
+        const uint8 left = units.Byte(*a);
+        const uint8 right = units.Byte(*b);
+        if (left == right && left != 0) continue;
+        if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
+        if (left == right) return 0;
+        if ((left != 0 && !units.LeavesAlone(a[1])) || (right != 0 && !units.LeavesAlone(b[1]))) return Undecided;
+        return left < right ? -1 : 1;
+    }
+}
+
+// Folds a text in place, unit by unit; false, with nothing done, where that does not decide.
+bool FoldByUnits(const UnitFolding& units, wchar16* text, uint64 length) {
+    for (uint64 index = 0; index < length; ++index) {
+        if (units.Byte(text[index]) == 0) return false;
+    }
+    for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Byte(text[index]));
+    return true;
+}
+
+}  // namespace
+
+void ApplyNormalizationTable(char* text, ZUCHARSET cs, const NormalizationTable& table) {
+    const bool multiByte = CharsetDBCS(cs);
+    while (*text != 0) {
+        char* const next = multiByte ? CharsetNextChar(text, cs) : text + 1;
+        if (!multiByte || !CharsetLeadByteEx(text, cs)) {
+            *text = static_cast<char>(table.table[static_cast<uint8>(*text)]);
+        }
+        text = next;
+    }
+}
+
+StringNormalizerImpl::StringNormalizerImpl(ZUCHARSET cs, const NormalizationTable* foldingTable)
+    : charset(cs),
+      table(foldingTable != nullptr ? foldingTable : throw eNoTable),
+      conversionCode(ReportedCode(cs, foldingTable->code)),
+      units(cs, *foldingTable) {}
+
+bool StringNormalizerImpl::Normalize(const wchar16* source, wchar16** result, uint64* resultLength) {
+    if (source == nullptr || result == nullptr) return false;
+    const uint64 size = platform::wcslen(source) + 1;
+    void* block = nullptr;
+    falloc_(size * sizeof(wchar16), &block, false, false);
+    *result = static_cast<wchar16*>(block);
+    if (block == nullptr) return false;
+    std::memcpy(block, source, size * sizeof(wchar16));
+    if (!NormalizeInPlace(*result, 0)) {
+        ffree_(&block);
+        *result = nullptr;
+        return false;
+    }
+    if (resultLength != nullptr) *resultLength = size;
+    return true;
+}
+
+bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) {
+    if (text == nullptr) return false;
+    const uint64 length = platform::wcslen(text);
+    if (length == 0 || FoldByUnits(units, text, length)) return true;
+
+    char fixed[ByteRoom(FixedInPlaceUnits) + 1];
+    void* block = nullptr;
+    if (length > FixedInPlaceUnits && !falloc_(ByteRoom(length) + 1, &block, false, false)) return false;
+    char* const bytes = block != nullptr ? static_cast<char*>(block) : fixed;
+    Fold(text, length, bytes);
+    ConvertMBCSCharToSystem(bytes, charset, text, length + 1);
+    ffree_(&block);
+    return true;
+}
+
+int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
+    if (a == nullptr || b == nullptr) return 0;
+    const uint64 lengthA = platform::wcslen(a);
+    const uint64 lengthB = platform::wcslen(b);
+    if (lengthA + lengthB > FixedCompareUnits) return CompareLong(a, lengthA, b, lengthB);
+    const int32 result = CompareByUnits(units, a, b);
+    return result != Undecided ? result : CompareShort(a, lengthA, b, lengthB);
+}
+
+int32 StringNormalizerImpl::CompareShort(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const {
+    char bytes[2 * FixedCompareUnits + 4];
+    return CompareConverted(a, lengthA, b, lengthB, bytes);
+}
+
+// The block is asked for before anything is compared, since a text without one is compared in another way.
+int32 StringNormalizerImpl::CompareLong(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const {
+    const uint64 units16 = lengthA + lengthB + 2;
+    void* block = nullptr;
+    if (units16 > std::numeric_limits<uint32>::max() || !falloc_(units16 * sizeof(wchar16), &block, false, false)) {
+        return zuStrCmp(a, b);
+    }
+    int32 result = CompareByUnits(units, a, b);
+    if (result == Undecided) result = CompareConverted(a, lengthA, b, lengthB, static_cast<char*>(block));
+    ffree_(&block);
+    return result;
+}
+
+// `bytes` has room for twice the units of both texts and four more.
+int32 StringNormalizerImpl::CompareConverted(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB,
+                                             char* bytes) const {
+    char* const bytesOfB = bytes + ByteRoom(lengthA) + 1;
+    Fold(a, lengthA, bytes);
+    Fold(b, lengthB, bytesOfB);
+    return Sign(std::strcmp(bytes, bytesOfB));
+}
+
+void StringNormalizerImpl::Fold(const wchar16* text, uint64 length, char* bytes) const {
+    std::memset(bytes, 0, ByteRoom(length) + 1);
+    ConvertSystemToMBCSChar(text, bytes, charset, ByteRoom(length), false);
+    ApplyNormalizationTable(bytes, charset, *table);
+}
+
+uint32 StringNormalizerImpl::GetLCID() {
+    return GetLocaleIdentifier();
+}
+
+bool StringNormalizerImpl::IsNormalized(const wchar16* /*text*/) {
+    return false;
+}
+
+void StringNormalizerImpl::SetActive(bool isActive) {
+    active = isActive;
+}
+
+}  // namespace Torvo

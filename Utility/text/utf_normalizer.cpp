@@ -1,0 +1,208 @@
+#include <Utility/conversion.h>
+#include <Utility/memory_blocks.h>
+#include <Utility/normalizers.h>
+#include <Utility/platform/locales.h>
+#include <Utility/platform/runtime.h>
+#include <Utility/text/collation_loader.h>
+#include <Utility/text/collation_work.h>
+#include <Utility/text/key_text.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <string_view>
+
+namespace Torvo {
+
+namespace {
+
+constexpr int32 LocaleNameSize = 85;
+
+using platform::CollationCalls;
+using platform::CollationStrength;
+using platform::Collator;
+
+// A locale by identifier and name: the system's default where the identifier has no name.
+struct NamedLocale {
+    explicit NamedLocale(uint32 asked) : lcid(asked) {
+        if (LCIDToName(asked, name, LocaleNameSize)) return;
+        platform::GetSystemDefaultLocaleName(name, LocaleNameSize);
+        lcid = platform::LocaleNameToLCID(name, LOCALE_ALLOW_NEUTRAL_NAMES);
+    }
+
+    uint32 lcid;
+    wchar16 name[LocaleNameSize] = {};
+};
+
+// The name as ICU writes it, with an underline for each hyphen.
+class IcuLocaleName {
+public:
+    explicit IcuLocaleName(const wchar16* name) {
+        ConvertSystemToMBCSChar(name, bytes, system_charset(), LocaleNameSize, false);
+        std::replace(bytes, bytes + std::strlen(bytes), '-', '_');
+    }
+    const char* Text() const { return bytes; }
+    bool IsJapanese() const { return std::string_view(bytes).substr(0, 2) == "ja"; }
+
+private:
+    char bytes[LocaleNameSize + 1] = {};
+};
+
+// A collator of ICU's, owned.
+class OwnedCollator {
+public:
+    // Throws eNoCollator.
+    OwnedCollator(const CollationCalls* collationCalls, const char* locale) : calls(collationCalls) {
+        if (calls == nullptr) throw UtfStringNormalizerImpl::eNoCollator;
+        int32 status = 0;
+        collator = calls->open(locale, &status);
+        if (collator == nullptr || status > 0) throw UtfStringNormalizerImpl::eNoCollator;
+    }
+    ~OwnedCollator() { calls->close(collator); }
+    OwnedCollator(const OwnedCollator&) = delete;
+    OwnedCollator& operator=(const OwnedCollator&) = delete;
+
+    const CollationCalls& Calls() const { return *calls; }
+    Collator* Get() const { return collator; }
+
+private:
+    const CollationCalls* const calls;
+    Collator* collator = nullptr;
+};
+
+CollationStrength StrengthFor(uint16 code) {
+    return code != 0 ? CollationStrength::Secondary : CollationStrength::Primary;
+}
+
+}  // namespace
+
+// The collator is made first and goes last.
+struct UtfStringNormalizerImpl::Parts {
+    Parts(ZUCHARSET cs, const NamedLocale& locale, uint16 conversionCode)
+        : Parts(cs, locale.lcid, conversionCode, IcuLocaleName(locale.name)) {}
+    Parts(ZUCHARSET cs, uint32 localeIdentifier, uint16 conversionCode, const IcuLocaleName& name)
+        : charset(cs),
+          lcid(localeIdentifier),
+          code(conversionCode),
+          collator(LoadCollation(), name.Text()),
+          first(collator.Calls(), collator.Get(), name.IsJapanese()),
+          second(collator.Calls(), collator.Get(), name.IsJapanese()) {
+        collator.Calls().setStrength(collator.Get(),
+                                     name.IsJapanese() ? CollationStrength::Quaternary : StrengthFor(code));
+    }
+
+    const ZUCHARSET charset;
+    const uint32 lcid;
+    const uint16 code;  // not 0: the finer strength
+    const OwnedCollator collator;
+    sCollationWork first;   // of single texts and of the first one of a comparison
+    sCollationWork second;  // of the second one
+};
+
+namespace {
+
+// The key of a text in one work area: what a key text carries, or computed. Null if there is none.
+const char* KeyIn(sCollationWork& work, const wchar16* text) {
+    if (keytext::HasMark(text)) return keytext::KeyOf(text);
+    return work.SetText(text) && work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
+}
+
+int32 Sign(int difference) {
+    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
+}
+
+// Keys end at the first zero byte, and their bytes compare as unsigned ones: just what strcmp does.
+int32 CompareKeys(const char* a, const char* b) {
+    return a != nullptr && b != nullptr ? Sign(std::strcmp(a, b)) : 0;
+}
+
+// A zeroed block of so many units, or null.
+wchar16* NewText(uint64 units) {
+    void* block = nullptr;
+    falloc_(units * sizeof(wchar16), &block, false, true);
+    return static_cast<wchar16*>(block);
+}
+
+}  // namespace
+
+UtfStringNormalizerImpl::UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code)
+    : parts(new (std::nothrow) Parts(charset, NamedLocale(lcid), code)) {
+    if (parts == nullptr) throw eNoCollator;
+}
+
+UtfStringNormalizerImpl::~UtfStringNormalizerImpl() {
+    delete parts;
+}
+
+ZUCHARSET UtfStringNormalizerImpl::GetCharset() {
+    return parts->charset;
+}
+
+uint16 UtfStringNormalizerImpl::GetConversionCode() {
+    return parts->code;
+}
+
+uint16 UtfStringNormalizerImpl::GetAsciiCode() {
+    StringNormalizer* const byDefault = GetDefaultNormalizer();
+    return byDefault != nullptr ? byDefault->GetAsciiCode() : uint16{0};
+}
+
+bool UtfStringNormalizerImpl::IsActive() {
+    return false;
+}
+
+bool UtfStringNormalizerImpl::Normalize(const wchar16* source, wchar16** result, uint64* resultLength) {
+    if (source == nullptr || result == nullptr || source[0] == 0) return false;
+    if (keytext::HasMark(source)) {
+        const uint64 units = platform::wcslen(source) + 1;
+        wchar16* const copy = NewText(units);
+        if (copy == nullptr) return false;
+        std::memcpy(copy, source, units * sizeof(wchar16));
+        *result = copy;
+        return true;
+    }
+    sCollationWork& work = parts->first;
+    if (!work.SetText(source) || !work.ComputeKey()) return false;
+    const uint64 units = keytext::Units(work.KeySize());
+    wchar16* const text = NewText(units);
+    if (text == nullptr) return false;
+    keytext::Write(text, work.Key(), work.KeySize());
+    *result = text;
+    if (resultLength != nullptr) *resultLength = units;
+    return true;
+}
+
+bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
+    if (text == nullptr) return false;
+    if (keytext::HasMark(text)) return true;
+    sCollationWork& work = parts->first;
+    if (text[0] == 0 || !work.SetText(text)) return false;
+    const uint64 units = capacity != 0 ? capacity : platform::wcslen(text);
+    const uint64 bytes = units * sizeof(wchar16);
+    if (bytes < keytext::Overhead || !work.ComputeKey()) return false;
+    std::memset(text, 0, bytes);
+    keytext::Write(text, work.Key(), std::min(work.KeySize(), bytes - keytext::Overhead));
+    return true;
+}
+
+// Two plain texts are compared by the collator itself, which gives what comparing their keys gives, and sooner.
+int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
+    if (a == nullptr || b == nullptr) return 0;
+    sCollationWork& first = parts->first;
+    sCollationWork& second = parts->second;
+    if (keytext::HasMark(a) || keytext::HasMark(b)) return CompareKeys(KeyIn(first, a), KeyIn(second, b));
+    if (!first.SetText(a) || !second.SetText(b)) return 0;
+    return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
+                                                second.Length()));
+}
+
+uint32 UtfStringNormalizerImpl::GetLCID() {
+    return parts->lcid;
+}
+
+bool UtfStringNormalizerImpl::IsNormalized(const wchar16* text) {
+    return keytext::HasMark(text);
+}
+
+}  // namespace Torvo
