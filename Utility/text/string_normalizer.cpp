@@ -6,6 +6,7 @@
 #include <Utility/platform/runtime.h>
 #include <Utility/strings.h>
 #include <Utility/text/narrow_text.h>
+#include <Utility/text/short_texts.h>
 
 #include <cstring>
 #include <limits>
@@ -36,16 +37,19 @@ int32 Sign(int difference) {
     return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
 }
 
-// Compares two texts unit by unit: -1, 0 or 1, or Undecided.
+// Compares two texts unit by unit: -1, 0 or 1, or Undecided. They may begin anywhere up to the first unit in which two
+// whole texts differ: what stands before it becomes the same bytes in both, unless a mark follows, which is undecided.
 int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* b) {
     for (;; ++a, ++b) {
         const uint8 left = units.Byte(*a);
         const uint8 right = units.Byte(*b);
         if (left == right && left != 0) continue;
         if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
-        if (left == right) return 0;
-        if ((left != 0 && !units.LeavesAlone(a[1])) || (right != 0 && !units.LeavesAlone(b[1]))) return Undecided;
-        return left < right ? -1 : 1;
+        // The units behind, or the terminator once more.
+        const wchar16 nextA = a[left != 0 ? 1 : 0];
+        const wchar16 nextB = b[right != 0 ? 1 : 0];
+        if (!units.LeavesAlone(nextA) || !units.LeavesAlone(nextB)) return Undecided;
+        return (left > right) - (left < right);
     }
 }
 
@@ -111,6 +115,11 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
 
 int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (a == nullptr || b == nullptr) return 0;
+    if (AreShortTexts(a, b)) {
+        const uint32 same = ShortTextsDifference(a, b);
+        const int32 result = CompareByUnits(units, a + same, b + same);
+        return result != Undecided ? result : CompareShort(a, platform::wcslen(a), b, platform::wcslen(b));
+    }
     const uint64 lengthA = platform::wcslen(a);
     const uint64 lengthB = platform::wcslen(b);
     if (lengthA + lengthB > FixedCompareUnits) return CompareLong(a, lengthA, b, lengthB);

@@ -22,10 +22,11 @@ public:
     // What the byte means in system text, for a byte that Byte gave.
     wchar16 Unit(uint8 byte) const { return meanings[byte]; }
     // Whether a unit before this one is known to be folded for itself.
-    bool LeavesAlone(wchar16 next) const { return next == 0 || Byte(next) != 0; }
+    bool LeavesAlone(wchar16 next) const { return next < FirstMark || Byte(next) != 0; }
 
 private:
     static constexpr uint32 Known = 0x500;
+    static constexpr wchar16 FirstMark = 0x300;
 
     void ForgetMarks();
 

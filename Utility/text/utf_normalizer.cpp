@@ -189,9 +189,12 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
 // Two plain texts are compared by the collator itself, which gives what comparing their keys gives, and sooner.
 int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (a == nullptr || b == nullptr) return 0;
+    const bool isKeyA = keytext::HasMark(a);
+    const bool isKeyB = keytext::HasMark(b);
+    if (isKeyA && isKeyB) return CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
     sCollationWork& first = parts->first;
     sCollationWork& second = parts->second;
-    if (keytext::HasMark(a) || keytext::HasMark(b)) return CompareKeys(KeyIn(first, a), KeyIn(second, b));
+    if (isKeyA || isKeyB) return CompareKeys(KeyIn(first, a), KeyIn(second, b));
     if (!first.SetText(a) || !second.SetText(b)) return 0;
     return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
                                                 second.Length()));
