@@ -37,19 +37,25 @@ int32 Sign(int difference) {
     return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
 }
 
+// Compares two units, each by itself: -1 or 1 if they decide, 0 if they fold alike, or Undecided. A unit that differs
+// decides only if no combining mark follows it.
+inline int32 CompareUnit(const UnitFolding& units, const wchar16* a, const wchar16* b) {
+    const uint8 left = units.Byte(*a);
+    const uint8 right = units.Byte(*b);
+    if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
+    // The units behind, or the terminator once more.
+    const wchar16 nextA = a[left != 0 ? 1 : 0];
+    const wchar16 nextB = b[right != 0 ? 1 : 0];
+    if (left != right && (!units.LeavesAlone(nextA) || !units.LeavesAlone(nextB))) return Undecided;
+    return (left > right) - (left < right);
+}
+
 // Compares two texts unit by unit: -1, 0 or 1, or Undecided. They may begin anywhere up to the first unit in which two
 // whole texts differ: what stands before it becomes the same bytes in both, unless a mark follows, which is undecided.
 int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* b) {
     for (;; ++a, ++b) {
-        const uint8 left = units.Byte(*a);
-        const uint8 right = units.Byte(*b);
-        if (left == right && left != 0) continue;
-        if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
-        // The units behind, or the terminator once more.
-        const wchar16 nextA = a[left != 0 ? 1 : 0];
-        const wchar16 nextB = b[right != 0 ? 1 : 0];
-        if (!units.LeavesAlone(nextA) || !units.LeavesAlone(nextB)) return Undecided;
-        return (left > right) - (left < right);
+        const int32 result = CompareUnit(units, a, b);
+        if (result != 0 || *a == 0) return result;
     }
 }
 
@@ -113,13 +119,18 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
     return true;
 }
 
+// Most names are short and decided by the first unit in which they differ. Everything else is left to CompareAny, and
+// could be: this only saves time.
 int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (a == nullptr || b == nullptr) return 0;
-    if (AreShortTexts(a, b)) {
-        const uint32 same = ShortTextsDifference(a, b);
-        const int32 result = CompareByUnits(units, a + same, b + same);
-        return result != Undecided ? result : CompareShort(a, platform::wcslen(a), b, platform::wcslen(b));
-    }
+    if (!AreShortTexts(a, b)) return CompareAny(a, b);
+    const uint32 same = ShortTextsDifference(a, b);
+    if (a[same] == b[same]) return 0;
+    const int32 result = CompareUnit(units, a + same, b + same);
+    return result != 0 && result != Undecided ? result : CompareAny(a, b);
+}
+
+int32 StringNormalizerImpl::CompareAny(const wchar16* a, const wchar16* b) const {
     const uint64 lengthA = platform::wcslen(a);
     const uint64 lengthB = platform::wcslen(b);
     if (lengthA + lengthB > FixedCompareUnits) return CompareLong(a, lengthA, b, lengthB);

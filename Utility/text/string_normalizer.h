@@ -30,6 +30,7 @@ public:
     virtual void SetActive(bool isActive);
 
 private:
+    int32 CompareAny(const wchar16* a, const wchar16* b) const;
     int32 CompareShort(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const;
     int32 CompareLong(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const;
     int32 CompareConverted(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB, char* bytes) const;
