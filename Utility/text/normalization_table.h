@@ -4,6 +4,7 @@
 #include <Utility/platform/types.h>
 
 #include <algorithm>
+#include <array>
 
 namespace Torvo {
 
@@ -32,15 +33,22 @@ public:
     // Copies `Size` bytes. Throws eNoBytes for null.
     constexpr explicit NormalizationTable(const uint8* bytes) {
         if (bytes == nullptr) throw eNoBytes;
-        std::copy_n(bytes, Size, table);
-        code = Crc16(table, Size);
-        asciiCode = Crc16(table + AsciiFirst, AsciiCount);
+        Fill(bytes);
     }
+    // The same for bytes that are there, which a compiler can always do ahead.
+    constexpr explicit NormalizationTable(const std::array<uint8, Size>& bytes) { Fill(bytes.data()); }
     constexpr virtual ~NormalizationTable() = default;
 
     uint8 table[Size]{};   // what each byte folds to
     uint16 code = 0;       // the conversion code: of the whole table
     uint16 asciiCode = 0;  // of what it does to printable ASCII
+
+private:
+    constexpr void Fill(const uint8* bytes) {
+        std::copy_n(bytes, Size, table);
+        code = Crc16(table, Size);
+        asciiCode = Crc16(table + AsciiFirst, AsciiCount);
+    }
 };
 
 inline constexpr uint64 NormalizationTableCount = 11;
