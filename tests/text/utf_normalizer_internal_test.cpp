@@ -86,9 +86,15 @@ TEST_F(UtfNormalizerMemory, FailureComparesEqual) {
     const wstring16 text = LongText();
     const uint64 requests = test::RefuseEachRequest([&](uint64 nth, FailingHeap::Mode mode) {
         UtfStringNormalizerImpl normalizer(csUTF16, 0x0409, 1);
-        const FailingHeap heap(nth, mode);
-        EXPECT_EQ(normalizer.Compare(text.c_str(), ZUTEXT("a")), heap.Refused() ? 0 : 1);
-        return heap.Refused();
+        int32 result = 77;
+        bool refused = false;
+        {
+            const FailingHeap heap(nth, mode);
+            result = normalizer.Compare(text.c_str(), ZUTEXT("a"));
+            refused = heap.Refused();
+        }
+        EXPECT_EQ(result, refused ? 0 : 1);
+        return refused;
     });
     EXPECT_GE(requests, 1u);
 }
