@@ -40,13 +40,14 @@ int32 Sign(int difference) {
 // Compares two units, each by itself: -1 or 1 if they decide, 0 if they fold alike, or Undecided. A unit that differs
 // decides only if no combining mark follows it.
 inline int32 CompareUnit(const UnitFolding& units, const wchar16* a, const wchar16* b) {
+    if (!UnitFolding::MayKnowBoth(*a, *b)) return Undecided;
     const uint8 left = units.Byte(*a);
     const uint8 right = units.Byte(*b);
     if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
     // The units behind, or the terminator once more.
     const wchar16 nextA = a[left != 0 ? 1 : 0];
     const wchar16 nextB = b[right != 0 ? 1 : 0];
-    if (left != right && (!units.LeavesAlone(nextA) || !units.LeavesAlone(nextB))) return Undecided;
+    if (left != right && !units.LeaveAlone(nextA, nextB)) return Undecided;
     return (left > right) - (left < right);
 }
 
@@ -62,7 +63,7 @@ int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* 
 // Folds a text in place, unit by unit; false, with nothing done, where that does not decide.
 bool FoldByUnits(const UnitFolding& units, wchar16* text, uint64 length) {
     for (uint64 index = 0; index < length; ++index) {
-        if (units.Byte(text[index]) == 0) return false;
+        if (!UnitFolding::MayKnow(text[index]) || units.Byte(text[index]) == 0) return false;
     }
     for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Byte(text[index]));
     return true;
@@ -119,15 +120,21 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
     return true;
 }
 
-// Most names are short and decided by the first unit in which they differ. Everything else is left to CompareAny, and
+// Most names are short, and the first unit in which they differ decides. Everything else is left to CompareAny, and all
 // could be: this only saves time.
+//
+// Two texts of more than 512 units are compared in a block, or by unit where there is none. So the result may be given
+// here when both are short, or when one is and comparing by unit gives the same.
 int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (a == nullptr || b == nullptr) return 0;
-    if (!AreShortTexts(a, b)) return CompareAny(a, b);
-    const uint32 same = ShortTextsDifference(a, b);
-    if (a[same] == b[same]) return 0;
-    const int32 result = CompareUnit(units, a + same, b + same);
-    return result != 0 && result != Undecided ? result : CompareAny(a, b);
+    if (!CanReadAhead(a) || !CanReadAhead(b)) return CompareAny(a, b);
+    const uint32 place = FirstDifference(a, b);
+    if (place == ShortTextUnits) return CompareAny(a, b);
+    if (a[place] == b[place]) return 0;
+    const int32 result = CompareUnit(units, a + place, b + place);
+    const bool decides = result != 0 && result != Undecided;
+    const bool asByUnit = (result < 0) == (a[place] < b[place]);
+    return decides && IsShortText(a) && (asByUnit || IsShortText(b)) ? result : CompareAny(a, b);
 }
 
 int32 StringNormalizerImpl::CompareAny(const wchar16* a, const wchar16* b) const {

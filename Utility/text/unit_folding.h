@@ -17,20 +17,30 @@ class UnitFolding {
 public:
     UnitFolding(ZUCHARSET cs, const NormalizationTable& table);
 
+    // False if either unit is beyond what Byte may be asked for.
+    static bool MayKnowBoth(wchar16 a, wchar16 b) { return (a | b) < Room; }
+    // Whether Byte may be asked for the unit.
+    static bool MayKnow(wchar16 unit) { return unit < Room; }
+
     // The byte that the unit folds to when no combining mark follows it; 0 for the terminator and where not known.
-    uint8 Byte(wchar16 unit) const { return unit < Known ? bytes[unit] : uint8{0}; }
+    uint8 Byte(wchar16 unit) const { return bytes[unit]; }
     // What the byte means in system text, for a byte that Byte gave.
     wchar16 Unit(uint8 byte) const { return meanings[byte]; }
-    // Whether a unit before this one is known to be folded for itself.
-    bool LeavesAlone(wchar16 next) const { return next < FirstMark || Byte(next) != 0; }
+    // Whether units before these two are known to be folded each for itself.
+    bool LeaveAlone(wchar16 nextA, wchar16 nextB) const {
+        return (nextA | nextB) < BelowMarks || (LeavesAlone(nextA) && LeavesAlone(nextB));
+    }
 
 private:
     static constexpr uint32 Known = 0x500;
-    static constexpr wchar16 FirstMark = 0x300;
+    // A power of two, so that one look tells of two units whether both are below it.
+    static constexpr uint32 Room = 0x800;
+    static constexpr wchar16 BelowMarks = 0x200;
 
+    bool LeavesAlone(wchar16 next) const { return next < BelowMarks || (MayKnow(next) && Byte(next) != 0); }
     void ForgetMarks();
 
-    uint8 bytes[Known]{};
+    uint8 bytes[Room]{};
     wchar16 meanings[256]{};
 };
 
