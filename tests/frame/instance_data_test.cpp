@@ -53,6 +53,8 @@ public:
           charsetConverter(static_cast<cCharsetConverter*>(instance->GetSlot(4))),
           charsetInfo(static_cast<cCharsetInfo*>(instance->GetSlot(5))),
           errorSystem(static_cast<cErrorSystem*>(instance->GetSlot(7))),
+          fileCache(static_cast<cFileCache*>(instance->GetSlot(8))),
+          fileSystem(static_cast<cFileSystem*>(instance->GetSlot(2))),
           normalizers(static_cast<StringNormalizerManager*>(instance->GetSlot(13))),
           stringBuffers(static_cast<cStringResourceBuffers*>(instance->GetSlot(9))) {}
 
@@ -64,6 +66,8 @@ public:
         delete errorSystem;
         delete normalizers;
         delete stringBuffers;
+        delete fileSystem;
+        delete fileCache;
     }
 
 private:
@@ -72,6 +76,8 @@ private:
     cCharsetConverter* const charsetConverter;
     cCharsetInfo* const charsetInfo;
     cErrorSystem* const errorSystem;
+    cFileCache* const fileCache;
+    cFileSystem* const fileSystem;
     StringNormalizerManager* const normalizers;
     cStringResourceBuffers* const stringBuffers;
 };
@@ -112,7 +118,11 @@ TEST(Instance, HasAllServicesUnderTheirKeys) {
         EXPECT_EQ(instance->GetSlot(7), cErrorSystem::Instance());
         EXPECT_EQ(instance->GetSlot(9), cStringResourceBuffers::Instance());
         EXPECT_EQ(instance->GetSlot(13), StringNormalizerManager::Instance());
-        for (const unsigned int key : {1u, 3u, 4u, 5u, 7u, 9u, 13u}) EXPECT_NE(instance->GetSlot(key), nullptr) << key;
+        EXPECT_EQ(instance->GetSlot(2), cFileSystem::Instance());
+        EXPECT_EQ(instance->GetSlot(8), cFileCache::Instance());
+        for (const unsigned int key : {1u, 2u, 3u, 4u, 5u, 7u, 8u, 9u, 13u}) {
+            EXPECT_NE(instance->GetSlot(key), nullptr) << key;
+        }
         for (const unsigned int key : {0u, 6u, 10u, 11u, 12u, 14u, 1000u}) EXPECT_EQ(instance->GetSlot(key), nullptr);
     });
 }

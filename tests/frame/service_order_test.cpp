@@ -1,6 +1,7 @@
 // The order in which an instance's services are destroyed, written down by services that stand in for them.
 #include <gtest/gtest.h>
 #include <support/logging_services.h>
+#include <support/temp_directory.h>
 
 #include <string>
 #include <thread>
@@ -16,7 +17,9 @@ void Replace(const char* name, std::string& log) {
     EXPECT_TRUE(Service::Instance(new Logging(name, log)));
 }
 
+// All but the file system, which has more than a hundred operations; what it does to the cache shows when it goes.
 void ReplaceAll(std::string& log) {
+    Replace<cFileCache, test::LoggingFileCache>("cache", log);
     Replace<cCheckEsc, test::LoggingCheckEsc>("cancel", log);
     Replace<StringNormalizerManager, test::LoggingNormalizerManager>("normalizers", log);
     Replace<cCharsetConverter, test::LoggingCharsetConverter>("converter", log);
@@ -26,7 +29,7 @@ void ReplaceAll(std::string& log) {
     Replace<cStringResourceBuffers, test::LoggingResourceBuffers>("buffers", log);
 }
 
-constexpr const char* orderOfDestruction = "buffers errors normalizers charset converter locale cancel ";
+constexpr const char* orderOfDestruction = "buffers errors normalizers charset converter locale cancel cache ";
 
 TEST(ServiceOrder, OfDestruction) {
     std::string log;
@@ -59,6 +62,24 @@ TEST(ServiceOrder, NothingIsDestroyedUnderAClearedFlag) {
         InstanceData::Destroy(false, false);
     }).join();
     EXPECT_EQ(log, orderOfDestruction);
+}
+
+// The file system goes between the cancel check and the cache, into which it closes its idle files.
+TEST(ServiceOrder, OfTheFileSystem) {
+    const test::TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("idle.dat"), "content");
+    std::string log;
+    std::thread([&] {
+        delete cFileSystem::Instance();
+        cFileSystem::Instance(cFileSystem::Create(8, false, nullptr));
+        const int file = register_file(path.c_str(), ftNone, true);
+        EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+        EXPECT_EQ(close2(file), 0);
+        EXPECT_NE(GetFileFD(file), -1) << "idle, not closed";
+        ReplaceAll(log);
+        InstanceData::Destroy(false, false);
+    }).join();
+    EXPECT_EQ(log, "buffers errors normalizers charset converter locale cancel flush cache ");
 }
 
 // Services that were never created are passed over.

@@ -106,4 +106,24 @@ public:
     void CancelConfirmed() override {}
 };
 
+// Writes down too when a file's blocks are to be written, as they are when an idle file is closed.
+class LoggingFileCache final : public cFileCache, private LoggedEnd {
+public:
+    LoggingFileCache(std::string name, std::string& log) : LoggedEnd(std::move(name), log), flushes_(log) {}
+    bool Forget(int) override { return true; }
+    bool Flush(int) override {
+        flushes_ += "flush ";
+        return true;
+    }
+    int BlockCount() override { return 0; }
+    int BlockSize() override { return 0; }
+    bool Lookup(int, int64, CacheEntry**, int) override { return false; }
+    CacheEntry* EntryAt(int) override { return nullptr; }
+    void* BlockData(int) override { return nullptr; }
+    void EvictAt(int) override {}
+
+private:
+    std::string& flushes_;
+};
+
 }  // namespace Torvo::test

@@ -67,32 +67,55 @@ private:
     wchar16 last_ = 0x4FF;
 };
 
-// Every set with a page in turn, the symbolic ones and some without a page, each with every table.
+// One round: two texts are compared, and one is folded in place.
+void CompareWithThePlainForm(StringNormalizerImpl& normalizer, const NormalizationTable& table, test::Random& random,
+                             RandomNames& names) {
+    constexpr std::pair<wchar16, wchar16> scripts[] = {
+        {1, 0xFF}, {0x80, 0x17F}, {0x370, 0x3FF}, {0x400, 0x4FF}, {0x5D0, 0x5EA}, {0x3040, 0x30FF}, {0xFF61, 0xFF9F}};
+    const auto [first, last] = scripts[random.Between(0, std::size(scripts) - 1)];
+    names.Choose(first, last);
+    const ZUCHARSET cs = normalizer.GetCharset();
+    const wstring16 a = names.Text(random.OneIn(30) ? 600 : 12);
+    const wstring16 b = random.OneIn(4) ? names.Text(12) : names.Near(a);
+    ASSERT_EQ(normalizer.Compare(a.c_str(), b.c_str()), test::PlainCompare(a, b, cs, table)) << cs << " " << table.code;
+    wstring16 folded = a;
+    ASSERT_TRUE(normalizer.NormalizeInPlace(folded.data(), 0));
+    ASSERT_EQ(wstring16(folded.c_str()), test::PlainNormalize(a, cs, table)) << cs << " " << table.code;
+}
+
+// Every set that has a code page, the symbolic ones too, with every table.
 TEST(StringNormalizerModel, AgreesWithThePlainForm) {
     const SystemCharset latin(csWindowsLatin1);
     test::Random random;
     SCOPED_TRACE(random.About());
     RandomNames names(random);
-    constexpr std::pair<wchar16, wchar16> scripts[] = {
-        {1, 0xFF}, {0x80, 0x17F}, {0x370, 0x3FF}, {0x400, 0x4FF}, {0x5D0, 0x5EA}, {0x3040, 0x30FF}, {0xFF61, 0xFF9F}};
-    const int rounds = test::kRandomOperations / 100'000;
+    const int rounds = test::kRandomOperations / 50'000;
     for (int charset = 0; charset <= 56; ++charset) {
         const auto cs = static_cast<ZUCHARSET>(charset);
+        if (GetWinCodePage(cs) < 0) continue;
         for (const NormalizationTable& table : normalizationTables) {
             StringNormalizerImpl normalizer(cs, &table);
             for (int round = 0; round < rounds; ++round) {
-                const auto [first, last] = scripts[random.Between(0, std::size(scripts) - 1)];
-                names.Choose(first, last);
-                const wstring16 a = names.Text(random.OneIn(30) ? 600 : 12);
-                const wstring16 b = random.OneIn(4) ? names.Text(12) : names.Near(a);
-                ASSERT_EQ(normalizer.Compare(a.c_str(), b.c_str()), test::PlainCompare(a, b, cs, table))
-                    << charset << " " << table.code;
-                wstring16 folded = a;
-                ASSERT_TRUE(normalizer.NormalizeInPlace(folded.data(), 0));
-                ASSERT_EQ(wstring16(folded.c_str()), test::PlainNormalize(a, cs, table))
-                    << charset << " " << table.code;
+                CompareWithThePlainForm(normalizer, table, random, names);
+                if (HasFatalFailure()) return;
             }
         }
+    }
+}
+
+// The others take the system charset's page all alike. (Asking for a page that there is not is slow on some systems.)
+TEST(StringNormalizerModel, AgreesWithThePlainFormInSetsWithoutAPage) {
+    const SystemCharset latin(csWindowsLatin1);
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    RandomNames names(random);
+    for (int charset = 0; charset <= 56; ++charset) {
+        const auto cs = static_cast<ZUCHARSET>(charset);
+        if (GetWinCodePage(cs) >= 0) continue;
+        const NormalizationTable& table = normalizationTables[charset % std::size(normalizationTables)];
+        StringNormalizerImpl normalizer(cs, &table);
+        CompareWithThePlainForm(normalizer, table, random, names);
+        if (HasFatalFailure()) return;
     }
 }
 
