@@ -10,9 +10,12 @@
 #include <support/user_locale.h>
 #include <support/vtable_slot.h>
 
-#include <array>
+#include <algorithm>
+#include <cstdint>
 #include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -217,6 +220,44 @@ TEST_F(WesternNormalizer, PutsTheDanishLettersBehindZ) {
     EXPECT_EQ(danish.Compare(ZUTEXT("\u00E4"), ZUTEXT("\u00C6")), 0);
     EXPECT_EQ(danish.Compare(ZUTEXT("\u00F6"), ZUTEXT("\u00D8")), 0);
     EXPECT_EQ(danish.Compare(ZUTEXT("\u00FC"), ZUTEXT("y")), 0);
+}
+
+// Short texts are looked at many units at a time, but only within a page.
+TEST_F(WesternNormalizer, ComparesTextsWhereverTheyLie) {
+    constexpr std::size_t pageUnits = 2048;
+    std::vector<wchar16> memory(4 * pageUnits, wchar16{'#'});
+    const auto address = reinterpret_cast<std::uintptr_t>(memory.data());
+    const std::size_t toPage = (4096 - address % 4096) % 4096 / 2;
+    wchar16* const page = memory.data() + toPage + pageUnits;
+    const auto placed = [](wchar16* place, const wstring16& text) {
+        text.copy(place, text.size());
+        place[text.size()] = 0;
+        return place;
+    };
+    for (const std::size_t length : {0u, 1u, 7u, 8u, 20u, 23u, 24u, 25u, 31u, 40u}) {
+        const wstring16 text(length, wchar16{'x'});
+        for (std::size_t before = 0; before < 45; ++before) {
+            const wchar16* const a = placed(page - before, text);
+            EXPECT_EQ(normalizer.Compare(a, text.c_str()), 0) << length << " " << before;
+            EXPECT_EQ(normalizer.Compare(a, (text + ZUTEXT("y")).c_str()), -1) << length << " " << before;
+            EXPECT_EQ(normalizer.Compare((text + ZUTEXT("\u00E9")).c_str(), a), 1) << length << " " << before;
+            std::fill_n(page - before, length + 1, wchar16{'#'});
+        }
+    }
+}
+
+// A small letter and a capital are the other way round by unit, whatever the lengths.
+TEST_F(WesternNormalizer, ComparesTextsOfAnyTwoLengths) {
+    for (const std::size_t left : {1u, 10u, 23u, 24u, 200u, 480u}) {
+        for (const std::size_t right : {1u, 10u, 23u, 24u, 200u, 600u}) {
+            const wstring16 small = wstring16(left, wchar16{'a'});
+            const wstring16 capital = wstring16(right, wchar16{'B'});
+            EXPECT_EQ(normalizer.Compare(small.c_str(), capital.c_str()), -1) << left << " " << right;
+            EXPECT_EQ(normalizer.Compare(capital.c_str(), small.c_str()), 1) << left << " " << right;
+            EXPECT_EQ(normalizer.Compare(small.c_str(), wstring16(right, wchar16{'A'}).c_str()),
+                      (left > right) - (left < right));
+        }
+    }
 }
 
 TEST_F(WesternNormalizer, TakesALetterAndItsMarkAsOne) {
