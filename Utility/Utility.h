@@ -39,7 +39,9 @@
 #include <Utility/sql_dates.h>
 #include <Utility/sql_numbers.h>
 #include <Utility/startup.h>
+#include <Utility/string_cache.h>
 #include <Utility/strings.h>
+#include <Utility/text_tools.h>
 #include <Utility/time_spans.h>
 #include <Utility/times.h>
 #include <Utility/version.h>

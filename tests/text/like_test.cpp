@@ -1,0 +1,219 @@
+#include <Utility/errors.h>
+#include <Utility/strings.h>
+#include <Utility/text_tools.h>
+#include <gtest/gtest.h>
+#include <reference/plain_like.h>
+#include <support/random.h>
+
+#include <string>
+
+namespace {
+
+using namespace Torvo;
+using test::PlainLike;
+
+// The verdict, or "bad" for a pattern that is refused. What *match holds before must not matter.
+std::string Match(const wstring16& text, const wstring16& pattern, const wstring16& escape = ZUTEXT("")) {
+    bool results[2] = {false, true};
+    for (bool& match : results) {
+        if (!Like(text.c_str(), pattern.c_str(), escape.c_str(), &match)) return match ? "bad, but set" : "bad";
+    }
+    EXPECT_EQ(results[0], results[1]);
+    return results[0] ? "yes" : "no";
+}
+
+class LikeTest : public testing::Test {
+protected:
+    void SetUp() override { ClearErrors(); }
+    void TearDown() override { ClearErrors(); }
+};
+
+TEST_F(LikeTest, LiteralsAreComparedWithCase) {
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("abc")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("abd")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("ab")), "no");
+    EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("abc")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("ABC")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("A%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("\u0416\u0443\u043A"), ZUTEXT("\u0416\u0443%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("\u0416\u0443\u043A"), ZUTEXT("\u0436\u0443%")), "no");
+}
+
+TEST_F(LikeTest, ARunStandsForAnyNumberOfCharacters) {
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("a%c")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("ac"), ZUTEXT("a%c")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abcbc"), ZUTEXT("a%c")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abcb"), ZUTEXT("a%c")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%b%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%d%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("aab"), ZUTEXT("%ab")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abab"), ZUTEXT("%ab")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abcabd"), ZUTEXT("ab%ab_")), "yes");
+}
+
+TEST_F(LikeTest, AnUnderlineStandsForOneCharacter) {
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("a_c")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("a__c")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("___")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("__")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("____")), "no");
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("_")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%_")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("_%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%____")), "no");
+    EXPECT_EQ(Match(ZUTEXT("xxaybx"), ZUTEXT("%a_b_")), "yes");
+}
+
+TEST_F(LikeTest, EmptyTexts) {
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("")), "no");
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("a")), "no");
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%")), "yes");
+}
+
+// A run at the end of the text matches only if it ends the pattern.
+TEST_F(LikeTest, TwoRunsAtTheEndOfTheTextDoNotMatch) {
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("a%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("a%%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("a%%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("xa"), ZUTEXT("%a%%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("aa"), ZUTEXT("%a%%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("%%%%")), "yes");
+}
+
+TEST_F(LikeTest, AnEscapedCharacterIsALiteral) {
+    EXPECT_EQ(Match(ZUTEXT("100%"), ZUTEXT("100!%"), ZUTEXT("!")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("1000"), ZUTEXT("100!%"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a_b"), ZUTEXT("a!_b"), ZUTEXT("!")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("axb"), ZUTEXT("a!_b"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a!b"), ZUTEXT("a!!b"), ZUTEXT("!")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("50% off"), ZUTEXT("%!%%"), ZUTEXT("!")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("half off"), ZUTEXT("%!%%"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("!%"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("!%"), ZUTEXT("!")), "no");
+    EXPECT_EQ(NumErrors(), 0);
+}
+
+TEST_F(LikeTest, OnlyTheFirstUnitOfTheEscapeCounts) {
+    EXPECT_EQ(Match(ZUTEXT("a%"), ZUTEXT("a!%"), ZUTEXT("!?")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("a?b"), ZUTEXT("a?b"), ZUTEXT("!?")), "yes");
+}
+
+TEST_F(LikeTest, AnEmptyEscapeMeansNone) {
+    EXPECT_EQ(Match(ZUTEXT("a!b"), ZUTEXT("a!b"), ZUTEXT("")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("a!b"), ZUTEXT("a!%"), ZUTEXT("")), "yes");
+}
+
+TEST_F(LikeTest, TheEscapeMayBeAWildcard) {
+    EXPECT_EQ(Match(ZUTEXT("100%"), ZUTEXT("100%%"), ZUTEXT("%")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("1000"), ZUTEXT("100%%"), ZUTEXT("%")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a_"), ZUTEXT("%__"), ZUTEXT("_")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("%__"), ZUTEXT("_")), "no");
+    EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("a%"), ZUTEXT("%")), "bad");
+}
+
+TEST_F(LikeTest, ABadEscapeIsAnError) {
+    const auto raises = [](const wchar16* text, const wchar16* pattern) {
+        ClearErrors();
+        bool match = true;
+        EXPECT_FALSE(Like(text, pattern, ZUTEXT("!"), &match));
+        EXPECT_FALSE(match);
+        return NumErrors() == 1 && GetErrorNum(0) == 19 && GetResourceID(0) == 61;
+    };
+    EXPECT_TRUE(raises(ZUTEXT("100%"), ZUTEXT("1!0")));
+    EXPECT_TRUE(raises(ZUTEXT("1"), ZUTEXT("1!")));
+    EXPECT_TRUE(raises(ZUTEXT(""), ZUTEXT("!x")));
+    EXPECT_TRUE(raises(ZUTEXT("abc"), ZUTEXT("%c!x")));
+    EXPECT_TRUE(raises(ZUTEXT("abc"), ZUTEXT("%!x")));
+    EXPECT_TRUE(raises(ZUTEXT("ab"), ZUTEXT("__!x")));
+}
+
+TEST_F(LikeTest, ABadEscapeBehindAFailureIsNotSeen) {
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("x!y"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%!y"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT("abc"), ZUTEXT("%x!y"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(ZUTEXT("a"), ZUTEXT("__!y"), ZUTEXT("!")), "no");
+    EXPECT_EQ(NumErrors(), 0);
+}
+
+TEST_F(LikeTest, ACharacterIsKnownByItsFirstUnit) {
+    const wchar16 marked[] = ZUTEXT("e\u0301x");
+    if (zuNextChar(marked) == marked + 1) GTEST_SKIP() << "this system's CharNextW does not step over combining marks";
+    EXPECT_EQ(Match(ZUTEXT("e\u0301x"), ZUTEXT("_x")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("e\u0301x"), ZUTEXT("ex")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("ex"), ZUTEXT("e\u0301x")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("abcde\u0301fgh"), ZUTEXT("abcdefgh")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("e\u0301x"), ZUTEXT("%\u0301x")), "yes") << "the mark belongs to the run";
+    EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("_")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("\U0001F601")), "yes") << "the first halves are equal";
+}
+
+// Without care these take longer than the sun will shine, or more stack than there is.
+TEST_F(LikeTest, HostilePatternsTakeNoLongerThanTheProductOfTheLengths) {
+    const wstring16 text(10'000, 'a');
+    EXPECT_EQ(Match(text, ZUTEXT("%a%a%a%a%a%a%b")), "no");
+    EXPECT_EQ(Match(text, ZUTEXT("%a%a%a%a%a%a%!b"), ZUTEXT("!")), "bad");
+    EXPECT_EQ(Match(text, ZUTEXT("%_%_%_%_%_%_%_%_%b")), "no");
+    EXPECT_EQ(Match(text, wstring16(10'000, '%')), "yes");
+    EXPECT_EQ(Match(text, wstring16(10'000, '_')), "yes");
+    EXPECT_EQ(Match(text, ZUTEXT("%") + wstring16(3'000, 'a') + ZUTEXT("b")), "no");
+    wstring16 pattern;
+    for (int i = 0; i < 5'000; ++i) pattern += ZUTEXT("%a");
+    EXPECT_EQ(Match(text, pattern), "yes");
+    EXPECT_EQ(Match(text, pattern + ZUTEXT("%b")), "no");
+    for (int i = 0; i < 5'001; ++i) pattern += ZUTEXT("%a");
+    EXPECT_EQ(Match(text, pattern), "no");
+}
+
+wstring16 RandomFrom(test::Random& random, const std::vector<wstring16>& characters, int64 most) {
+    wstring16 text;
+    const auto last = static_cast<int64>(characters.size()) - 1;
+    for (int64 left = random.Between(0, most); left > 0; --left) {
+        text += characters[static_cast<std::size_t>(random.Between(0, last))];
+    }
+    return text;
+}
+
+void CompareWithThePlainForm(const std::vector<wstring16>& textCharacters,
+                             const std::vector<wstring16>& patternCharacters, int cases) {
+    const std::vector<wstring16> escapes = {ZUTEXT(""),  ZUTEXT("!"), ZUTEXT("!"),
+                                            ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("a")};
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    for (int i = 0; i < cases; ++i) {
+        const wstring16 text = RandomFrom(random, textCharacters, 9);
+        const wstring16 pattern = RandomFrom(random, patternCharacters, 8);
+        const wstring16& escape = escapes[static_cast<std::size_t>(random.Between(0, 5))];
+        bool expected = true;
+        int errors = 0;
+        const bool isGood = PlainLike(text.c_str(), pattern.c_str(), escape.c_str(), &expected, &errors);
+        bool match = !expected;
+        ASSERT_EQ(Like(text.c_str(), pattern.c_str(), escape.c_str(), &match), isGood);
+        ASSERT_EQ(match, expected) << i;
+        ASSERT_EQ(NumErrors(), errors);
+        if (errors != 0) ClearErrors();
+    }
+}
+
+TEST_F(LikeTest, AnswersAsThePlainFormDoes) {
+    CompareWithThePlainForm(
+        {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("c"), ZUTEXT("%"), ZUTEXT("_")},
+        {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("%"), ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("!")},
+        60'000);
+}
+
+TEST_F(LikeTest, AnswersAsThePlainFormDoesAmongMarksAndPairs) {
+    const std::vector<wstring16> joining = {ZUTEXT("a"),       ZUTEXT("b"),          ZUTEXT("\u0301"),
+                                            ZUTEXT("\u3042"),  ZUTEXT("\U0001F600"), {wchar16{0xD83D}},
+                                            {wchar16{0xDE00}}, ZUTEXT("\u02FF"),     ZUTEXT("\u0300")};
+    std::vector<wstring16> wild = joining;
+    for (const wchar16* const unit : {ZUTEXT("%"), ZUTEXT("%"), ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("!"), ZUTEXT("a")}) {
+        wild.push_back(unit);
+    }
+    CompareWithThePlainForm(joining, wild, 60'000);
+}
+
+}  // namespace
