@@ -1,6 +1,6 @@
 #include <Utility/platform/number_text.h>
 #include <Utility/platform/posix/builtin_locale.h>
-#include <Utility/platform/posix/text_scan.h>
+#include <Utility/platform/text_scan.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/platform/unit_set.h>

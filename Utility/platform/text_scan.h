@@ -1,4 +1,4 @@
-// Scanning and comparing 16-bit text sixteen bytes at a time.
+// Scanning and comparing 16-bit text sixteen bytes at a time, for every system whose pages have 4 KiB.
 //
 // A scan loads aligned blocks, and a comparison loads a block only when it lies within one page. Such a load may take
 // in bytes before the text or behind its terminator, but never a page that the text does not reach. A sanitizer cannot
@@ -115,6 +115,8 @@ inline __m128i Either(__m128i a, __m128i b) {
 }
 
 // Two bits per unit of a block of all-ones and all-zeros.
+inline constexpr unsigned WholeMask = 0xFFFF;
+
 inline unsigned Mask(__m128i block) {
     return static_cast<unsigned>(_mm_movemask_epi8(block));
 }
@@ -193,7 +195,7 @@ inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 
         const unsigned mask = Mask(_mm_cmpeq_epi16(_mm_load_si128(block), wanted)) & inside;
         if (mask != 0) return reinterpret_cast<const wchar16*>(block) + (std::bit_width(mask) - 1) / 2;
         if (block == first) return nullptr;
-        inside = 0xFFFF;
+        inside = WholeMask;
     }
 }
 
@@ -238,7 +240,7 @@ static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std:
             const __m128i left = LoadAny(a + index);
             const __m128i same = SameUnits<IgnoreCase>(left, LoadAny(b + index));
             const unsigned goesOn = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same));
-            if (goesOn != 0xFFFF) return std::min(index + FirstUnit(~goesOn), count);
+            if (goesOn != WholeMask) return std::min(index + FirstUnit(~goesOn), count);
         }
         index = FirstDifferenceByUnit<IgnoreCase>(a, b, index, end);
         if (index < end) return index;
