@@ -2,6 +2,8 @@
 #include <Utility/platform/threads.h>
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 
 #include "code_page_conversions.h"
 #include "code_page_encoder.h"
@@ -48,12 +50,33 @@ private:
     bool metRefused_ = false;
 };
 
-// Sixteen bytes of ASCII at once, as long as they come.
-void CopyAscii(DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
-    const std::size_t ascii =
-        WidenAscii(decoder.At(), target.text + count, std::min(decoder.Left(), target.size - count));
-    decoder.Skip(ascii);
-    count += ascii;
+// Up to the first byte that needs a closer look, the last one, or the last unit. Sixteen bytes of ASCII go at once.
+// Places are kept in locals, so that they can be kept in registers.
+void DecodeByTable(const CodePage& page, DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
+    const uint8* at = decoder.At();
+    const uint8* const last = at + decoder.Left() - 1;
+    wchar16* to = target.text + count;
+    const wchar16* const room = target.text + target.size;
+    while (at < last && to != room) {
+        if (*at < 0x80) {
+            if (at[1] < 0x80 && last - at >= LaneCount && room - to >= LaneCount) {
+                const std::size_t ascii = WidenAscii(at, to, static_cast<std::size_t>(std::min(last - at, room - to)));
+                at += ascii;
+                to += ascii;
+                if (ascii != 0) continue;
+            }
+            *to++ = *at++;
+        } else if (!page.IsLead(*at)) {
+            *to++ = page.Single(*at++);
+        } else {
+            const wchar16 unit = page.Pair(at[0], at[1]);
+            if (unit == 0) break;
+            *to++ = unit;
+            at += 2;
+        }
+    }
+    decoder.Skip(static_cast<std::size_t>(at - decoder.At()));
+    count = static_cast<std::size_t>(to - target.text);
 }
 
 Conversion CountUnits(const CodePage& page, ByteText source, bool strict) {
@@ -70,7 +93,62 @@ std::size_t SizeOf(uint16 code) {
     return code > 0xFF ? 2 : 1;
 }
 
-// Up to the first unit that needs a closer look, the last one, or the last byte. Sixteen units of ASCII go at once.
+constexpr std::ptrdiff_t BlockCount = 8;
+// What a block may come to, and two bytes for the character behind it.
+constexpr std::ptrdiff_t BlockRoom = 2 * BlockCount + 2;
+
+// Ranges that hold every unit that may combine, and few others: of the letters that are met, not even those of kana.
+constexpr UnitRange nearCombining[] = {{0x0300, 0x0345}, {0x05B4, 0x3040}, {0x3097, 0x309A}};
+static_assert(std::all_of(std::begin(combiningUnits), std::end(combiningUnits), [](UnitRange range) {
+    return std::any_of(std::begin(nearCombining), std::end(nearCombining),
+                       [range](UnitRange wide) { return wide.first <= range.first && range.last <= wide.last; });
+}));
+
+// Whether one of eight units may combine.
+bool MayOneCombine(const wchar16* units) {
+    const __m128i lanes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
+    const auto isIn = [lanes](UnitRange range) {
+        const __m128i fromFirst = _mm_sub_epi16(lanes, _mm_set1_epi16(static_cast<short>(range.first)));
+        const __m128i beyond = _mm_subs_epu16(fromFirst, _mm_set1_epi16(static_cast<short>(range.last - range.first)));
+        return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
+    };
+    const __m128i near = _mm_or_si128(isIn(nearCombining[0]), isIn(nearCombining[1]));
+    return HighBytes(_mm_or_si128(near, isIn(nearCombining[2]))) != 0;
+}
+
+// Eight units that all have two bytes; false, and nothing is written, if they do not.
+bool EncodePairs(CodePage::Codes codes, const wchar16* units, uint8* target) {
+    const auto code = [=](int i) { return static_cast<short>(codes[units[i]]); };
+    const __m128i lanes = _mm_setr_epi16(code(0), code(1), code(2), code(3), code(4), code(5), code(6), code(7));
+    const __m128i leads = _mm_srli_epi16(lanes, 8);
+    const __m128i isNoPair = _mm_or_si128(_mm_cmpeq_epi16(leads, _mm_setzero_si128()),
+                                          _mm_cmpeq_epi16(lanes, _mm_set1_epi16(static_cast<short>(NoCode))));
+    if (HighBytes(isNoPair) != 0) return false;
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_or_si128(leads, _mm_slli_epi16(lanes, 8)));
+    return true;
+}
+
+// Up to eight units of one byte or two, until one has none. Two bytes are always stored; the one in excess is where the
+// next character comes.
+void EncodeMixed(CodePage::Codes codes, const wchar16*& units, uint8*& target) {
+    for (const wchar16* const end = units + BlockCount; units != end; ++units) {
+        const uint16 code = codes[*units];
+        if (code == NoCode) break;
+        const bool isPair = code > 0xFF;
+        const auto stored = static_cast<uint16>(isPair ? code >> 8 | code << 8 : code);
+        std::memcpy(target, &stored, sizeof stored);
+        target += isPair ? 2 : 1;
+    }
+}
+
+bool HasAscii(const wchar16* units) {
+    const __m128i lanes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
+    const __m128i beyond = _mm_subs_epu16(lanes, _mm_set1_epi16(0x7F));
+    return HighBytes(_mm_cmpeq_epi16(beyond, _mm_setzero_si128())) != 0;
+}
+
+// Up to the first unit that needs a closer look, the last one, or the last byte. Sixteen units of ASCII go at once, and
+// eight with two bytes each.
 void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* end, ByteTarget target,
                    std::size_t& count) {
     const CodePage::Codes codes = encoder.UnitCodes();
@@ -87,6 +165,17 @@ void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* 
                 to += Lanes;
                 continue;
             }
+        }
+        if (end - at > BlockCount && room - to >= BlockRoom && !(composes && MayOneCombine(at + 1))) {
+            if (!HasAscii(at) && EncodePairs(codes, at, to)) {
+                at += BlockCount;
+                to += 2 * BlockCount;
+                continue;
+            }
+            const wchar16* const blockEnd = at + BlockCount;
+            EncodeMixed(codes, at, to);
+            if (at != blockEnd) break;
+            continue;
         }
         const uint16 code = codes[*at];
         if (code == NoCode || (composes && MayCombine(at[1]))) break;
@@ -108,9 +197,8 @@ Conversion DecodeDouble(const CodePage& page, ByteText source, UnitTarget target
     DoubleDecoder decoder(page, source);
     std::size_t count = 0;
     while (!decoder.IsDone() && count != target.size) {
-        const wchar16 unit = decoder.Next();
-        target.text[count++] = unit;
-        if (unit < 0x80 && !decoder.IsDone() && *decoder.At() < 0x80) CopyAscii(decoder, target, count);
+        DecodeByTable(page, decoder, target, count);
+        if (!decoder.IsDone() && count != target.size) target.text[count++] = decoder.Next();
     }
     return {count, decoder.IsDone() ? 0 : ERROR_INSUFFICIENT_BUFFER};
 }

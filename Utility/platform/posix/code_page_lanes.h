@@ -5,6 +5,8 @@
 
 #include <emmintrin.h>
 
+#include "code_page_tables.h"
+
 namespace Torvo::platform {
 
 inline constexpr std::size_t Lanes = 16;
@@ -49,16 +51,56 @@ inline uint32 NonAscii(UnitLanes units) {
     return ~HighBytes(ascii) & 0xFFFF;
 }
 
-// One bit per unit, set where the unit is neither below 80 nor from A0 to FF.
-inline uint32 NonLatin1(UnitLanes units) {
-    const __m128i first = _mm_set1_epi16(0xA0);
-    const __m128i span = _mm_set1_epi16(0xFF - 0xA0);
-    const __m128i zero = _mm_setzero_si128();
-    const auto isUpper = [&](__m128i lanes) {
-        return _mm_cmpeq_epi16(_mm_subs_epu16(_mm_sub_epi16(lanes, first), span), zero);
-    };
-    return NonAscii(units) & ~HighBytes(_mm_packs_epi16(isUpper(units.low), isUpper(units.high)));
-}
+// A row of bytes and units that go with each other, as lanes.
+class LinearLanes {
+public:
+    explicit LinearLanes(LinearBytes row)
+        : firstByte_(_mm_set1_epi8(static_cast<char>(row.first))),
+          byteSpan_(_mm_set1_epi8(static_cast<char>(row.last - row.first))),
+          firstUnit_(_mm_set1_epi16(static_cast<short>(row.unit))),
+          unitSpan_(_mm_set1_epi16(static_cast<short>(row.last - row.first))),
+          shift_(_mm_set1_epi16(static_cast<short>(row.Shift()))) {}
+
+    // One bit per byte or unit that is neither below 80 nor in the row.
+    uint32 Foreign(__m128i bytes) const { return HighBytes(bytes) & ~HighBytes(BytesInRow(bytes)); }
+    uint32 Foreign(UnitLanes units) const {
+        return NonAscii(units) & ~HighBytes(_mm_packs_epi16(UnitsInRow(units.low), UnitsInRow(units.high)));
+    }
+    // Sixteen bytes as units, and units as bytes; anything foreign becomes something else.
+    void Store(wchar16* target, __m128i bytes) const {
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i inRow = BytesInRow(bytes);
+        const auto shifted = [&](__m128i units, __m128i shifts) {
+            return _mm_add_epi16(units, _mm_and_si128(shifts, shift_));
+        };
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(target),
+                         shifted(_mm_unpacklo_epi8(bytes, zero), _mm_unpacklo_epi8(inRow, inRow)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(target + Lanes / 2),
+                         shifted(_mm_unpackhi_epi8(bytes, zero), _mm_unpackhi_epi8(inRow, inRow)));
+    }
+    void Store(uint8* target, UnitLanes units) const {
+        const auto shifted = [&](__m128i lanes) {
+            return _mm_sub_epi16(lanes, _mm_and_si128(UnitsInRow(lanes), shift_));
+        };
+        StoreNarrowed(target, {shifted(units.low), shifted(units.high)});
+    }
+
+private:
+    __m128i BytesInRow(__m128i bytes) const {
+        const __m128i beyond = _mm_subs_epu8(_mm_sub_epi8(bytes, firstByte_), byteSpan_);
+        return _mm_cmpeq_epi8(beyond, _mm_setzero_si128());
+    }
+    __m128i UnitsInRow(__m128i units) const {
+        const __m128i beyond = _mm_subs_epu16(_mm_sub_epi16(units, firstUnit_), unitSpan_);
+        return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
+    }
+
+    __m128i firstByte_;
+    __m128i byteSpan_;
+    __m128i firstUnit_;
+    __m128i unitSpan_;
+    __m128i shift_;
+};
 
 // Copies whole vectors while they are ASCII, at most `count` of them in elements; how many elements were copied.
 inline std::size_t WidenAscii(const uint8* from, wchar16* to, std::size_t count) {

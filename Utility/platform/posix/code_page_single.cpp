@@ -19,25 +19,17 @@ void Translate(const CodePage& page, const uint8* source, wchar16* target, std::
     for (std::size_t i = 0; i < count; ++i) target[i] = units[source[i]];
 }
 
-// Of sixteen bytes those that are not their own unit: one bit each.
-uint32 ForeignBytes(__m128i bytes, bool isLatin1FromA0) {
-    const uint32 high = HighBytes(bytes);
-    if (!isLatin1FromA0) return high;
-    const __m128i belowA0 = _mm_cmplt_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xA0)));
-    return HighBytes(belowA0) & high;
-}
-
 // Whether more than four of sixteen are foreign: the table alone is then quicker than the vector and the table.
 bool AreMany(uint32 foreign) {
     for (int i = 0; i < 4; ++i) foreign &= foreign - 1;
     return foreign != 0;
 }
 
-void DecodeLanes(const CodePage& page, const uint8* source, wchar16* target) {
+void DecodeLanes(const CodePage& page, const LinearLanes& linear, const uint8* source, wchar16* target) {
     const __m128i bytes = LoadBytes(source);
-    uint32 foreign = ForeignBytes(bytes, page.IsLatin1FromA0());
+    uint32 foreign = linear.Foreign(bytes);
     if (AreMany(foreign)) return Translate(page, source, target, Lanes);
-    StoreWidened(target, bytes);
+    linear.Store(target, bytes);
     for (; foreign != 0; foreign &= foreign - 1) {
         const int lane = std::countr_zero(foreign);
         target[lane] = page.Single(source[lane]);
@@ -50,9 +42,8 @@ bool HasRefused(const CodePage& page, ByteText source) {
 
 // ---- units to bytes ----
 
-// What the vector road needs ahead of it, so that nothing it stores in excess stays: sixteen bytes of output are
-// certain where 33 units follow, of which a mark may eat every second, and the unit behind the sixteen can be looked
-// at.
+// What the vector road needs ahead of it where it does not take all of sixteen units, so that nothing it stores in
+// excess stays: sixteen bytes of output are certain where 33 units follow, of which a mark may eat every second.
 constexpr std::ptrdiff_t SourceAhead = 2 * Lanes + 1;
 
 class SingleEncoder {
@@ -60,13 +51,15 @@ public:
     SingleEncoder(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules)
         : page_(page),
           encoder_(page, rules),
+          linear_(page.Linear()),
           at_(source.text),
           end_(source.text + source.size),
           to_(target.text),
           toEnd_(target.text + target.size) {}
 
     void Run() {
-        while (end_ - at_ >= SourceAhead && toEnd_ - to_ >= LaneCount) EncodeLanes();
+        // The unit behind the sixteen is looked at, too.
+        while (end_ - at_ > LaneCount && toEnd_ - to_ >= LaneCount) EncodeLanes();
         EncodeEach(end_, toEnd_);
     }
     bool IsComplete() const { return at_ == end_; }
@@ -99,12 +92,11 @@ private:
 
     void EncodeLanes() {
         const UnitLanes units = LoadUnits(at_);
-        uint32 foreign = page_.IsLatin1FromA0() ? NonLatin1(units) : NonAscii(units);
-        if (foreign == 0) return CopyLanes(units);
-        if (AreMany(foreign)) return EncodeEach(at_ + Lanes, toEnd_);
-        const int whole = WholeLanes(foreign);
-        if (whole == 0) return EncodeEach(at_ + Lanes, toEnd_);
-        StoreNarrowed(to_, units);
+        if (NonAscii(units) == 0) return CopyLanes(units);
+        uint32 foreign = linear_.Foreign(units);
+        const int whole = AreMany(foreign) ? 0 : WholeLanes(foreign);
+        if (whole == 0 || (whole < LaneCount && end_ - at_ < SourceAhead)) return EncodeEach(at_ + Lanes, toEnd_);
+        linear_.Store(to_, units);
         for (foreign &= (1u << whole) - 1; foreign != 0; foreign &= foreign - 1) {
             const int lane = std::countr_zero(foreign);
             to_[lane] = static_cast<uint8>(encoder_.CodeOrDefault(at_[lane]));
@@ -112,8 +104,8 @@ private:
         at_ += whole;
         to_ += whole;
     }
-    // Sixteen units that are their own bytes, and the ASCII behind them. The last one stays if the unit behind it may
-    // combine.
+    // Sixteen units of ASCII, and what more of it is behind them. The last one stays if the unit behind it may combine;
+    // the byte stored for it is overwritten then by what becomes of both.
     void CopyLanes(UnitLanes units) {
         StoreNarrowed(to_, units);
         const std::ptrdiff_t more = std::min(end_ - at_ - 1, toEnd_ - to_) - LaneCount;
@@ -134,6 +126,7 @@ private:
 
     const CodePage& page_;
     Encoder encoder_;
+    const LinearLanes linear_;
     const wchar16* at_;
     const wchar16* end_;
     uint8* to_;
@@ -146,11 +139,12 @@ Conversion DecodeSingle(const CodePage& page, ByteText source, UnitTarget target
     if (strict && HasRefused(page, source)) return {0, ERROR_NO_UNICODE_TRANSLATION};
     if (target.text == nullptr) return {source.size, 0};
     const std::size_t count = std::min(source.size, target.size);
+    const LinearLanes linear(page.Linear());
     std::size_t done = 0;
     for (; count - done >= Lanes; done += Lanes) {
         done += WidenAscii(source.text + done, target.text + done, count - done);
         if (count - done < Lanes) break;
-        DecodeLanes(page, source.text + done, target.text + done);
+        DecodeLanes(page, linear, source.text + done, target.text + done);
     }
     Translate(page, source.text + done, target.text + done, count - done);
     return {count, count < source.size ? ERROR_INSUFFICIENT_BUFFER : 0};

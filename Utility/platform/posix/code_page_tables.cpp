@@ -4,6 +4,8 @@
 #include <atomic>
 #include <new>
 
+#include "code_page_encoder.h"
+
 namespace Torvo::platform {
 
 struct CodePageData {
@@ -117,14 +119,37 @@ std::unique_ptr<CodePage> CodePage::Build(const CodePageData& data) {
         const char16_t unit = byte < 0x80 ? static_cast<char16_t>(byte) : data.upper[byte - 0x80];
         page->single_[byte] = unit == 0 && page->refused_[byte] ? data.defaultUnit : unit;
     }
-    page->isLatin1FromA0_ = true;
-    for (std::size_t byte = 0xA0; byte < 256; ++byte) page->isLatin1FromA0_ &= page->single_[byte] == byte;
     const char16_t* row = data.pairs;
     ForEachByte(data.leads, [&](uint8 byte) {
         page->rows_[byte] = row;
         row += RowSize;
     });
-    return Builder(*page).Run(data.unitsToBytes) ? std::move(page) : nullptr;
+    if (!Builder(*page).Run(data.unitsToBytes)) return nullptr;
+    page->linear_ = page->FindLinear();
+    return page;
+}
+
+// Whether a byte and a unit are each other's, and nothing else has to be looked at.
+bool CodePage::LeadsThereAndBack(int byte) const {
+    const auto value = static_cast<uint8>(byte);
+    const wchar16 unit = Single(value);
+    return !IsLead(value) && !IsRefused(value) && unit >= 0x80 && UnitCodes()[unit] == byte && !MayCombine(unit);
+}
+
+LinearBytes CodePage::FindLinear() const {
+    LinearBytes longest = linear_;
+    int first = 0x80;
+    for (int byte = 0x80; byte < 256; ++byte) {
+        if (!LeadsThereAndBack(byte)) {
+            first = byte + 1;
+            continue;
+        }
+        const wchar16 unit = Single(static_cast<uint8>(byte));
+        if (byte > first && unit != Single(static_cast<uint8>(byte - 1)) + 1) first = byte;
+        if (byte - first < longest.last - longest.first) continue;
+        longest = {static_cast<uint8>(first), static_cast<uint8>(byte), Single(static_cast<uint8>(first))};
+    }
+    return longest;
 }
 
 // ---- the pages by number ----

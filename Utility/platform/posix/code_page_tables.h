@@ -12,6 +12,15 @@ namespace Torvo::platform {
 // Where a unit has no bytes in a page.
 inline constexpr uint16 NoCode = 0xFFFF;
 
+// Bytes that lead to as many units one after the other, and those back to the bytes; none of the units may combine.
+struct LinearBytes {
+    uint8 first;
+    uint8 last;
+    wchar16 unit;  // of the first byte
+
+    wchar16 Shift() const { return static_cast<wchar16>(unit - first); }
+};
+
 struct CodePageData;
 
 class CodePage {
@@ -24,8 +33,8 @@ public:
     static bool IsLeadByte(uint32 number, uint8 byte);
 
     bool HasPairs() const { return pairs_ != nullptr; }
-    // A0 to FF lead to the units of the same numbers, and back.
-    bool IsLatin1FromA0() const { return isLatin1FromA0_; }
+    // The longest row of such bytes from 80 up; where there is none, a letter of ASCII.
+    LinearBytes Linear() const { return linear_; }
 
     // ---- bytes to units ----
 
@@ -72,6 +81,9 @@ private:
     static constexpr std::size_t RowSize = LastTrail - FirstTrail + 1;
     static constexpr std::size_t BlockSize = 64;
 
+    bool LeadsThereAndBack(int byte) const;
+    LinearBytes FindLinear() const;
+
     static std::unique_ptr<CodePage> Build(const CodePageData& data);
     static const CodePage* BuildShared(std::size_t index);
 
@@ -80,7 +92,7 @@ private:
     std::array<const char16_t*, 256> rows_{};  // by lead byte
     const char16_t* pairs_ = nullptr;
     wchar16 defaultUnit_ = 0;
-    bool isLatin1FromA0_ = false;
+    LinearBytes linear_{'A', 'A', 'A'};
     // Where in codes_ the block of 64 units begins; blocks without any code share the first.
     std::array<uint16, 65536 / BlockSize> blocks_{};
     std::unique_ptr<uint16[]> codes_;
