@@ -110,7 +110,7 @@ public:
 
     const wchar16* Find(const wchar16* at) const {
         if (!hasFirst_) return at;
-        for (const wchar16* const near = at + oneByOne; at != near; ++at) {
+        for (const wchar16* const farther = at + oneByOne; at != farther; ++at) {
             if (*at == unit_ || *at == 0) return at;
         }
         const auto before = reinterpret_cast<std::uintptr_t>(at) % (2 * scan::BlockBytes);

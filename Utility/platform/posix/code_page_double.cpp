@@ -112,8 +112,8 @@ bool MayOneCombine(const wchar16* units) {
         const __m128i beyond = _mm_subs_epu16(fromFirst, _mm_set1_epi16(static_cast<short>(range.last - range.first)));
         return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
     };
-    const __m128i near = _mm_or_si128(isIn(nearCombining[0]), isIn(nearCombining[1]));
-    return HighBytes(_mm_or_si128(near, isIn(nearCombining[2]))) != 0;
+    const __m128i first = _mm_or_si128(isIn(nearCombining[0]), isIn(nearCombining[1]));
+    return HighBytes(_mm_or_si128(first, isIn(nearCombining[2]))) != 0;
 }
 
 // Eight units that all have two bytes; false, and nothing is written, if they do not.
