@@ -28,6 +28,11 @@ inline wchar16 FoldUnit(wchar16 unit) {
     return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 0x20) : unit;
 }
 
+// For a comparison that only the terminator ends. A type of its own, so that such a comparison is compiled apart.
+struct WithoutLimit {
+    constexpr operator std::size_t() const { return static_cast<std::size_t>(-1); }
+};
+
 // The index of the first pair of units from `index` to before `end` that differ or are both the terminator; `end` when
 // there is none. With IgnoreCase, A to Z count as a to z.
 template <bool IgnoreCase>
@@ -83,9 +88,9 @@ inline const wchar16* FindLast(const wchar16* text, const wchar16* end, wchar16 
     return nullptr;
 }
 
-template <bool IgnoreCase>
-std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
-    return FirstDifferenceByUnit<IgnoreCase>(a, b, 0, count);
+template <bool IgnoreCase, typename Limit>
+std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, Limit limit) {
+    return FirstDifferenceByUnit<IgnoreCase>(a, b, 0, limit);
 }
 
 #else
@@ -114,7 +119,7 @@ inline __m128i Either(__m128i a, __m128i b) {
     return _mm_or_si128(a, b);
 }
 
-// Two bits per unit of a block of all-ones and all-zeros.
+// Two bits per unit of a block of all-ones and all-zeros; for a block of all-ones the whole mask.
 inline constexpr unsigned WholeMask = 0xFFFF;
 
 inline unsigned Mask(__m128i block) {
@@ -227,10 +232,11 @@ inline std::size_t WholeBlocks(std::size_t units) {
     return units - units % BlockUnits;
 }
 
-// The same as FirstDifferenceByUnit from 0 to `count`: by blocks while both texts stay within a page, the last of which
-// may reach beyond `count`, then by unit to the end of the page that ends first.
-template <bool IgnoreCase>
-static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, std::size_t count) {
+// The same as FirstDifferenceByUnit from 0 to the limit: by blocks while both texts stay within a page, the last of
+// which may reach beyond the limit, then by unit to the end of the page that ends first.
+template <bool IgnoreCase, typename Limit>
+static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, Limit limit) {
+    const std::size_t count = limit;
     std::size_t index = 0;
     while (index < count) {
         const std::size_t pageEnd = index + std::min(UnitsInPage(a + index), UnitsInPage(b + index));

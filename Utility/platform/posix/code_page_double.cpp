@@ -95,10 +95,10 @@ std::size_t SizeOf(uint16 code) {
 
 constexpr std::ptrdiff_t BlockCount = 8;
 // What a block may come to, and two bytes for the character behind it.
-constexpr std::ptrdiff_t BlockRoom = 2 * BlockCount + 2;
+constexpr std::ptrdiff_t MixedRoom = 2 * BlockCount + 2;
 
-// Ranges that hold every unit that may combine, and few others: of the letters that are met, not even those of kana.
-constexpr UnitRange nearCombining[] = {{0x0300, 0x0345}, {0x05B4, 0x3040}, {0x3097, 0x309A}};
+// Ranges that hold every unit that may combine, and no other that text of East Asia is full of.
+constexpr UnitRange nearCombining[] = {{0x0300, 0x0345}, {0x05B4, 0x1B35}, {0x3099, 0x309A}};
 static_assert(std::all_of(std::begin(combiningUnits), std::end(combiningUnits), [](UnitRange range) {
     return std::any_of(std::begin(nearCombining), std::end(nearCombining),
                        [range](UnitRange wide) { return wide.first <= range.first && range.last <= wide.last; });
@@ -117,7 +117,7 @@ bool MayOneCombine(const wchar16* units) {
 }
 
 // Eight units that all have two bytes; false, and nothing is written, if they do not.
-bool EncodePairs(CodePage::Codes codes, const wchar16* units, uint8* target) {
+bool EncodePairs(const uint16* codes, const wchar16* units, uint8* target) {
     const auto code = [=](int i) { return static_cast<short>(codes[units[i]]); };
     const __m128i lanes = _mm_setr_epi16(code(0), code(1), code(2), code(3), code(4), code(5), code(6), code(7));
     const __m128i leads = _mm_srli_epi16(lanes, 8);
@@ -128,17 +128,30 @@ bool EncodePairs(CodePage::Codes codes, const wchar16* units, uint8* target) {
     return true;
 }
 
-// Up to eight units of one byte or two, until one has none. Two bytes are always stored; the one in excess is where the
-// next character comes.
-void EncodeMixed(CodePage::Codes codes, const wchar16*& units, uint8*& target) {
-    for (const wchar16* const end = units + BlockCount; units != end; ++units) {
-        const uint16 code = codes[*units];
+// Up to eight units of one byte or two, until one has none; how many were taken. Two bytes are always stored; the one
+// in excess is where the next character comes.
+std::ptrdiff_t EncodeMixed(const uint16* codes, const wchar16* units, uint8*& target) {
+    std::ptrdiff_t taken = 0;
+    for (; taken != BlockCount; ++taken) {
+        const uint16 code = codes[units[taken]];
         if (code == NoCode) break;
         const bool isPair = code > 0xFF;
         const auto stored = static_cast<uint16>(isPair ? code >> 8 | code << 8 : code);
         std::memcpy(target, &stored, sizeof stored);
         target += isPair ? 2 : 1;
     }
+    return taken;
+}
+
+// Whether all of eight units, and the one behind them, have higher numbers than all that may combine.
+bool AreAllHigh(const wchar16* units) {
+    constexpr wchar16 lastCombining = std::end(nearCombining)[-1].last;
+    const auto beyond = [limit = _mm_set1_epi16(static_cast<short>(lastCombining))](const wchar16* at) {
+        return _mm_subs_epu16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)), limit);
+    };
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i isLow = _mm_or_si128(_mm_cmpeq_epi16(beyond(units), zero), _mm_cmpeq_epi16(beyond(units + 1), zero));
+    return HighBytes(isLow) == 0;
 }
 
 bool HasAscii(const wchar16* units) {
@@ -147,11 +160,24 @@ bool HasAscii(const wchar16* units) {
     return HighBytes(_mm_cmpeq_epi16(beyond, _mm_setzero_si128())) != 0;
 }
 
+// Up to eight units, if the table alone tells what they become; how many were taken. There are nine, and room for
+// sixteen bytes.
+std::ptrdiff_t EncodeBlock(const uint16* codes, bool composes, const wchar16* units, uint8*& target,
+                           const uint8* room) {
+    const bool areHigh = AreAllHigh(units);
+    if (!areHigh && composes && MayOneCombine(units + 1)) return 0;
+    if ((areHigh || !HasAscii(units)) && EncodePairs(codes, units, target)) {
+        target += 2 * BlockCount;
+        return BlockCount;
+    }
+    return room - target >= MixedRoom ? EncodeMixed(codes, units, target) : 0;
+}
+
 // Up to the first unit that needs a closer look, the last one, or the last byte. Sixteen units of ASCII go at once, and
 // eight with two bytes each.
 void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* end, ByteTarget target,
                    std::size_t& count) {
-    const CodePage::Codes codes = encoder.UnitCodes();
+    const uint16* const codes = encoder.WideCodes();
     const bool composes = encoder.Composes();
     const wchar16* at = from;
     uint8* to = target.text + count;
@@ -166,16 +192,10 @@ void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* 
                 continue;
             }
         }
-        if (end - at > BlockCount && room - to >= BlockRoom && !(composes && MayOneCombine(at + 1))) {
-            if (!HasAscii(at) && EncodePairs(codes, at, to)) {
-                at += BlockCount;
-                to += 2 * BlockCount;
-                continue;
-            }
-            const wchar16* const blockEnd = at + BlockCount;
-            EncodeMixed(codes, at, to);
-            if (at != blockEnd) break;
-            continue;
+        if (end - at > BlockCount && room - to >= 2 * BlockCount) {
+            const std::ptrdiff_t taken = EncodeBlock(codes, composes, at, to, room);
+            at += taken;
+            if (taken != 0) continue;
         }
         const uint16 code = codes[*at];
         if (code == NoCode || (composes && MayCombine(at[1]))) break;

@@ -57,6 +57,8 @@ public:
     // Whether the table alone tells the code of a unit, but for those that it gives none.
     bool TakesTable() const { return !rules_.exactOnly; }
     CodePage::Codes UnitCodes() const { return codes_; }
+    // For a page that has pairs.
+    const uint16* WideCodes() const { return page_.WideCodes(); }
     bool UsedDefault() const { return usedDefault_; }
 
 private:

@@ -40,7 +40,7 @@ void ForEachByte(const char* hexadecimal, Take take) {
 
 }  // namespace
 
-// Fills the table of codes, which is made wide first and stored without the blocks that hold none.
+// Fills the table of codes, which is made wide first. A page without pairs stores it without the blocks that hold none.
 class CodePage::Builder {
 public:
     explicit Builder(CodePage& page) : page_(page) {}
@@ -52,7 +52,7 @@ public:
         InvertSingles();
         InvertPairs();
         Apply(unitsToBytes);
-        return Store();
+        return page_.HasPairs() ? StoreWide() : Store();
     }
 
 private:
@@ -83,6 +83,14 @@ private:
             for (; unit <= last; ++unit, ++code) codes_[static_cast<std::size_t>(unit)] = static_cast<uint16>(code);
             while (*text == ' ') ++text;
         }
+    }
+    // A page with pairs has codes in most blocks, so that little is lost if all are kept.
+    bool StoreWide() {
+        for (std::size_t block = 0; block < page_.blocks_.size(); ++block) {
+            page_.blocks_[block] = static_cast<uint16>(block * BlockSize);
+        }
+        page_.codes_ = std::move(codes_);
+        return true;
     }
     bool Store() {
         std::size_t used = BlockSize;

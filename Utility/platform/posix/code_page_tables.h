@@ -68,6 +68,8 @@ public:
         codes.codes_ = codes_.get();
         return codes;
     }
+    // The same as one table by unit, for a page that has pairs.
+    const uint16* WideCodes() const { return codes_.get(); }
     // Whether the code leads back to the unit.
     bool IsExact(wchar16 unit, uint16 code) const {
         return unit == (code > 0xFF ? Pair(static_cast<uint8>(code >> 8), static_cast<uint8>(code)) : single_[code]);
@@ -93,7 +95,7 @@ private:
     const char16_t* pairs_ = nullptr;
     wchar16 defaultUnit_ = 0;
     LinearBytes linear_{'A', 'A', 'A'};
-    // Where in codes_ the block of 64 units begins; blocks without any code share the first.
+    // Where in codes_ the block of 64 units begins; in a page without pairs, blocks without any code share the first.
     std::array<uint16, 65536 / BlockSize> blocks_{};
     std::unique_ptr<uint16[]> codes_;
 };

@@ -1,8 +1,8 @@
 #include <Utility/platform/number_text.h>
 #include <Utility/platform/posix/builtin_locale.h>
-#include <Utility/platform/text_scan.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
+#include <Utility/platform/text_scan.h>
 #include <Utility/platform/unit_set.h>
 
 #include <algorithm>
@@ -10,8 +10,6 @@
 namespace Torvo::platform {
 
 namespace {
-
-constexpr std::size_t NoLimit = static_cast<std::size_t>(-1);
 
 wchar16* Writable(const wchar16* text) {
     return const_cast<wchar16*>(text);
@@ -47,12 +45,15 @@ int CompareBeyondAscii(const wchar16* a, const wchar16* b, std::size_t count) {
     return 0;
 }
 
-int CompareIgnoringCase(const wchar16* a, const wchar16* b, std::size_t count) {
-    const std::size_t index = scan::FirstDifferenceOrEnd<true>(a, b, count);
+template <typename Limit>
+int CompareIgnoringCase(const wchar16* a, const wchar16* b, Limit limit) {
+    const std::size_t count = limit;
+    const std::size_t index = scan::FirstDifferenceOrEnd<true>(a, b, limit);
     if (index == count) return 0;
     const wchar16 left = scan::FoldUnit(a[index]);
     const wchar16 right = scan::FoldUnit(b[index]);
-    if (left >= 0x80 || right >= 0x80) return CompareBeyondAscii(a + index, b + index, count - index);
+    if (left >= 0x80 || right >= 0x80) [[unlikely]]
+        return CompareBeyondAscii(a + index, b + index, count - index);
     return left - right;
 }
 
@@ -135,7 +136,7 @@ wchar16* _wcsrev(wchar16* text) {
 }
 
 int _wcsicmp(const wchar16* a, const wchar16* b) {
-    return CompareIgnoringCase(a, b, NoLimit);
+    return CompareIgnoringCase(a, b, scan::WithoutLimit());
 }
 
 int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count) {

@@ -256,9 +256,8 @@ int RefusalsUntilMade(uint32 page) {
 
 TEST(CodePageMemoryDeathTest, ErrorEightWhenThereIsNoneForTheTables) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    for (const uint32 page : {uint32{1252}, uint32{932}}) {
-        EXPECT_EXIT(std::_Exit(RefusalsUntilMade(page)), testing::ExitedWithCode(3), "") << page;
-    }
+    EXPECT_EXIT(std::_Exit(RefusalsUntilMade(1252)), testing::ExitedWithCode(3), "");
+    EXPECT_EXIT(std::_Exit(RefusalsUntilMade(932)), testing::ExitedWithCode(2), "");
 }
 
 }  // namespace
