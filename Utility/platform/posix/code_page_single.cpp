@@ -141,10 +141,13 @@ Conversion DecodeSingle(const CodePage& page, ByteText source, UnitTarget target
     const std::size_t count = std::min(source.size, target.size);
     const LinearLanes linear(page.Linear());
     std::size_t done = 0;
-    for (; count - done >= Lanes; done += Lanes) {
-        done += WidenAscii(source.text + done, target.text + done, count - done);
-        if (count - done < Lanes) break;
-        DecodeLanes(page, linear, source.text + done, target.text + done);
+    while (count - done >= Lanes) {
+        if (HighBytes(LoadBytes(source.text + done)) == 0) {
+            done += WidenAscii(source.text + done, target.text + done, count - done);
+        } else {
+            DecodeLanes(page, linear, source.text + done, target.text + done);
+            done += Lanes;
+        }
     }
     Translate(page, source.text + done, target.text + done, count - done);
     return {count, count < source.size ? ERROR_INSUFFICIENT_BUFFER : 0};
