@@ -32,6 +32,7 @@
 #include <Utility/paths.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/types.h>
+#include <Utility/point_containers.h>
 #include <Utility/queues.h>
 #include <Utility/regions.h>
 #include <Utility/resources.h>

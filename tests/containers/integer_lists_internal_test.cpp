@@ -7,11 +7,10 @@
 #include <algorithm>
 #include <memory>
 #include <new>
-#include <string>
-#include <type_traits>
 #include <vector>
 
-#include "support/failing_heap.h"
+#include "containers/container_failures.h"
+#include "containers/integer_list_kinds.h"
 #include "support/random.h"
 
 // Integer lists, queues and linked lists while memory is short.
@@ -19,44 +18,14 @@
 namespace {
 
 using namespace Torvo;
+using test::ContainerFailures;
 using test::FailingHeap;
-
-class ContainerFailures : public testing::Test {
-protected:
-    void SetUp() override {
-        // The test framework allocates at the first trace, and keeps it.
-        { SCOPED_TRACE("the first trace"); }
-        blocksBefore_ = test::LiveBlocks();
-    }
-    void TearDown() override { EXPECT_EQ(test::LiveBlocks(), blocksBefore_) << "blocks lost or freed twice"; }
-
-private:
-    int64 blocksBefore_ = 0;
-};
+using test::MembersOf;
 
 template <typename T>
 class IntegerListFailures : public ContainerFailures {};
 
-using ElementTypes = testing::Types<long32, ulong32, uint64>;
-
-class ElementNames {
-public:
-    template <typename T>
-    static std::string GetName(int) {
-        return std::is_signed_v<T> ? "long32" : sizeof(T) == 4 ? "ulong32" : "uint64";
-    }
-};
-
-TYPED_TEST_SUITE(IntegerListFailures, ElementTypes, ElementNames);
-
-template <typename T>
-std::vector<T> MembersOf(ZUList<T>& list) {
-    const std::unique_ptr<ZUListEnumerator<T>> enumerator(list.CreateEnumerator());
-    std::vector<T> members;
-    T item = 0;
-    while (enumerator->Next(item)) members.push_back(item);
-    return members;
-}
+TYPED_TEST_SUITE(IntegerListFailures, test::ElementTypes, test::ElementNames);
 
 template <typename Create>
 void ExpectNullWhenRefused(Create create) {

@@ -5,10 +5,9 @@
 #include <initializer_list>
 #include <limits>
 #include <memory>
-#include <string>
-#include <type_traits>
 #include <vector>
 
+#include "containers/integer_list_kinds.h"
 #include "containers/plain_integer_lists.h"
 #include "support/random.h"
 #include "support/vtable_slot.h"
@@ -16,6 +15,7 @@
 namespace {
 
 using namespace Torvo;
+using test::MembersOf;
 using test::PlainPairList;
 using test::PlainRun;
 using test::PlainTaggedList;
@@ -43,30 +43,11 @@ Runs<T> RunsOf(ZUList<T>& list) {
     return runs;
 }
 
-template <typename T>
-std::vector<T> MembersOf(ZUList<T>& list) {
-    const std::unique_ptr<ZUListEnumerator<T>> enumerator(list.CreateEnumerator());
-    std::vector<T> members;
-    T item = 0;
-    while (enumerator->Next(item)) members.push_back(item);
-    return members;
-}
-
 // What all three lists do alike.
 template <typename T>
 class IntegerList : public testing::Test {};
 
-using ElementTypes = testing::Types<long32, ulong32, uint64>;
-
-class ElementNames {
-public:
-    template <typename T>
-    static std::string GetName(int) {
-        return std::is_signed_v<T> ? "long32" : sizeof(T) == 4 ? "ulong32" : "uint64";
-    }
-};
-
-TYPED_TEST_SUITE(IntegerList, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(IntegerList, test::ElementTypes, test::ElementNames);
 
 TYPED_TEST(IntegerList, OperationsStandInTheirPublishedOrder) {
     using List = ZUList<TypeParam>;
@@ -426,7 +407,7 @@ template <typename T>
 class PairList : public testing::Test {};
 
 using PairElementTypes = testing::Types<ulong32, uint64>;
-TYPED_TEST_SUITE(PairList, PairElementTypes, ElementNames);
+TYPED_TEST_SUITE(PairList, PairElementTypes, test::ElementNames);
 
 TYPED_TEST(PairList, AddRangeWithEqualBoundsIsRefused) {
     const auto list = ListOf<TypeParam>({4});

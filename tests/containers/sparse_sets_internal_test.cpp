@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "containers/container_failures.h"
 #include "containers/plain_sparse_set.h"
-#include "support/failing_heap.h"
 #include "support/random.h"
 
 // Sparse sets while memory is short.
@@ -17,18 +17,7 @@ using test::PlainSparseSet;
 
 constexpr int32 kPage = 262144;
 
-class SparseSetFailures : public testing::Test {
-protected:
-    void SetUp() override {
-        // The test framework allocates at the first trace, and keeps it.
-        { SCOPED_TRACE("the first trace"); }
-        blocksBefore_ = test::LiveBlocks();
-    }
-    void TearDown() override { EXPECT_EQ(test::LiveBlocks(), blocksBefore_) << "blocks lost or freed twice"; }
-
-private:
-    int64 blocksBefore_ = 0;
-};
+using SparseSetFailures = test::ContainerFailures;
 
 TEST_F(SparseSetFailures, InitGivesNull) {
     const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
