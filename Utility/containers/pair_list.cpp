@@ -12,47 +12,58 @@ namespace Torvo {
 namespace {
 
 // One object for both kinds of enumerator: the range enumerator is its second base.
+//
+// `current_` is the member given last and `high_` the end of the run that the walk stands in; both are 0 before the
+// start, which looks like the end of a run and so leads on to the first one.
 template <typename T>
 class PairListEnumeratorImpl : public ZUListEnumerator<T>, public ZUListRangeEnumerator<T> {
 public:
-    explicit PairListEnumeratorImpl(const PairRuns<T>* runs) : runs_(runs) {}
+    explicit PairListEnumeratorImpl(const PairRuns<T>* runs) : walk_(runs) {}
 
     bool Next(T& item) override {
-        if (fresh_) {
-            fresh_ = false;
-            return GiveLow(item);
-        }
-        if (!runs_->Valid(at_)) return false;
-        if (current_ != runs_->At(at_).high) {
+        // Far from the end of a run, which is foreseen; near it nobody can guess, so both ways are taken there and one
+        // is chosen without a branch.
+        if (high_ - current_ >= kNear) {
             item = ++current_;
             return true;
         }
-        at_ = runs_->Behind(at_);
-        return GiveLow(item);
-    }
-
-    // Moves over runs alone: `current_` stays, as a walk over members would need to notice.
-    bool Next(T& first, T& last) override {
-        if (!fresh_) at_ = runs_->Behind(at_);
-        fresh_ = false;
-        if (!runs_->Valid(at_)) return false;
-        first = runs_->At(at_).low;
-        last = runs_->At(at_).high;
-        return true;
-    }
-
-private:
-    bool GiveLow(T& item) {
-        if (!runs_->Valid(at_)) return false;
-        current_ = runs_->At(at_).low;
+        const Run<T>* const next = walk_.Peek(high_);
+        const bool ends = current_ == high_;
+        if (next == nullptr) {
+            if (ends) return false;
+            item = ++current_;
+            return true;
+        }
+        current_ = Choose(ends, next->low, current_ + 1);
+        high_ = Choose(ends, next->high, high_);
+        walk_.Step(ends);
         item = current_;
         return true;
     }
 
-    const PairRuns<T>* runs_;
-    typename PairRuns<T>::Position at_;
+    // Moves over runs alone: `current_` stays, as a walk over members would need to notice.
+    bool Next(T& first, T& last) override {
+        const Run<T>* const next = walk_.Peek(high_);
+        // Nothing is left for a walk over members either.
+        if (next == nullptr) high_ = current_;
+        if (next == nullptr) return false;
+        first = next->low;
+        last = high_ = next->high;
+        walk_.Step(true);
+        return true;
+    }
+
+private:
+    static constexpr T kNear = 4;
+
+    static T Choose(bool which, T yes, T no) {
+        const T mask = T{0} - static_cast<T>(which);
+        return (yes & mask) | (no & ~mask);
+    }
+
+    typename PairRuns<T>::Walk walk_;
     T current_ = 0;
-    bool fresh_ = true;
+    T high_ = 0;
 };
 
 template <typename T>
@@ -79,12 +90,12 @@ public:
     PairListImpl() = default;
 
     bool Add(const T& item) override {
-        return Changed([&] { runs_.Add(item, item); });
+        return Changed([&] { runs_.Add(item); });
     }
 
     bool AddRange(const T& a, const T& b) override {
         if (a == b) return false;
-        return Changed([&] { runs_.Add(std::min(a, b), std::max(a, b)); });
+        return Changed([&] { runs_.AddRange(std::min(a, b), std::max(a, b)); });
     }
 
     bool Remove(const T& item) override {

@@ -50,6 +50,12 @@ typename PairRuns<T>::Position PairRuns<T>::Behind(Position at) const {
 }
 
 template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Before(Position at) const {
+    return at.place > 0 ? Position{at.block, at.place - 1}
+                        : Position{at.block - 1, blocks_[at.block - 1]->runs.size() - 1};
+}
+
+template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::Find(T item) const {
     const std::size_t behind = CountLeading(lows_, [item](T low) { return low <= item; });
     if (behind == 0) return {};
@@ -59,11 +65,15 @@ typename PairRuns<T>::Position PairRuns<T>::Find(T item) const {
 }
 
 template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Above(T item) const {
+    const Position at = Find(item);
+    return !AtEnd(at) && At(at).low <= item ? Behind(at) : at;
+}
+
+template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::BehindTouching(T high) const {
-    const Position at = Find(high);
-    if (AtEnd(at)) return at;
-    const T low = At(at).low;
-    return low <= high || low - high == 1 ? Behind(at) : at;
+    const Position at = Above(high);
+    return !AtEnd(at) && At(at).low - high == 1 ? Behind(at) : at;
 }
 
 template <typename T>
@@ -73,20 +83,38 @@ bool PairRuns<T>::Member(T item) const {
 }
 
 template <typename T>
-void PairRuns<T>::Add(T low, T high) {
+void PairRuns<T>::Add(T item) {
+    if (Empty() || item > Last().high) return Append(item);
+    const Position at = Find(item);
+    const Run<T> above = At(at);
+    if (above.low <= item) return;
+    const bool touchesAbove = above.low - item == 1;
+    if (at != Position{}) {
+        const Position before = Before(at);
+        const Run<T> below = At(before);
+        if (item - below.high == 1) {
+            if (touchesAbove) Erase(at, Behind(at));
+            return Change(before, {below.low, touchesAbove ? above.high : item});
+        }
+    }
+    if (touchesAbove) return Change(at, {item, above.high});
+    Insert(at, {item, item});
+}
+
+template <typename T>
+void PairRuns<T>::Append(T item) {
+    if (Empty() || item - Last().high != 1) return Insert(End(), {item, item});
+    Change(Before(End()), {Last().low, item});
+}
+
+template <typename T>
+void PairRuns<T>::AddRange(T low, T high) {
     const Position from = Find(low > 0 ? low - 1 : low);
     const Position to = BehindTouching(high);
-    if (from.block == to.block && from.place == to.place) return Insert(from, {low, high});
+    if (from == to) return Insert(from, {low, high});
     // The runs from one to the other touch the new one, and become one with it.
-    const Position second = Behind(from);
-    T last = At(from).high;
-    if (second.block != to.block || second.place != to.place) {
-        const bool inBlock = to.place > 0;
-        const std::vector<Run<T>>& runs = blocks_[inBlock ? to.block : to.block - 1]->runs;
-        last = inBlock ? runs[to.place - 1].high : runs.back().high;
-    }
-    const Run<T> joined{std::min(low, At(from).low), std::max(high, last)};
-    Erase(second, to);
+    const Run<T> joined{std::min(low, At(from).low), std::max(high, At(Before(to)).high)};
+    Erase(Behind(from), to);
     Change(from, joined);
 }
 
@@ -108,6 +136,7 @@ void PairRuns<T>::Clear() {
     lows_.clear();
     blocks_.clear();
     count_ = 0;
+    ++changes_;
 }
 
 template <typename T>
@@ -123,6 +152,7 @@ typename PairRuns<T>::Position PairRuns<T>::Pass(uint64& rest) const {
 
 template <typename T>
 void PairRuns<T>::Insert(Position at, Run<T> run) {
+    ++changes_;
     // The end of a block rather than the start of the next one, so that runs that come in order fill their blocks.
     if (at.place == 0 && at.block > 0) at = {at.block - 1, blocks_[at.block - 1]->runs.size()};
     const bool append = Empty() || (at.block + 1 == blocks_.size() && at.place == kBlockRuns);
@@ -169,6 +199,7 @@ void PairRuns<T>::Split(std::size_t block) {
 
 template <typename T>
 void PairRuns<T>::Change(Position at, Run<T> run) {
+    ++changes_;
     Block& block = *blocks_[at.block];
     const uint64 delta = SizeOf(run) - SizeOf(block.runs[at.place]);
     block.members += delta;
@@ -179,6 +210,7 @@ void PairRuns<T>::Change(Position at, Run<T> run) {
 
 template <typename T>
 void PairRuns<T>::Erase(Position from, Position to) {
+    ++changes_;
     if (from.block == to.block) return EraseInBlock(from.block, from.place, to.place);
     EraseInBlock(from.block, from.place, blocks_[from.block]->runs.size());
     for (std::size_t block = from.block + 1; block < to.block; ++block) count_ -= blocks_[block]->members;
@@ -199,6 +231,28 @@ void PairRuns<T>::EraseInBlock(std::size_t block, std::size_t from, std::size_t 
     count_ -= removed;
     runs.erase(runs.begin() + static_cast<std::ptrdiff_t>(from), runs.begin() + static_cast<std::ptrdiff_t>(to));
     if (!runs.empty()) lows_[block] = runs.front().low;
+}
+
+template <typename T>
+const Run<T>* PairRuns<T>::Walk::PeekElsewhere(T behind) {
+    const bool changed = changes_ != runs_->changes_;
+    changes_ = runs_->changes_;
+    if (changed && nextBlock_ > 0) {
+        const Position at = runs_->Above(behind);
+        if (!runs_->AtEnd(at)) return Take(at);
+        nextBlock_ = at.block;
+    }
+    at_ = end_ = nullptr;
+    return nextBlock_ < runs_->blocks_.size() ? Take({nextBlock_, 0}) : nullptr;
+}
+
+template <typename T>
+const Run<T>* PairRuns<T>::Walk::Take(Position at) {
+    const std::vector<Run<T>>& runs = runs_->blocks_[at.block]->runs;
+    at_ = runs.data() + at.place;
+    end_ = runs.data() + runs.size();
+    nextBlock_ = at.block + 1;
+    return at_;
 }
 
 template class PairRuns<ulong32>;

@@ -30,7 +30,10 @@ public:
     struct Position {
         std::size_t block = 0;
         std::size_t place = 0;
+        bool operator==(const Position&) const = default;
     };
+
+    class Walk;
 
     PairRuns() = default;
     PairRuns(const PairRuns& other);
@@ -42,10 +45,6 @@ public:
     bool AtEnd(Position at) const { return at.block >= blocks_.size(); }
     // The run at a position that is not the end.
     const Run<T>& At(Position at) const { return blocks_[at.block]->runs[at.place]; }
-    // The position behind this one. Positions survive no change of the runs, but asking with a stale one is harmless.
-    Position Behind(Position at) const;
-    // Whether the position still leads to a run.
-    bool Valid(Position at) const { return !AtEnd(at) && at.place < blocks_[at.block]->runs.size(); }
 
     const Run<T>& First() const { return blocks_.front()->runs.front(); }
     const Run<T>& Last() const { return blocks_.back()->runs.back(); }
@@ -53,8 +52,10 @@ public:
     uint64 Count() const { return count_; }
 
     bool Member(T item) const;
+    // Adds the value.
+    void Add(T item);
     // Adds the values [low, high].
-    void Add(T low, T high);
+    void AddRange(T low, T high);
     // Removes the value, if it is a member.
     void Remove(T item);
     void Clear();
@@ -69,19 +70,29 @@ private:
         std::vector<Run<T>> runs;
     };
 
-    // A block takes up to 4 KiB: moving half of it costs about as much as finding the place.
-    static constexpr std::size_t kBlockRuns = 4096 / sizeof(Run<T>);
+    // A block takes up to 2 or 4 KiB. Twice as much would have an insertion move for longer than it searches; half as
+    // much would make the directory of a large list the part that takes long to move.
+    static constexpr std::size_t kBlockRuns = 256;
     // What the first run of a list reserves.
     static constexpr std::size_t kFirstRuns = 32;
 
     static uint64 SizeOf(const Run<T>& run) { return uint64{run.high} - run.low + 1; }
     static uint64 SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to);
 
+    Position End() const { return {blocks_.size(), 0}; }
+    // The positions behind a run, and before a position that is not the first.
+    Position Behind(Position at) const;
+    Position Before(Position at) const;
+
     // The first run of which the high is at or above the item, or the end.
     Position Find(T item) const;
+    // The first run that lies above the item, or the end.
+    Position Above(T item) const;
     // The first run that lies above the value and does not touch it, or the end.
     Position BehindTouching(T high) const;
 
+    // Adds a value that lies above all members.
+    void Append(T item);
     void Insert(Position at, Run<T> run);
     void InsertBlock(std::size_t at, std::unique_ptr<Block> block);
     // Moves the upper half of a full block to a new one behind it.
@@ -95,6 +106,33 @@ private:
     std::vector<T> lows_;
     std::vector<std::unique_ptr<Block>> blocks_;
     uint64 count_ = 0;
+    // Counts the changes of the runs.
+    uint64 changes_ = 0;
+};
+
+// A walk through the runs, in ascending order.
+template <typename T>
+class PairRuns<T>::Walk {
+public:
+    explicit Walk(const PairRuns* runs) : runs_(runs) {}
+
+    // The next run, without stepping over it; null at the end. `behind` is the last value that the walk has passed:
+    // runs that have changed meanwhile make it go on with the first run above that one.
+    const Run<T>* Peek(T behind) { return at_ != end_ && changes_ == runs_->changes_ ? at_ : PeekElsewhere(behind); }
+    // Steps over the run that Peek gave, or stays, by a condition that costs no branch.
+    void Step(bool step) { at_ += step ? 1 : 0; }
+
+private:
+    const Run<T>* PeekElsewhere(T behind);
+    // Takes up what a block has from the position on.
+    const Run<T>* Take(Position at);
+
+    const PairRuns* runs_;
+    // What is left of a block, and the number of the block behind it, which is 0 before the start.
+    const Run<T>* at_ = nullptr;
+    const Run<T>* end_ = nullptr;
+    std::size_t nextBlock_ = 0;
+    uint64 changes_ = 0;
 };
 
 }  // namespace Torvo

@@ -38,17 +38,20 @@ void InsertBehind(QUEUE* queue, Q_ELEM* previous, Q_ELEM* element) {
     if (queue->tail == previous) queue->tail = element;
 }
 
+// The tail ends the queue, even if its own link leads on, as that of a duplicate or of a merged source does.
 void PushBack(QUEUE* queue, Q_ELEM* element) {
     InsertBehind(queue, queue->tail, element);
+    Next(element) = nullptr;
 }
 
 // Unlinks the element behind another of the queue, or at the front for null; there must be one.
 Q_ELEM* RemoveBehind(QUEUE* queue, Q_ELEM* previous) {
     Q_ELEM*& link = previous == nullptr ? queue->head : Next(previous);
     Q_ELEM* const element = link;
-    link = Next(element);
+    const bool isTail = queue->tail == element;
+    link = isTail ? nullptr : Next(element);
+    if (isTail) queue->tail = previous;
     Next(element) = nullptr;
-    if (queue->tail == element) queue->tail = previous;
     return element;
 }
 

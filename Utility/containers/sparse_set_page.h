@@ -101,10 +101,14 @@ inline uint32 SetBitFrom(const uint16* bitmap, uint32 place) {
     return rest != 0 ? place + static_cast<uint32>(std::countr_zero(rest)) : SetBitBehindWordOf(bitmap, place);
 }
 
+// The lowest place that is set in the bitmap, or kNone, at the start of a walk through it.
+uint32 FirstSetBit(const uint16* bitmap);
+
 // The lowest member at or above the place, or kNone.
 inline uint32 MemberFrom(const flist_page& page, uint32 place) {
     if (IsFull(page)) return place;
-    return IsEmpty(page) ? kNone : SetBitFrom(page.bits, place);
+    if (IsEmpty(page)) return kNone;
+    return place == 0 ? FirstSetBit(page.bits) : SetBitFrom(page.bits, place);
 }
 
 // The highest member at or below the place, or kNone.

@@ -104,6 +104,33 @@ TEST(Queue, EnqueueAtTheBackOfAnEmptyQueue) {
     EXPECT_EQ(element->next, nullptr);
 }
 
+// As a duplicate of an element has it: linked to where the original was.
+TEST(Queue, TailEndsTheQueueWhereverItsLinkLeads) {
+    Item stranger(9);
+    Item first(1);
+    first.next = &stranger;
+    QUEUE queue{&first, &first};
+    Item second(2);
+    Enqueue(&queue, &second, 1);
+    EXPECT_EQ(first.next, &second);
+    EXPECT_EQ(second.next, nullptr);
+    EXPECT_EQ(queue.tail, &second);
+
+    second.next = &stranger;
+    Q_ELEM* out = nullptr;
+    EXPECT_TRUE(Dequeue(&queue, &out, 1));
+    EXPECT_EQ(out, &second);
+    EXPECT_EQ(second.next, nullptr);
+    EXPECT_EQ(first.next, nullptr);
+
+    first.next = &stranger;
+    EXPECT_TRUE(Dequeue(&queue, &out, 0));
+    EXPECT_EQ(first.next, nullptr);
+    EXPECT_EQ(queue.head, nullptr);
+    EXPECT_EQ(queue.tail, nullptr);
+    EXPECT_EQ(stranger.next, nullptr);
+}
+
 TEST(Queue, EnqueueElsewhereDoesNothing) {
     Queue queue{1};
     Item element(2);
