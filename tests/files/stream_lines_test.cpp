@@ -270,7 +270,7 @@ TEST_F(Lines, RandomTextReadsAsByThePlainForm) {
     Random random;
     SCOPED_TRACE(random.About());
     static const ZUCHARSET kCharsets[] = {csWindowsLatin1, csUTF8, csWindowsJapanese, csUTF16, csMacRoman};
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 200; ++round) {
         const std::string text = RandomText(random);
         const ZUCHARSET charset = kCharsets[random.Between(0, 4)];
         const wstring16 path = Write(text);
