@@ -35,7 +35,7 @@ struct Place {
 Place PlaceOf(int64 position, int32 blockSize) {
     const auto place = static_cast<uint64>(position);
     const auto size = static_cast<uint32>(blockSize);
-    if (std::has_single_bit(size)) {  // only saves the division
+    if ((size & (size - 1)) == 0) {  // a power of two: only saves the division
         return {static_cast<int64>(place >> std::countr_zero(size)), static_cast<int32>(place & (size - 1))};
     }
     return {static_cast<int64>(place / size), static_cast<int32>(place % size)};
