@@ -2,15 +2,12 @@
 
 #include <Utility/files/file_system_impl.h>
 #include <Utility/memory_blocks.h>
-#include <Utility/platform/platform.h>
 
 #include <gtest/gtest.h>
 #include <reference/plain_file_table.h>
 #include <support/failing_heap.h>
 #include <support/fresh_files.h>
 #include <support/random.h>
-
-#include <clocale>
 
 namespace Torvo::test {
 namespace {
@@ -60,39 +57,6 @@ TEST(RegistryModel, AnswersAsThePlainFormDoes) {
     for (std::size_t index = 0; index < plain.entries.size(); ++index)
         tested.unregister_file(static_cast<int>(index) + 1000);
     EXPECT_TRUE(tested.InvariantsHold());
-}
-
-// The index finds a name only if what the comparison takes for equal has the same class.
-TEST(NameIndex, UnitsThatAreEqualIgnoringCaseAreInOneClass) {
-    const std::string former = std::setlocale(LC_CTYPE, nullptr);
-    for (const char* const locale : {"C", "C.UTF-8", "tr_TR.UTF-8", "en_US.UTF-8", ".UTF-8", "Turkish_Türkiye.1254"}) {
-        if (std::setlocale(LC_CTYPE, locale) == nullptr) continue;
-        SCOPED_TRACE(locale);
-        for (uint32 unit = 1; unit < 0x10000; ++unit) {
-            const auto one = static_cast<wchar16>(unit);
-            for (const wchar16 other :
-                 {platform::CharLowerW(one), platform::CharUpperW(one), wchar16{'i'}, wchar16{'k'}}) {
-                const wchar16 a[] = {one, 0};
-                const wchar16 b[] = {other, 0};
-                if (platform::_wcsicmp(a, b) != 0) continue;
-                ASSERT_EQ(CaseClass(one), CaseClass(other)) << unit << ' ' << uint32{other};
-            }
-        }
-    }
-    std::setlocale(LC_CTYPE, former.c_str());
-}
-
-TEST(NameIndex, NamesAreFoundAfterTheRuntimesLocaleHasChanged) {
-    const std::string former = std::setlocale(LC_CTYPE, nullptr);
-    const FreshFiles files;
-    const int file = register_file(ZUTEXT("C:\\stra\u00DFe \u00E4\u00E5.dat"), ftNone, true);
-    EXPECT_EQ(is_file_registered(ZUTEXT("C:\\STRA\u00DFE \u00C4\u00C5.DAT"), ftNone), 0);
-    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr && std::setlocale(LC_CTYPE, ".UTF-8") == nullptr) {
-        GTEST_SKIP() << "this system has no UTF-8 locale";
-    }
-    EXPECT_EQ(is_file_registered(ZUTEXT("C:\\STRA\u00DFE \u00C4\u00C5.DAT"), ftNone), file);
-    std::setlocale(LC_CTYPE, former.c_str());
-    EXPECT_EQ(is_file_registered(ZUTEXT("C:\\STRA\u00DFE \u00C4\u00C5.DAT"), ftNone), 0);
 }
 
 TEST(RegistryMemory, RegisteringWithoutMemoryGivesZeroAndChangesNothing) {
