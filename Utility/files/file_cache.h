@@ -52,7 +52,6 @@ private:
         int end;
     };
 
-    void Allocate();
     void LinkAll();
     void Unlink(int entry);
     void LinkBetweenTailAndHead(int entry);
