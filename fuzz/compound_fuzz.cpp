@@ -1,7 +1,7 @@
 // Any bytes as a compound file. What must hold: an open and the reads end, a read gives no more than was asked for, and
 // a stream has no more bytes than it says.
 //
-// Seeds: tests/data/book.xls and workbook.xls.
+// Seeds: fuzz/seeds/compound, from tests/data.
 #include <Utility/file_io.h>
 #include <Utility/files.h>
 #include <unistd.h>
