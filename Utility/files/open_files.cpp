@@ -189,7 +189,7 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
     ++openCount;
     entry->SetReferences(1);
     if (!GoToStart(*entry)) {
-        RaiseErrorWithNumber(13, 55, errno, entry->name->name);
+        if (mode != omCreate) RaiseErrorWithNumber(13, 55, errno, entry->name->name);
         ReallyClose(*entry);
         entry->SetReferences(0);
         return -1;
