@@ -32,6 +32,7 @@ namespace platform {
 // today. The units written, terminator included, or needed where `size` is 0; 0 on failure: error 87 for a date outside
 // the years 1601 to 30827, an unknown locale or a bad size, 122 when the text does not fit, 1004 for a flag together
 // with a picture, or for two that exclude each other. The day of the week is found from the date, not read.
+// Systems may refuse pictures of texts that could have more than 255 units, with error 122: see TakesLongPictures.
 int GetDateFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* date, const wchar16* picture, wchar16* buffer,
                    int size);
 
@@ -39,6 +40,9 @@ int GetDateFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* date, const wc
 // results and failures as above.
 int GetTimeFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* time, const wchar16* picture, wchar16* buffer,
                    int size);
+
+// Whether pictures of any length are taken.
+bool TakesLongPictures();
 
 }  // namespace platform
 }  // namespace Torvo

@@ -191,11 +191,6 @@ TEST_F(FormatDate, IsCutAtTheSizeAndClearsTheRest) {
     EXPECT_EQ(Format(LeapDay, ZUTEXT("yyyy-MM-dd"), 0), ZUTEXT(""));
 }
 
-TEST_F(FormatDate, LongPicturesAreNoProblem) {
-    const wstring16 picture(3000, 'x');
-    EXPECT_EQ(Format(LeapDay, picture.c_str(), 4000), picture);
-}
-
 TEST_F(FormatDate, RefusedDateLeavesTheBufferCleared) {
     for (const zuDATE& date :
          {zuDATE{1600, 12, 31}, zuDATE{987, 6, 5}, zuDATE{0, 0, 0}, zuDATE{2024, 2, 30}, zuDATE{2024, 13, 1},

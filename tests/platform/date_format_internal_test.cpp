@@ -7,6 +7,8 @@
 #include <support/fixture_path.h>
 #include <support/guarded_buffer.h>
 
+#include <vector>
+
 namespace {
 
 using namespace Torvo;
@@ -61,7 +63,7 @@ TEST(DateFormatCalls, ApostrophesEncloseText) {
 TEST(DateFormatCalls, MonthHasItsGenitiveBesideADay) {
     constexpr uint32 Polish = 0x0415;
     EXPECT_EQ(Date(LeapDay, ZUTEXT("d MMMM yyyy"), Polish), ZUTEXT("29 lutego 2024"));
-    EXPECT_EQ(Date(LeapDay, ZUTEXT("MMMM yyyy"), Polish), ZUTEXT("luty 2024"));
+    EXPECT_EQ(Date(LeapDay, ZUTEXT("yyyy MMMM"), Polish), ZUTEXT("2024 luty"));
     EXPECT_EQ(Date(LeapDay, ZUTEXT("'d' MMMM"), Polish), ZUTEXT("d luty"));
 }
 
@@ -84,6 +86,28 @@ void ExpectDateFails(const SYSTEMTIME& date, uint32 error, uint32 flags = 0, con
     platform::SetLastError(0);
     EXPECT_EQ(platform::GetDateFormatW(English, flags, &date, picture, text, 100), 0);
     EXPECT_EQ(platform::GetLastError(), error);
+}
+
+TEST(DateFormatCalls, TakePicturesOfAnyLengthOrRefuseThem) {
+    const wstring16 literal(3000, 'x');
+    wstring16 names;
+    for (int i = 0; i < 100; ++i) names += ZUTEXT("dddd ");
+    std::vector<wchar16> text(4000);
+    for (const wstring16& picture : {literal, names}) {
+        const int written = platform::GetDateFormatW(English, 0, &LeapDay, picture.c_str(), text.data(), 4000);
+        const int time = platform::GetTimeFormatW(English, 0, &LeapDay, literal.c_str(), text.data(), 4000);
+        if (!platform::TakesLongPictures()) {
+            EXPECT_EQ(written, 0);
+            EXPECT_EQ(time, 0);
+            EXPECT_EQ(platform::GetLastError(), uint32{ERROR_INSUFFICIENT_BUFFER});
+        } else {
+            EXPECT_EQ(written, picture == literal ? 3001 : 901);
+            EXPECT_EQ(time, 3001);
+        }
+    }
+    // What a person would write is taken everywhere.
+    EXPECT_EQ(Date(LeapDay, ZUTEXT("dddd, d 'de' MMMM 'de' yyyy 'and some words more, in full' ddd")),
+              ZUTEXT("Thursday, 29 de February de 2024 and some words more, in full Thu"));
 }
 
 TEST(DateFormatCalls, RefuseWhatIsNoDateOrTime) {

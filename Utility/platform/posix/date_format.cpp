@@ -272,4 +272,8 @@ int GetTimeFormatW(uint32 locale, uint32 flags, const SYSTEMTIME* time, const wc
     return output.Finish();
 }
 
+bool TakesLongPictures() {
+    return true;
+}
+
 }  // namespace Torvo::platform
