@@ -24,8 +24,13 @@ std::size_t LongestOfRun(wchar16 unit, std::size_t count) {
             return LongestName;
         case 'y':
             return LongestYear;
+        case 'h':
+        case 'H':
+        case 'm':
+        case 's':
+            return count < 2 ? 2 : count;
         default:
-            return count < 2 ? 2 : count;  // an hour of one digit may print as two
+            return count;
     }
 }
 
