@@ -59,7 +59,7 @@ ZUAPI bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 or
 // A null picture is the locale's short date.
 //
 // False, with `out` filled with zeros, if the system refuses the date: it does so for dates before 1 January 1601 and
-// for what is no date; and if memory is short.
+// for what is no date; on Windows, for a pattern whose text could have more than 255 units; and if memory is short.
 ZUAPI bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, const wchar16* pattern);
 // The same with one of the locale's own pictures, by its locale type: 31 is the short date and 32 the long one. False,
 // with `out` untouched, if there is no such text or it has more than 259 units. It is that of the locale at the last
