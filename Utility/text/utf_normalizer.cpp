@@ -114,7 +114,7 @@ int32 Sign(int difference) {
 
 // Keys end at the first zero byte, and their bytes compare as unsigned ones: just what strcmp does.
 int32 CompareKeys(const char* a, const char* b) {
-    return a != nullptr && b != nullptr ? Sign(std::strcmp(a, b)) : 0;
+    return Sign(std::strcmp(a, b));
 }
 
 // A zeroed block of so many units, or null.
@@ -188,13 +188,17 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
 
 // Two plain texts are compared by the collator itself, which gives what comparing their keys gives, and sooner.
 int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
-    if (a == nullptr || b == nullptr) return 0;
     const bool isKeyA = keytext::HasMark(a);
     const bool isKeyB = keytext::HasMark(b);
     if (isKeyA && isKeyB) return CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
+    if (a == nullptr || b == nullptr) return 0;
     sCollationWork& first = parts->first;
     sCollationWork& second = parts->second;
-    if (isKeyA || isKeyB) return CompareKeys(KeyIn(first, a), KeyIn(second, b));
+    if (isKeyA || isKeyB) {
+        const char* const keyA = KeyIn(first, a);
+        const char* const keyB = KeyIn(second, b);
+        return keyA != nullptr && keyB != nullptr ? CompareKeys(keyA, keyB) : 0;
+    }
     if (!first.SetText(a) || !second.SetText(b)) return 0;
     return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
                                                 second.Length()));
