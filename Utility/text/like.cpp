@@ -51,10 +51,10 @@ struct Progress {
     const wchar16* pattern;
 };
 
-// Steps over what is plain and equal on both sides. If what comes then on either side may join the last unit to a
+// Steps over units that take each other on both sides. If what comes then on either side may join the last unit to a
 // character, that unit is left for the careful steps.
-void StepOverEqual(Progress& at, EscapeUnit escape) {
-    std::size_t count = like::CountEqualPlain(at.text, at.pattern, escape);
+void StepOverTaken(Progress& at, EscapeUnit escape) {
+    std::size_t count = like::CountTaken(at.text, at.pattern, escape);
     if (count == 0) return;
     if (at.text[count] >= firstJoiningUnit || at.pattern[count] >= firstJoiningUnit) --count;
     at.text += count;
@@ -72,7 +72,7 @@ enum class Outcome {
 // Compares the text with the pattern up to the next run.
 Outcome ComparePart(Progress& at, EscapeUnit escape) {
     for (;;) {
-        StepOverEqual(at, escape);
+        StepOverTaken(at, escape);
         const Element element = Read(at.pattern, escape);
         at.pattern = element.next;
         switch (element.kind) {

@@ -19,12 +19,19 @@ inline bool IsPlain(wchar16 unit, EscapeUnit escape) {
     return unit != 0 && unit < firstJoiningUnit && unit != anyRun && unit != anyOne && unit != escape;
 }
 
+// Whether a unit of the pattern takes one of the text, where neither joins another: a plain unit its equal, and "_" any
+// but the terminator.
+inline bool Takes(wchar16 unit, wchar16 text, EscapeUnit escape) {
+    if (unit == anyOne && unit != escape) return text != 0 && text < firstJoiningUnit;
+    return unit == text && IsPlain(unit, escape);
+}
+
 #if defined(TORVO_PLAIN_LOOPS)
 
-// How many units at the start of both are equal, and plain.
-inline std::size_t CountEqualPlain(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
+// How many units at the start of the pattern take one of the text each.
+inline std::size_t CountTaken(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
     std::size_t count = 0;
-    while (text[count] == pattern[count] && IsPlain(pattern[count], escape)) ++count;
+    while (Takes(pattern[count], text[count], escape)) ++count;
     return count;
 }
 
@@ -74,24 +81,37 @@ inline bool HasBlock(const wchar16* text) {
 // while it would wait for what a block answers.
 inline constexpr std::ptrdiff_t oneByOne = 4;
 
-inline std::size_t CountEqualPlain(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
-    const auto goesOn = [=](std::size_t at) { return text[at] == pattern[at] && IsPlain(pattern[at], escape); };
+// Takes for eight units at a time.
+class BlockTaker {
+public:
+    explicit BlockTaker(EscapeUnit escape) : escape_(scan::Broadcast(static_cast<wchar16>(escape))) {}
+
+    // Two bits for each unit that takes one.
+    unsigned operator()(__m128i pattern, __m128i text) const {
+        const __m128i isOne = _mm_cmpeq_epi16(pattern, scan::Broadcast(anyOne));
+        const __m128i isWildcard = _mm_or_si128(isOne, _mm_cmpeq_epi16(pattern, scan::Broadcast(anyRun)));
+        const __m128i isEqual = _mm_andnot_si128(isWildcard, _mm_cmpeq_epi16(pattern, text));
+        const __m128i takes = _mm_and_si128(_mm_or_si128(isEqual, isOne), Stands(text));
+        return scan::Mask(_mm_andnot_si128(_mm_cmpeq_epi16(pattern, escape_), takes));
+    }
+
+private:
+    __m128i escape_;
+};
+
+inline std::size_t CountTaken(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
     std::size_t count = 0;
     for (; count < static_cast<std::size_t>(oneByOne); ++count) {
-        if (!goesOn(count)) return count;
+        if (!Takes(pattern[count], text[count], escape)) return count;
     }
-    const scan::EitherOf isWildcard(anyRun, anyOne);
-    const __m128i escapes = scan::Broadcast(static_cast<wchar16>(escape));
+    const BlockTaker takes(escape);
     for (;;) {
         if (!HasBlock(text + count) || !HasBlock(pattern + count)) {
-            if (!goesOn(count)) return count;
+            if (!Takes(pattern[count], text[count], escape)) return count;
             ++count;
             continue;
         }
-        const __m128i units = scan::LoadAny(pattern + count);
-        const __m128i equal = _mm_and_si128(_mm_cmpeq_epi16(units, scan::LoadAny(text + count)), Stands(units));
-        const __m128i special = _mm_or_si128(isWildcard(units), _mm_cmpeq_epi16(units, escapes));
-        const unsigned mask = scan::Mask(_mm_andnot_si128(special, equal));
+        const unsigned mask = takes(scan::LoadAny(pattern + count), scan::LoadAny(text + count));
         if (mask != scan::WholeMask) return count + scan::FirstUnit(~mask);
         count += scan::BlockUnits;
     }

@@ -3,6 +3,7 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/platform/text_scan.h>
 
 #include <algorithm>
 #include <cstring>
@@ -13,6 +14,11 @@ namespace {
 
 constexpr uint64 firstPosition = 1;
 constexpr uint64 mostBytes = 65500;
+
+// In the loop, and not a call away: most of a look-up is finding where entries end.
+uint64 LengthOf(const wchar16* text) {
+    return static_cast<uint64>(platform::scan::FindFirst(text, platform::scan::EitherOf(0, 0)) - text);
+}
 
 constexpr uint64 BytesOf(uint64 units) {
     return units * sizeof(wchar16);
@@ -62,7 +68,7 @@ Found Find(const wchar16* cache, const Wanted& wanted, uint64 recordUnits, bool 
     Found found{firstPosition, false};
     for (;;) {
         const wchar16* const text = cache + found.position + recordUnits;
-        const uint64 length = platform::wcslen(text);
+        const uint64 length = LengthOf(text);
         found.isEntry = length > 0 && wanted.Equals(text, length);
         if (length == 0 || found.isEntry) return found;
         if (asksForOrder && found.firstAbove == 0 && wanted.IsBelow(text)) found.firstAbove = found.position;

@@ -5,7 +5,9 @@
 #include <reference/plain_like.h>
 #include <support/random.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -214,6 +216,72 @@ TEST_F(LikeTest, AnswersAsThePlainFormDoesAmongMarksAndPairs) {
         wild.push_back(unit);
     }
     CompareWithThePlainForm(joining, wild, 60'000);
+}
+
+// A text in a buffer of two pages, at some place of it, so that it may go over the border between them or end there.
+class Placed {
+public:
+    Placed(test::Random& random, const wstring16& text) : buffer_(3 * kPage, wchar16{'a'}) {
+        const auto address = reinterpret_cast<std::uintptr_t>(buffer_.data());
+        const std::size_t border = (kPage * sizeof(wchar16) - address % (kPage * sizeof(wchar16))) / sizeof(wchar16);
+        const auto size = static_cast<int64>(text.size()) + 1;
+        start_ = kPage + border - static_cast<std::size_t>(random.Between(random.OneIn(2) ? size : 0, size + 20));
+        std::copy_n(text.c_str(), text.size() + 1, &buffer_[start_]);
+    }
+    const wchar16* Start() const { return &buffer_[start_]; }
+
+private:
+    static constexpr std::size_t kPage = 2048;
+
+    std::vector<wchar16> buffer_;
+    std::size_t start_;
+};
+
+// Pieces of the text, now and then a unit of them changed, with a few runs between them.
+wstring16 PatternFor(test::Random& random, const wstring16& text, const std::vector<wstring16>& characters) {
+    wstring16 pattern;
+    std::size_t at = 0;
+    for (int64 runs = random.Between(0, 3);; --runs) {
+        const auto left = static_cast<int64>(text.size() - at);
+        const auto taken = static_cast<std::size_t>(runs > 0 ? random.Between(0, left) : left);
+        wstring16 piece = text.substr(at, taken);
+        for (wchar16& unit : piece) {
+            if (random.OneIn(12)) unit = '_';
+            if (random.OneIn(200)) unit = characters[static_cast<std::size_t>(random.Between(0, 3))][0];
+        }
+        pattern += piece;
+        at += taken;
+        if (runs == 0) return pattern;
+        pattern += '%';
+        at += static_cast<std::size_t>(random.Between(0, static_cast<int64>(text.size() - at)));
+    }
+}
+
+TEST_F(LikeTest, AnswersAsThePlainFormDoesOnLongTexts) {
+    const std::vector<wstring16> plain = {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("b"), ZUTEXT("c")};
+    std::vector<wstring16> joining = plain;
+    for (const wchar16* const unit : {ZUTEXT("\u0301"), ZUTEXT("\u0436"), ZUTEXT("\u00FF"), ZUTEXT("\uFE20")}) {
+        joining.push_back(unit);
+    }
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    int matches = 0;
+    for (int i = 0; i < 20'000; ++i) {
+        const std::vector<wstring16>& characters = i % 2 == 0 ? plain : joining;
+        const wstring16 text = RandomFrom(random, characters, 60);
+        const wstring16 pattern = PatternFor(random, text, characters);
+        const Placed placedText(random, text);
+        const Placed placedPattern(random, pattern);
+        bool expected = true;
+        int errors = 0;
+        PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
+        bool match = !expected;
+        ASSERT_TRUE(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match));
+        ASSERT_EQ(match, expected) << i;
+        matches += match;
+    }
+    EXPECT_GT(matches, 5'000) << "the patterns fit often enough";
+    EXPECT_LT(matches, 19'000);
 }
 
 }  // namespace
