@@ -13,7 +13,7 @@
 //   a lone value takes      4 bytes                   8 or 16 bytes
 //   a run takes             8 bytes                   8 or 16 bytes
 //   a look-up               logarithmic               logarithmic
-//   adding at random        linear                    logarithmic
+//   adding at random        logarithmic               logarithmic
 //
 // Enumerators and items are made by a list, belong to the caller and are destroyed with `delete`. They point into the
 // list: it must outlive them and must not change while they are in use.

@@ -1,3 +1,4 @@
+#include <Utility/containers/directory.h>
 #include <Utility/containers/pair_runs.h>
 
 #include <algorithm>
@@ -5,30 +6,6 @@
 #include <utility>
 
 namespace Torvo {
-
-namespace {
-
-// The number of leading elements that the predicate holds for; it holds for none behind those. The steps depend on the
-// number of elements alone, so that no branch is guessed wrong on the way.
-template <typename Element, typename Predicate>
-std::size_t CountLeading(const std::vector<Element>& elements, Predicate holds) {
-    if (elements.empty()) return 0;
-    const Element* base = elements.data();
-    std::size_t size = elements.size();
-    while (size > 1) {
-        const std::size_t half = size / 2;
-        base += half * static_cast<std::size_t>(holds(base[half - 1]));
-        size -= half;
-    }
-    return static_cast<std::size_t>(base - elements.data()) + (holds(*base) ? 1 : 0);
-}
-
-template <typename T>
-void ReserveOneMore(std::vector<T>& elements) {
-    if (elements.size() == elements.capacity()) elements.reserve(2 * elements.size() + 1);
-}
-
-}  // namespace
 
 template <typename T>
 PairRuns<T>::PairRuns(const PairRuns& other) : lows_(other.lows_), count_(other.count_) {

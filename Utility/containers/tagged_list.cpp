@@ -1,8 +1,7 @@
-#include <Utility/containers/tagged_words.h>
+#include <Utility/containers/tagged_blocks.h>
 #include <Utility/integer_lists.h>
 
 #include <new>
-#include <utility>
 
 // The list of signed values: runs packed into tagged words.
 
@@ -10,86 +9,103 @@ namespace Torvo {
 
 namespace {
 
-using Entry = TaggedWords::Entry;
+using Entry = TaggedBlocks::Entry;
+
+int32 Choose(bool which, int32 yes, int32 no) {
+    const int32 mask = -static_cast<int32>(which);
+    return (yes & mask) | (no & ~mask);
+}
 
 // One object for both kinds of enumerator: the range enumerator is its second base.
 class ZUListEnumeratorImpl : public ZUListEnumerator<long32>, public ZUListRangeEnumerator<long32> {
 public:
-    explicit ZUListEnumeratorImpl(const TaggedWords* list) : list_(list) {}
+    explicit ZUListEnumeratorImpl(const TaggedBlocks* list) : walk_(list) {}
 
     bool Next(long32& item) override {
+        // Far from the end of a run, which is foreseen; near it nobody can guess, so all ways are taken there and one
+        // is chosen without a branch.
+        if (high_ - current_ >= kNear) {
+            item = passed_ = current_++;
+            return true;
+        }
         item = -1;
-        if (wordIndex_ >= list_->End()) return false;
-        const Entry entry = list_->EntryAt(wordIndex_);
-        item = current_ != -1 && !entry.IsSingle() ? current_ : entry.low;
-        const bool done = item == entry.high;
-        if (done) wordIndex_ += entry.Words();
-        if (!entry.IsSingle()) current_ = done ? -1 : item + 1;
-        return item != -1;
+        const int32* const words = walk_.Peek(passed_);
+        if (words == nullptr) return false;
+        const Entry entry = TaggedWords::Read(words);
+        const bool single = entry.IsSingle();
+        item = passed_ = Choose(single || current_ == -1, entry.low, current_);
+        // Above it only in a list that has changed under the walk.
+        const bool done = item >= entry.high;
+        current_ = Choose(single, current_, Choose(done, -1, item + !done));
+        high_ = Choose(done, -1, entry.high);
+        walk_.Step(done ? entry.Words() : 0);
+        return true;
     }
 
     // Does not look at `current_`, which a walk over members may have left set.
     bool Next(long32& first, long32& last) override {
         first = -1;
         last = -1;
-        if (wordIndex_ >= list_->End()) return false;
-        const Entry entry = list_->EntryAt(wordIndex_);
+        const int32* const words = walk_.Peek(passed_);
+        if (words == nullptr) return false;
+        const Entry entry = TaggedWords::Read(words);
         first = entry.low;
-        last = entry.high;
-        wordIndex_ += entry.Words();
+        last = passed_ = entry.high;
+        high_ = -1;
+        walk_.Step(entry.Words());
         return true;
     }
 
 private:
-    const TaggedWords* list_;
-    uint64 wordIndex_ = TaggedWords::kBegin;
+    static constexpr int32 kNear = 4;
+
+    TaggedBlocks::Walk walk_;
     int32 current_ = -1;  // the next member of the run that is under way; -1 for none
+    int32 high_ = -1;     // the end of that run, while the walk stands at it; else -1
+    int32 passed_ = -1;   // the last value given
 };
 
 class ZUListItemImpl : public ZUListItem<long32> {
 public:
-    explicit ZUListItemImpl(const TaggedWords* list) : list_(list) {}
+    explicit ZUListItemImpl(const TaggedBlocks* list) : list_(list) {}
 
     bool GetItem(uint64 index, long32& item) override {
         item = -1;
-        if (index == 0 || list_->Empty()) return false;
-        // A shorter way to the same entry; or a position that the list no longer has.
-        if (index <= ordinal_ / 2 || wordIndex_ >= list_->End()) Reset();
-        if (!StepBackTo(index)) return false;
-        for (;;) {
-            const Entry entry = list_->EntryAt(wordIndex_);
-            if (index - ordinal_ < entry.Size()) {
-                item = static_cast<long32>(entry.low + static_cast<int64>(index - ordinal_));
-                return true;
-            }
-            if (wordIndex_ + entry.Words() >= list_->End()) return false;
-            wordIndex_ += entry.Words();
-            ordinal_ += entry.Size();
-        }
-    }
-
-private:
-    void Reset() {
-        wordIndex_ = TaggedWords::kBegin;
-        ordinal_ = 1;
-    }
-
-    bool StepBackTo(uint64 index) {
-        while (index < ordinal_) {
-            if (wordIndex_ <= TaggedWords::kBegin) {
-                Reset();
-                return false;
-            }
-            wordIndex_ = list_->Before(wordIndex_);
-            ordinal_ -= list_->EntryAt(wordIndex_).Size();
-        }
+        if (index == 0 || index > list_->Count()) return false;
+        if (!FindNearby(index)) at_ = list_->Locate(index, ordinal_);
+        changes_ = list_->Changes();
+        item = static_cast<long32>(list_->EntryAt(at_).low + static_cast<int64>(index - ordinal_));
         return true;
     }
 
-    const TaggedWords* list_;
-    // Where the last answer was found: the entry, and the ordinal of its first value.
-    uint64 wordIndex_ = TaggedWords::kBegin;
-    uint64 ordinal_ = 1;
+private:
+    // How many entries away from the last answer it is worth looking.
+    static constexpr int kNearby = 8;
+
+    // Steps by entries towards the index; whether it was reached. There is an entry wherever it leads, since the index
+    // is one of the list's.
+    bool FindNearby(uint64 index) {
+        if (ordinal_ == 0 || changes_ != list_->Changes()) return false;
+        for (int step = 0; step < kNearby; ++step) {
+            const Entry entry = list_->EntryAt(at_);
+            if (index < ordinal_) {
+                at_ = list_->Before(at_);
+                ordinal_ -= list_->EntryAt(at_).Size();
+            } else if (index - ordinal_ >= entry.Size()) {
+                at_ = list_->Behind(at_);
+                ordinal_ += entry.Size();
+            } else {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    const TaggedBlocks* list_;
+    // Where the last answer was found: the entry, and the ordinal of its first value; 0 before the first answer.
+    TaggedBlocks::Position at_;
+    uint64 ordinal_ = 0;
+    uint64 changes_ = 0;
 };
 
 class ZUListImpl : public ZUList<long32> {
@@ -97,91 +113,48 @@ public:
     enum eListCreateError { kNoMemory = 0 };
 
     ZUListImpl() {
-        if (!words_.Create()) throw kNoMemory;
+        if (!runs_.Create()) throw kNoMemory;
     }
 
-    explicit ZUListImpl(const TaggedWords& words) {
-        if (!words_.CreateCopy(words)) throw kNoMemory;
+    explicit ZUListImpl(const TaggedBlocks& runs) {
+        if (!runs_.CreateCopy(runs)) throw kNoMemory;
     }
 
-    bool Add(const long32& item) override {
-        if (item < 0) return false;
-        const uint64 at = words_.Find(item - 1);
-        if (at == words_.End()) return words_.Replace(at, at, Entry{item, item});
-        const Entry entry = words_.EntryAt(at);
-        const uint64 behind = at + entry.Words();
-        if (item > entry.high) return Extend(at, behind, {entry.low, item});
-        if (item >= entry.low) return true;
-        if (item + 1 == entry.low) return words_.Replace(at, behind, Entry{item, entry.high});
-        return words_.Replace(at, at, Entry{item, item});
-    }
+    bool Add(const long32& item) override { return item >= 0 && runs_.Add(item); }
 
     bool AddRange(const long32& a, const long32& b) override {
         if (a < 0 || b < 0) return false;
-        if (a == b) return Add(a);
-        const Entry range{a < b ? a : b, a < b ? b : a};
-        Entry joined = range;
-
-        const uint64 from = words_.Find(range.low - 1);
-        if (from < words_.End()) {
-            const Entry entry = words_.EntryAt(from);
-            if (!entry.IsSingle() && entry.low < range.low) joined.low = entry.low;
-        }
-        uint64 to = words_.Find(range.high);
-        if (to < words_.End()) {
-            const Entry entry = words_.EntryAt(to);
-            if (int64{entry.low} <= int64{range.high} + 1) {
-                // A lone value above the range is taken out with the others, and the range is not widened for it.
-                if (!entry.IsSingle()) joined.high = entry.high;
-                to += entry.Words();
-            }
-        }
-        return words_.Replace(from, to, joined);
+        return a == b ? runs_.Add(a) : runs_.AddRange(a < b ? a : b, a < b ? b : a);
     }
 
-    bool Remove(const long32& item) override {
-        if (item < 0) return true;
-        const uint64 at = words_.Find(item);
-        if (at == words_.End()) return true;
-        const Entry entry = words_.EntryAt(at);
-        if (item < entry.low) return true;
-        const uint64 behind = at + entry.Words();
-        if (entry.IsSingle()) return words_.Replace(at, behind);
-        if (item == entry.low) return words_.Replace(at, behind, Entry{item + 1, entry.high});
-        if (item == entry.high) return words_.Replace(at, behind, Entry{entry.low, item - 1});
-        return words_.Replace(at, behind, Entry{entry.low, item - 1}, Entry{item + 1, entry.high});
-    }
+    bool Remove(const long32& item) override { return item < 0 || runs_.Remove(item); }
 
-    bool Clear() override { return words_.Replace(TaggedWords::kBegin, words_.End()); }
-
-    bool Member(const long32& item) override {
-        if (item < 0) return false;
-        const uint64 at = words_.Find(item);
-        return at < words_.End() && words_.EntryAt(at).low <= item;
-    }
-
-    bool MinMax(long32& min, long32& max, bool* oneRun) override {
-        if (words_.Empty()) return false;
-        min = words_.Lowest();
-        max = words_.Highest();
-        if (oneRun != nullptr) *oneRun = HasOneEntry();
+    bool Clear() override {
+        runs_.Clear();
         return true;
     }
 
-    uint64 Count() override { return words_.Count(); }
+    bool Member(const long32& item) override { return item >= 0 && runs_.Member(item); }
 
-    int32 Plurality() override {
-        if (words_.Empty()) return 0;
-        return HasOneEntry() && words_.EntryAt(TaggedWords::kBegin).IsSingle() ? 1 : 2;
+    bool MinMax(long32& min, long32& max, bool* oneRun) override {
+        if (runs_.Empty()) return false;
+        min = runs_.Lowest();
+        max = runs_.Highest();
+        if (oneRun != nullptr) *oneRun = runs_.HasOneEntry();
+        return true;
     }
 
-    ZUList<long32>* Copy() override { return Make(words_); }
+    uint64 Count() override { return runs_.Count(); }
 
-    ZUListEnumerator<long32>* CreateEnumerator() override { return new (std::nothrow) ZUListEnumeratorImpl(&words_); }
+    int32 Plurality() override { return static_cast<int32>(runs_.Count() < 2 ? runs_.Count() : 2); }
+
+    ZUList<long32>* Copy() override { return Make(runs_); }
+
+    ZUListEnumerator<long32>* CreateEnumerator() override { return new (std::nothrow) ZUListEnumeratorImpl(&runs_); }
     ZUListRangeEnumerator<long32>* CreateRangeEnumerator() override {
-        return new (std::nothrow) ZUListEnumeratorImpl(&words_);
+        return new (std::nothrow) ZUListEnumeratorImpl(&runs_);
     }
-    ZUListItem<long32>* CreateItem() override { return new (std::nothrow) ZUListItemImpl(&words_); }
+    ZUListItem<long32>* CreateItem() override { return new (std::nothrow) ZUListItemImpl(&runs_); }
 
     // A new list, or null.
     template <typename... Arguments>
@@ -194,21 +167,7 @@ public:
     }
 
 private:
-    // Puts an entry that has grown upwards in its place, together with the one behind it if they now touch.
-    bool Extend(uint64 at, uint64 behind, Entry grown) {
-        if (behind < words_.End()) {
-            const Entry next = words_.EntryAt(behind);
-            if (grown.high + 1 == next.low)
-                return words_.Replace(at, behind + next.Words(), Entry{grown.low, next.high});
-        }
-        return words_.Replace(at, behind, grown);
-    }
-
-    bool HasOneEntry() const {
-        return TaggedWords::kBegin + words_.EntryAt(TaggedWords::kBegin).Words() == words_.End();
-    }
-
-    TaggedWords words_;
+    TaggedBlocks runs_;
 };
 
 }  // namespace

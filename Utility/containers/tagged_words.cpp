@@ -1,8 +1,9 @@
+#include <Utility/containers/directory.h>
 #include <Utility/containers/tagged_words.h>
 #include <Utility/memory_blocks.h>
 #include <emmintrin.h>
 
-#include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace Torvo {
@@ -10,13 +11,15 @@ namespace Torvo {
 namespace {
 
 constexpr uint64 kStep = 16;
+// What has to be left over before room is given back.
+constexpr uint64 kSpareBytes = 64;
 
-// Whether any of 16 words is tagged.
-bool AnyTagged(const int32* words) {
+// Which of 16 words are tagged: a bit for each, the first one's in the least significant.
+uint32 TagsOf(const int32* words) {
     const auto* const quarters = reinterpret_cast<const __m128i*>(words);
-    const __m128i a = _mm_or_si128(_mm_loadu_si128(quarters), _mm_loadu_si128(quarters + 1));
-    const __m128i b = _mm_or_si128(_mm_loadu_si128(quarters + 2), _mm_loadu_si128(quarters + 3));
-    return _mm_movemask_ps(_mm_castsi128_ps(_mm_or_si128(a, b))) != 0;
+    const __m128i low = _mm_packs_epi32(_mm_loadu_si128(quarters), _mm_loadu_si128(quarters + 1));
+    const __m128i high = _mm_packs_epi32(_mm_loadu_si128(quarters + 2), _mm_loadu_si128(quarters + 3));
+    return static_cast<uint32>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
 }
 
 uint64 BytesFor(uint64 used) {
@@ -34,61 +37,68 @@ bool TaggedWords::Create() {
     return Grow(0);
 }
 
-bool TaggedWords::CreateCopy(const TaggedWords& other) {
-    if (!Grow(other.Used())) return false;
-    std::memcpy(words_, other.words_, BytesFor(other.Used()));
-    singles_ = other.singles_;
-    count_ = other.count_;
+bool TaggedWords::CreateCopy(const TaggedWords& other, uint64 from) {
+    const uint64 used = other.End() - from;
+    if (!Grow(used)) return false;
+    std::memcpy(words_ + kBegin, other.words_ + from, used * sizeof(int32));
+    words_[0] = static_cast<int32>(used);
+    for (uint64 at = kBegin; at < End();) {
+        const Entry entry = EntryAt(at);
+        singles_ += entry.IsSingle() ? 1 : 0;
+        count_ += entry.Size();
+        at += entry.Words();
+    }
     return true;
 }
 
-TaggedWords::Entry TaggedWords::EntryAt(uint64 at) const {
-    const int32 low = ValueOf(words_[at]);
-    // A position from before a change may lead to a high that is the last word.
-    return IsTagged(words_[at]) || at == Used() ? Entry{low, low} : Entry{low, words_[at + 1]};
-}
-
-uint64 TaggedWords::Before(uint64 at) const {
-    return IsTagged(words_[at - 1]) || at == kBegin + 1 ? at - 1 : at - 2;
+uint64 TaggedWords::FindWord(int32 item) const {
+    return kBegin + CountLeading(words_ + kBegin, Used(), [item](int32 word) { return ValueOf(word) < item; });
 }
 
 uint64 TaggedWords::Find(int32 item) const {
-    const int32* base = words_ + kBegin;
-    uint64 size = Used();
-    if (size == 0) return kBegin;
-    // The steps depend on the number of words alone, so that no branch is guessed wrong on the way.
-    while (size > 1) {
-        const uint64 half = size / 2;
-        base += half * static_cast<uint64>(ValueOf(base[half - 1]) < item);
-        size -= half;
-    }
-    const uint64 at = static_cast<uint64>(base - words_) + (ValueOf(*base) < item ? 1 : 0);
-    return at < End() && !IsTagged(words_[at]) && IsHigh(at) ? at - 1 : at;
+    const uint64 at = FindWord(item);
+    return at < End() ? StartOf(at) : at;
+}
+
+bool TaggedWords::Member(int32 item) const {
+    const uint64 at = FindWord(item);
+    if (at == End()) return false;
+    // The end of an entry, or else what lies between a low and its high.
+    return ValueOf(words_[at]) == item || (!IsTagged(words_[at]) && IsHigh(at));
 }
 
 bool TaggedWords::IsHigh(uint64 at) const {
-    // Words without the tag stand in pairs, from a lone value (or the start) to the next one (or the end).
+    // Words without the tag stand in pairs, from a lone value (or the start) on.
     if (singles_ == 0) return at % 2 == 0;
     uint64 below = at;
-    uint64 above = at + 1;
-    while (below >= kBegin + kStep && above + kStep <= End()) {
-        if (AnyTagged(words_ + below - kStep) || AnyTagged(words_ + above)) break;
-        below -= kStep;
-        above += kStep;
+    for (; below >= kBegin + kStep; below -= kStep) {
+        const uint32 tags = TagsOf(words_ + below - kStep);
+        // An odd number of words between the highest of them and the end of the step.
+        if (tags != 0) return (kStep - std::bit_width(tags)) % 2 == 1;
     }
-    for (;; --below, ++above) {
-        if (below == kBegin || IsTagged(words_[below - 1])) return (at - below) % 2 == 1;
-        if (above == End() || IsTagged(words_[above])) return (above - at) % 2 == 1;
+    while (below > kBegin && !IsTagged(words_[below - 1])) --below;
+    return (at - below) % 2 == 1;
+}
+
+bool TaggedWords::Append(int32 item) {
+    const uint64 used = Used();
+    const bool touches = used > 0 && item - Highest() == 1;
+    const bool isLone = touches && IsTagged(words_[used]);
+    if (!touches || isLone) {
+        if (!Grow(used + 1)) return false;
+        words_[0] = static_cast<int32>(used + 1);
     }
+    if (isLone) words_[used] = ValueOf(words_[used]);
+    words_[Used()] = touches ? item : Tagged(item);
+    singles_ += touches ? 0 : 1;
+    singles_ -= isLone ? 1 : 0;
+    ++count_;
+    return true;
 }
 
 uint64 TaggedWords::Write(Entry entry, int32* words) {
-    words[0] = entry.low;
-    if (entry.IsSingle()) {
-        words[0] = static_cast<int32>(static_cast<uint32>(entry.low) | 0x80000000u);
-    } else {
-        words[1] = entry.high;
-    }
+    words[0] = entry.IsSingle() ? Tagged(entry.low) : entry.low;
+    if (!entry.IsSingle()) words[1] = entry.high;
     return entry.Words();
 }
 
@@ -102,7 +112,7 @@ bool TaggedWords::ReplaceWords(uint64 from, uint64 to, const int32* words, uint6
         count_ -= entry.Size();
         at += entry.Words();
     }
-    std::memmove(words_ + from + count, words_ + to, (oldUsed + 1 - to) * sizeof(int32));
+    if (used != oldUsed) std::memmove(words_ + from + count, words_ + to, (oldUsed + 1 - to) * sizeof(int32));
     for (uint64 i = 0; i < count; ++i) {
         words_[from + i] = words[i];
         singles_ += IsTagged(words[i]) ? 1 : 0;
@@ -121,6 +131,7 @@ bool TaggedWords::Grow(uint64 used) {
 }
 
 void TaggedWords::Shrink(uint64 used) {
+    if (memSize(words_) < BytesFor(used) + kSpareBytes) return;
     // A heap that cannot give a part back leaves the block as it was, which is large enough.
     void* block = words_;
     if (GetMem_(BytesFor(used), &block, false)) words_ = static_cast<int32*>(block);

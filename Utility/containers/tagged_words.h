@@ -1,15 +1,17 @@
-// Runs of consecutive values, packed into one block of 32-bit words.
+// Runs of consecutive values, packed into a block of 32-bit words.
 //
 // Word 0 is the number of words that follow. From word 1 on come the entries, in ascending order: a lone value is one
 // word with bit 31 set; a run of two or more is two words with bit 31 clear, its low and its high. No two entries
-// touch. The block is resized to its exact need on each change.
+// touch. The block is resized to its need, give or take what the heap gives anyway and a few words after a removal.
 //
 // With bit 31 masked off, the words ascend, so a value is found by a binary search over words that does not care about
-// entries. What it ends at is a lone value, a low or a high; which of the two last is told by the nearest lone value on
-// either side, because words without the bit come in pairs from there on.
+// entries. What it ends at is a lone value, a low or a high; which of the two last is told by the nearest lone value
+// below, because words without the bit come in pairs from there on.
 #pragma once
 
 #include <Utility/platform/types.h>
+
+#include <utility>
 
 namespace Torvo {
 
@@ -26,32 +28,49 @@ public:
     };
 
     TaggedWords() = default;
-    TaggedWords(const TaggedWords&) = delete;
-    TaggedWords& operator=(const TaggedWords&) = delete;
+    TaggedWords(TaggedWords&& other) noexcept { Swap(other); }
+    TaggedWords& operator=(TaggedWords&& other) noexcept {
+        Swap(other);
+        return *this;
+    }
     ~TaggedWords();
 
-    // Makes the block, empty or as a copy; false if memory is short. Nothing else may be called before.
+    // Makes the block: empty, or with the entries that another one has from a position on. False if memory is short.
+    // Nothing else may be called before.
     bool Create();
-    bool CreateCopy(const TaggedWords& other);
+    bool CreateCopy(const TaggedWords& other, uint64 from = kBegin);
 
     // The index of the first entry, and the one behind the last.
     static constexpr uint64 kBegin = 1;
     uint64 End() const { return Used() + 1; }
     bool Empty() const { return Used() == 0; }
+    // The number of words that the entries take.
+    uint64 Used() const { return static_cast<uint32>(words_[0]); }
+    const int32* Words() const { return words_; }
 
-    // The entry that starts at this word, kBegin <= at < End().
-    Entry EntryAt(uint64 at) const;
+    // The entry that starts with these words, and the one that starts at an index, kBegin <= at < End().
+    static Entry Read(const int32* words) {
+        const auto high = words[IsTagged(words[0]) ? 0 : 1];
+        return {ValueOf(words[0]), ValueOf(high)};
+    }
+    Entry EntryAt(uint64 at) const { return Read(words_ + at); }
     // Where the entry starts that ends before this word, kBegin < at <= End().
-    uint64 Before(uint64 at) const;
+    uint64 Before(uint64 at) const { return IsTagged(words_[at - 1]) ? at - 1 : at - 2; }
     // Where the first entry starts that ends at or above the item, or End().
     uint64 Find(int32 item) const;
+    // Where the entry starts that this word is a part of, kBegin <= at < End().
+    uint64 StartOf(uint64 at) const { return !IsTagged(words_[at]) && IsHigh(at) ? at - 1 : at; }
 
+    bool Member(int32 item) const;
     int32 Lowest() const { return ValueOf(words_[kBegin]); }
     int32 Highest() const { return ValueOf(words_[Used()]); }
     // The number of members.
     uint64 Count() const { return count_; }
 
-    // Puts entries in the place of those that start in [from, to). False, with nothing changed, if memory is short.
+    // Adds a value above all members. False, with nothing changed, if memory is short.
+    bool Append(int32 item);
+    // Puts entries in the place of those that start in [from, to). False, with nothing changed, if memory is short,
+    // which it is for no replacement that takes as many words or fewer.
     template <typename... Entries>
     bool Replace(uint64 from, uint64 to, Entries... entries) {
         int32 words[2 * sizeof...(entries) + 1] = {};
@@ -65,14 +84,23 @@ public:
 private:
     static bool IsTagged(int32 word) { return word < 0; }
     static int32 ValueOf(int32 word) { return word & 0x7FFFFFFF; }
+    static int32 Tagged(int32 value) { return static_cast<int32>(static_cast<uint32>(value) | 0x80000000u); }
     static uint64 Write(Entry entry, int32* words);
 
-    uint64 Used() const { return static_cast<uint32>(words_[0]); }
+    void Swap(TaggedWords& other) noexcept {
+        std::swap(words_, other.words_);
+        std::swap(singles_, other.singles_);
+        std::swap(count_, other.count_);
+    }
+    // The first word of which the value is at or above the item, or End().
+    uint64 FindWord(int32 item) const;
     // Whether this word, which is not tagged, is the high of a run.
     bool IsHigh(uint64 at) const;
     // Takes the members of the entries in [from, to) off the count, and exchanges the words.
     bool ReplaceWords(uint64 from, uint64 to, const int32* words, uint64 count);
+    // Makes room for so many words.
     bool Grow(uint64 used);
+    // Gives room back that so many words leave.
     void Shrink(uint64 used);
 
     int32* words_ = nullptr;

@@ -281,6 +281,36 @@ TYPED_TEST(IntegerList, ItemRefusesOrdinalsOutsideTheList) {
     EXPECT_FALSE(none->GetItem(1, value));
 }
 
+// A list may not change under its enumerators and items. What they answer then means nothing, but they end, and read
+// nothing outside the list.
+TYPED_TEST(IntegerList, ChangeUnderAWalkIsHarmless) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    for (int round = 0; round < 20; ++round) {
+        const ListPtr<TypeParam> list(ZUList<TypeParam>::Create());
+        for (TypeParam item = 0; item < 9000; item = static_cast<TypeParam>(item + 3)) list->Add(item);
+        const std::unique_ptr<ZUListEnumerator<TypeParam>> members(list->CreateEnumerator());
+        const std::unique_ptr<ZUListRangeEnumerator<TypeParam>> runs(list->CreateRangeEnumerator());
+        const std::unique_ptr<ZUListItem<TypeParam>> finder(list->CreateItem());
+        TypeParam first = 0;
+        TypeParam last = 0;
+        for (int step = 0; step < 1000; ++step) {
+            members->Next(first);
+            runs->Next(first, last);
+            finder->GetItem(static_cast<uint64>(random.Between(0, 3000)), first);
+            const auto item = static_cast<TypeParam>(random.Between(0, 9000));
+            if (random.OneIn(2)) list->Remove(item);
+            if (random.OneIn(3)) list->Add(item);
+            if (random.OneIn(300)) list->AddRange(item, static_cast<TypeParam>(item + 500));
+            if (random.OneIn(900)) list->Clear();
+        }
+        int64 left = 0;
+        while (members->Next(first)) ++left;
+        while (runs->Next(first, last)) ++left;
+        EXPECT_LT(left, 20'000);
+    }
+}
+
 // A class of the caller's own, to see what the base class offers.
 template <typename T>
 class BareList : public ZUList<T> {
