@@ -2,6 +2,7 @@
 #include <golden/compare_answers.h>
 #include <golden/locale_probe.h>
 #include <gtest/gtest.h>
+#include <support/thread_locale.h>
 
 #include <string>
 #include <thread>
@@ -17,12 +18,7 @@ TEST(LocaleCalls, VectorsAreWhatTheirSystemStillAnswers) {
 }
 
 class ThreadLocale : public testing::Test {
-protected:
-    void SetUp() override { former = platform::GetThreadLocale(); }
-    void TearDown() override { platform::SetThreadLocale(former); }
-
-private:
-    uint32 former = 0;
+    const test::ThreadLocale former;
 };
 
 TEST_F(ThreadLocale, IsWhatWasSetAndANeutralOneBecomesSpecific) {

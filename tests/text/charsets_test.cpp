@@ -3,6 +3,7 @@
 #include <Utility/platform/host.h>
 #include <gtest/gtest.h>
 #include <support/system_charset.h>
+#include <support/thread_locale.h>
 #include <support/vtable_slot.h>
 
 #include <algorithm>
@@ -216,14 +217,15 @@ TEST(Charsets, ConversionIsNecessaryBetweenTwoDifferentRealSets) {
 
 class SystemCharsetOfLocale : public testing::Test {
 protected:
-    void TearDown() override { platform::SetThreadLocale(before); }
     // The system charset of a service created under a locale.
     static int Of(uint32 locale) {
         if (!platform::SetThreadLocale(locale)) return -2;
         const std::unique_ptr<cCharsetInfo> created(cCharsetInfo::Create());
         return created->system_charset();
     }
-    const uint32 before = platform::GetThreadLocale();
+
+private:
+    const test::ThreadLocale before;
 };
 
 TEST_F(SystemCharsetOfLocale, FollowsTheAnsiCodePage) {

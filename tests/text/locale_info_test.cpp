@@ -1,5 +1,6 @@
 #include <Utility/Utility.h>
 #include <gtest/gtest.h>
+#include <support/thread_locale.h>
 #include <support/vtable_slot.h>
 
 #include <algorithm>
@@ -32,17 +33,11 @@ constexpr wchar16 Untouched = 0x2591;
 // Each test runs on the thread's own new service, in the locale that it sets, and leaves both as they were.
 class LocaleInfo : public testing::Test {
 protected:
-    void SetUp() override {
-        InstanceData::Destroy(false, false);
-        former = platform::GetThreadLocale();
-    }
-    void TearDown() override {
-        platform::SetThreadLocale(former);
-        InstanceData::Destroy(false, false);
-    }
+    void SetUp() override { InstanceData::Destroy(false, false); }
+    void TearDown() override { InstanceData::Destroy(false, false); }
 
 private:
-    uint32 former = 0;
+    const test::ThreadLocale former;
 };
 
 wstring16 DateSeparator() {

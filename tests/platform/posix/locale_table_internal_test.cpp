@@ -3,6 +3,7 @@
 #include <Utility/platform/posix/locale_table.h>
 #include <Utility/platform/threads.h>
 #include <gtest/gtest.h>
+#include <support/thread_locale.h>
 
 #include <set>
 #include <thread>
@@ -175,12 +176,7 @@ TEST(LocaleTables, UnsetTypesAreAbsent) {
 // ---- The thread's code pages
 
 class ThreadCodePages : public testing::Test {
-protected:
-    void SetUp() override { former = GetThreadLocale(); }
-    void TearDown() override { SetThreadLocale(former); }
-
-private:
-    uint32 former = 0;
+    const test::ThreadLocale former;
 };
 
 TEST_F(ThreadCodePages, FollowTheThreadsLocale) {
