@@ -368,7 +368,8 @@ std::string RandomList(test::Random& random) {
     for (int64 pieces = random.Between(0, 30); pieces > 0; --pieces) {
         text += RandomNumber(random);
         do {
-            text += random.OneIn(8) ? kUnits[static_cast<std::size_t>(random.Between(0, 15))] : kUnits[pieces % 3];
+            text += random.OneIn(8) ? kUnits[static_cast<std::size_t>(random.Between(0, 15))]
+                                    : kUnits[static_cast<std::size_t>(pieces % 3)];
         } while (random.OneIn(4));
     }
     return text;
