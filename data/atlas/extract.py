@@ -113,6 +113,38 @@ def area(ring):
     return abs(sum(a[0] * b[1] - b[0] * a[1] for a, b in zip(ring, ring[1:]))) / 2
 
 
+def cut(ring, limit, sign):
+    """The part of a closed ring where sign * longitude is at most sign * limit (I. Sutherland, G. Hodgman, 1974)."""
+    inside = lambda p: sign * p[0] <= sign * limit
+    kept = []
+    for a, b in zip(ring, ring[1:]):
+        if inside(a) != inside(b):
+            t = (limit - a[0]) / (b[0] - a[0])
+            kept.append((limit, a[1] + t * (b[1] - a[1])))
+        if inside(b):
+            kept.append(b)
+    return kept + kept[:1]
+
+
+def split(ring):
+    """A ring that crosses the meridian of 180 degrees, where the source jumps from edge to edge, as one for each side."""
+    unrolled = ring[:1]
+    for (x0, _), (x, y) in zip(ring, ring[1:]):
+        step = x - x0
+        step -= 360 if step > 180 else -360 if step < -180 else 0
+        unrolled.append((unrolled[-1][0] + step, y))
+    west, east = min(x for x, _ in unrolled), max(x for x, _ in unrolled)
+    # A ring round a pole does not come back to where it began, and is drawn along the edge as it is.
+    if abs(unrolled[-1][0] - unrolled[0][0]) > 1 or (west >= -180 and east <= 180):
+        return [ring]
+    pieces = []
+    for turn in (-360, 0, 360):
+        moved = [(x + turn, y) for x, y in unrolled]
+        if min(x for x, _ in moved) < 180 and max(x for x, _ in moved) > -180:
+            pieces.append(cut(cut(moved, 180, 1), -180, -1))
+    return pieces
+
+
 def rings_of(geometry, arcs):
     polygons = [geometry["arcs"]] if geometry["type"] == "Polygon" else geometry["arcs"]
     rings = []
@@ -122,8 +154,9 @@ def rings_of(geometry, arcs):
             for piece in pieces:
                 points = arcs[piece] if piece >= 0 else arcs[~piece][::-1]
                 ring += points[1:] if ring else points
-            rounded = [(round(x, 2) + 0.0, round(y, 2) + 0.0) for x, y in ring]
-            rings.append([p for i, p in enumerate(rounded) if i == 0 or p != rounded[i - 1]])
+            for part in split(ring):
+                rounded = [(round(x, 2) + 0.0, round(y, 2) + 0.0) for x, y in part]
+                rings.append([p for i, p in enumerate(rounded) if i == 0 or p != rounded[i - 1]])
     rings = sorted((ring for ring in rings if len(ring) > 3), key=area, reverse=True)
     return [ring for i, ring in enumerate(rings) if i == 0 or area(ring) > SMALLEST]
 
