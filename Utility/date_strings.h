@@ -4,7 +4,7 @@
 // What a text may be:
 //
 //     20240229          the literal: exactly eight digits. 00000000 is the null date.
-//     2024-02-29        the ISO form: ten characters (Str2Date alone)
+//     2024-02-29        the ISO form: ten characters, a year from 1000 (Str2Date alone)
 //     2/29/2024  2/29   the locale's form: numbers in the locale's order, with its separator between them. Without a
 //                       year it is the current one.
 //     02-29-2024  2/29  the fixed form: month, day and year behind "-" or "/", the same in both places (Str2Date alone)
@@ -13,8 +13,10 @@
 // from 0 to 99 gets the hundreds of the current year, whatever comes out: 99 read in 2026 is 2099. Negative years and
 // those above 9999 are refused. There are no names of months in these forms; <Utility/sql_dates.h> has them.
 //
-// Orders are those of GetDateOrder in <Utility/dates.h>. Sizes are in units, terminator included. The functions work on
-// the caller's instance (locale, callbacks, error list) and may be called on any thread. Reading allocates nothing.
+// Orders are those of GetDateOrder in <Utility/dates.h>. Sizes are in units, terminator included. But for a text,
+// a picture, `end` and the two delimiters of MakeDateStringEx, which print as "(null)", pointers may not be null. The
+// functions work on the caller's instance (locale, callbacks, error list) and may be called on any thread. Reading
+// allocates nothing.
 #pragma once
 
 #include <Utility/dates.h>

@@ -59,8 +59,8 @@ ZUAPI int32 MDY2Days(const zuDATE* date);
 ZUAPI bool Days2MDY(int32 days, zuDATE* date);
 
 // Replaces the date by the one so many days later or earlier; `date`. The sum goes through the two calls above, so that
-// a date before day 0 leaves an error and the null date, and a null date counts as day -1: one day after it is
-// 1 January 0001.
+// a date before day 0, or a sum that 32 bits do not hold, leaves an error and the null date, and a null date counts as
+// day -1: one day after it is 1 January 0001.
 ZUAPI zuDATE* DateAdd(int32 days, zuDATE* date);
 ZUAPI zuDATE* DateSubtract(int32 days, zuDATE* date);
 // Days from `b` to `a`: MDY2Days(a) - MDY2Days(b).

@@ -12,11 +12,13 @@
 //     yy      the last two digits of four           the year: 51 to 99 mean 1951 to 1999, 0 to 50 mean 2000 to 2050
 //     yyyy    the year, without leading zeros       the year
 //
-// Names are those of the user's locale, compared without regard to case. Everything else is literal text: copied by the
-// one, compared by the other, without regard to case.
+// Names are those of the user's locale. Everything else is literal text: copied by the one, compared by the other.
+// Names and literal text are compared as the runtime's _wcsicmp does: without regard to the case of A to Z, and of
+// other letters only where the program has set a character locale.
 //
 // Formats, and texts that are read, are cut at each blank, tab, newline and each of `~!@#$%^&*()-+=[]{}:;<>,.|/\,
-// except inside quotation marks or apostrophes, and the delimiters are kept as pieces of their own. A piece that
+// except inside quotation marks or apostrophes, and the delimiters are kept as pieces of their own. White space at
+// the very end is dropped, but for one delimiter right behind the last piece: "d   " prints as "29 ". A piece that
 // consists of the letters D, M, Y, d, m, y and H, f, h, s, t alone is cut further, between runs of one letter of the
 // former six: "ddmmyyyy" has three words, and "day" is literal text. So a text can only be read where the delimiters
 // are: 20240229 is one piece and never matches "yyyymmdd".
@@ -34,9 +36,10 @@
 
 namespace Torvo {
 
-// Prints the date. The fields are not checked: a month that has no name prints as the first, and a day that has no
-// weekday as Sunday. True, with the text in `out`; false, with `out` untouched and no error, when the text with its
-// terminator does not fit into `outSize` units, the format is null or memory is short.
+// Prints the date. The fields are not checked: a month outside 1 to 13 prints as the first, the thirteenth as nothing
+// where the locale has none, and a day that has no weekday as Sunday. True, with the text in `out`; false, with `out`
+// untouched and no error, when the text with its terminator does not fit into `outSize` units, the format is null or
+// memory is short.
 ZUAPI bool zuSQLDateToString(zuDATE date, const wchar16* format, wchar16* out, uint64 outSize);
 
 // Reads a date. True, with the date in *date; or false, with an error record and *date untouched.

@@ -11,6 +11,10 @@ constexpr int FirstYearOfTm = 1900;
 
 }  // namespace
 
+DateForm::DateForm(bool useLocale) {
+    GetZULocaleDateInfo(useLocale, &order, &delimiter);
+}
+
 bool LocalClock(std::tm* parts) {
     return platform::_localtime64(platform::_time64(), parts);
 }

@@ -22,10 +22,17 @@ constexpr int32 DaysInMonth(int32 month, bool isLeap) {
 
 // Whether there is a day of that number in the month, of any year.
 constexpr bool IsDayOfMonth(int32 year, int32 month, int32 day) {
-    if (static_cast<uint32>(month - 1) >= 12) return false;
-    const auto daysBefore = static_cast<uint32>(day - 1);
+    if (static_cast<uint32>(month) - 1u >= 12) return false;
+    const uint32 daysBefore = static_cast<uint32>(day) - 1u;
     return daysBefore < 28 || daysBefore < static_cast<uint32>(DaysInMonth(month, IsLeapYear(year)));
 }
+
+// How dates are written: by the user's locale, or in the fixed form.
+struct DateForm {
+    explicit DateForm(bool useLocale);
+    int16 order = DATEORDER_MDY;
+    wchar16 delimiter = '/';
+};
 
 // Today by a clock that stores the local date and time, or 19 January 2038 when it cannot.
 zuDATE TodayOf(bool (*clock)(std::tm*));

@@ -170,24 +170,21 @@ bool AssignWithoutYear(int16 order, int32 a, int32 b, DateNumbers* numbers) {
 // Reads the numbers in the order and with the delimiter that the locale or the fixed form has. With `end` other text
 // may follow, and *end is set where <Utility/date_strings.h> says.
 bool ReadOrderedDate(const wchar16* text, bool useLocale, wchar16** end, zuDATE* date) {
-    int16 order = DATEORDER_MDY;
-    wchar16 delimiter = '/';
-    GetZULocaleDateInfo(useLocale, &order, &delimiter);
-
+    const DateForm form(useLocale);
     TextCursor cursor(text);
     DateNumbers numbers;
     const int32 a = cursor.TakeNumber();
-    if (!cursor.Take(delimiter)) return false;
+    if (!cursor.Take(form.delimiter)) return false;
     const int32 b = cursor.TakeNumber();
-    if (!cursor.Take(delimiter)) {
+    if (!cursor.Take(form.delimiter)) {
         if (end == nullptr && !cursor.IsAtEnd()) return false;
         if (end != nullptr) *end = cursor.Position() + 1;
-        return AssignWithoutYear(order, a, b, &numbers) && StoreIfDate(numbers, date);
+        return AssignWithoutYear(form.order, a, b, &numbers) && StoreIfDate(numbers, date);
     }
     const int32 c = cursor.TakeNumber();
     if (end == nullptr && !cursor.IsAtEnd()) return false;
     if (end != nullptr) *end = cursor.Position();
-    return Assign(order, a, b, c, &numbers) && StoreIfDate(numbers, date);
+    return Assign(form.order, a, b, c, &numbers) && StoreIfDate(numbers, date);
 }
 
 // Reads month, day and year, the year of today where there is none.

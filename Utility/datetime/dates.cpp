@@ -191,17 +191,11 @@ bool LiteralToDate(int32 literal, zuDATE* date) {
 }
 
 int16 GetDateOrder() {
-    int16 order = DATEORDER_MDY;
-    wchar16 delimiter = '/';
-    GetZULocaleDateInfo(UsesLocaleForDates(), &order, &delimiter);
-    return order;
+    return DateForm(UsesLocaleForDates()).order;
 }
 
 wchar16 GetDateDelim() {
-    int16 order = DATEORDER_MDY;
-    wchar16 delimiter = '/';
-    GetZULocaleDateInfo(UsesLocaleForDates(), &order, &delimiter);
-    return delimiter;
+    return DateForm(UsesLocaleForDates()).delimiter;
 }
 
 }  // namespace Torvo

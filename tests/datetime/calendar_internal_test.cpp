@@ -45,6 +45,9 @@ TEST(Calendar, MonthsHaveTheirDays) {
     }
 }
 
+static_assert(!IsDayOfMonth(2024, 1, std::numeric_limits<int32>::min()));
+static_assert(!IsDayOfMonth(2024, std::numeric_limits<int32>::min(), 1));
+
 TEST(Calendar, LeapYearsFollowTheFullRule) {
     for (int year = 0; year < 32768; ++year) {
         EXPECT_EQ(IsLeapYear(year), (year % 4 == 0 && year % 100 != 0) || year % 400 == 0);

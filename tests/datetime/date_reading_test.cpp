@@ -253,7 +253,8 @@ TEST_F(DateReading, MonthAndDayAreChecked) {
     for (const wchar16* const text :
          {ZUTEXT("0/1/2024"), ZUTEXT("13/1/2024"), ZUTEXT("-1/1/2024"), ZUTEXT("1/0/2024"), ZUTEXT("1/32/2024"),
           ZUTEXT("1/-1/2024"), ZUTEXT("4/31/2024"), ZUTEXT("2/30/2024"), ZUTEXT("2/29/1900"), ZUTEXT("257/1/2024"),
-          ZUTEXT("1/257/2024"), ZUTEXT("2/30/24")}) {
+          ZUTEXT("1/257/2024"), ZUTEXT("2/30/24"), ZUTEXT("1/-2147483648/2024"), ZUTEXT("1/-99999999999999999999/2024"),
+          ZUTEXT("-2147483648/1/2024"), ZUTEXT("1/-2147483648")}) {
         EXPECT_EQ(Read(text, 0), "null");
     }
     EXPECT_EQ(Read(ZUTEXT("2/29/2000"), 0), "2000-2-29");
@@ -439,7 +440,7 @@ TEST_F(FixedDateReading, MonthDayAndEndAreChecked) {
     for (const wchar16* const text :
          {ZUTEXT("0-4-2024"), ZUTEXT("13-4-2024"), ZUTEXT("-3-4-2024"), ZUTEXT("3-0-2024"), ZUTEXT("3-32-2024"),
           ZUTEXT("2-30-2024"), ZUTEXT("2-29-2023"), ZUTEXT("3-4-2024 x"), ZUTEXT("3-4x"), ZUTEXT("3-4-2024-"),
-          ZUTEXT("3- 4\t-2024")}) {
+          ZUTEXT("3- 4\t-2024"), ZUTEXT("3--2147483648-2024")}) {
         EXPECT_EQ(Read(text), "null");
     }
     EXPECT_EQ(Read(ZUTEXT("2-29-2024")), "2024-2-29");

@@ -145,6 +145,10 @@ TEST_F(Dates, SumsBeyondEveryNumberAreRefused) {
         EXPECT_EQ(Told(date), "0-0-0") << days;
         EXPECT_EQ(TakeErrors(), BadDateError);
     }
+    zuDATE none = {};
+    DateAdd(Lowest, &none);
+    EXPECT_EQ(Told(none), "0-0-0");
+    EXPECT_EQ(TakeErrors(), BadDateError);
 }
 
 TEST_F(Dates, NullDateCountsAsTheDayBeforeTheCalendar) {

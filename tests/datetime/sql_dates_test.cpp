@@ -187,6 +187,18 @@ TEST_F(SqlDates, UnknownMonthsAreErrors) {
     EXPECT_EQ(Read(ZUTEXT("-"), ZUTEXT("mmmm")), "65(-, ) ");
 }
 
+TEST_F(SqlDates, WhiteSpaceAtTheEndIsDroppedButForOne) {
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("d   ")), ZUTEXT("29 "));
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("d \t ")), ZUTEXT("29 "));
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("  ")), ZUTEXT(""));
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("d , ")), ZUTEXT("29 ,"));
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("d--")), ZUTEXT("29--"));
+    EXPECT_EQ(Print(LeapDay, ZUTEXT("dd,\r")), ZUTEXT("29,"));
+    EXPECT_EQ(Read(ZUTEXT("5  "), ZUTEXT("d ")), "0-0-5");
+    EXPECT_EQ(Read(ZUTEXT("5 "), ZUTEXT("d")), "64(d, ) ");
+    EXPECT_EQ(Read(ZUTEXT("5--"), ZUTEXT("d-")), "64(d-, ) ");
+}
+
 TEST_F(SqlDates, DayNamesAreNotLookedAt) {
     EXPECT_EQ(Read(ZUTEXT("Mon 05"), ZUTEXT("ddd mm")), "0-5-0");
     EXPECT_EQ(Read(ZUTEXT("nonsense 05"), ZUTEXT("dddd mm")), "0-5-0");

@@ -108,6 +108,16 @@ TEST(DateFormatCalls, TakePicturesOfAnyLengthOrRefuseThem) {
     // What a person would write is taken everywhere.
     EXPECT_EQ(Date(LeapDay, ZUTEXT("dddd, d 'de' MMMM 'de' yyyy 'and some words more, in full' ddd")),
               ZUTEXT("Thursday, 29 de February de 2024 and some words more, in full Thu"));
+    EXPECT_EQ(Date(LeapDay, ZUTEXT("'the third letter attests to that:' d")),
+              ZUTEXT("the third letter attests to that: 29"));
+    EXPECT_EQ(Date(LeapDay, ZUTEXT("t t t t t t t t t d")), ZUTEXT("t t t t t t t t t 29"));
+}
+
+TEST(DateFormatCalls, LongPicturesOfMonthsTakeNoLongerThanTheirLength) {
+    if (!platform::TakesLongPictures()) GTEST_SKIP() << "the system takes no long pictures";
+    wstring16 picture;
+    for (int i = 0; i < 100'000; ++i) picture += ZUTEXT("MMM ");
+    EXPECT_EQ(platform::GetDateFormatW(English, 0, &LeapDay, picture.c_str(), nullptr, 0), 400'001);
 }
 
 TEST(DateFormatCalls, RefuseWhatIsNoDateOrTime) {

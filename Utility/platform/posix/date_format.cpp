@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 #include <string_view>
 
 namespace Torvo::platform {
@@ -135,9 +136,10 @@ private:
     LocaleTable::Value DayName(std::size_t count) const {
         return table.Find((count == 3 ? LOCALE_SABBREVDAYNAME1 : LOCALE_SDAYNAME1) + weekday);
     }
-    LocaleTable::Value MonthName(std::size_t count) const {
+    LocaleTable::Value MonthName(std::size_t count) {
+        if (!hasDayOfMonth) hasDayOfMonth = HasDayOfMonth(picture);
         const uint32 month = date.wMonth - 1u;
-        if (HasDayOfMonth(picture)) {
+        if (*hasDayOfMonth) {
             return table.Find((count == 3 ? LocaleTable::GenitiveShortMonth1 : LocaleTable::GenitiveMonth1) + month);
         }
         return table.Find((count == 3 ? LOCALE_SABBREVMONTHNAME1 : LOCALE_SMONTHNAME1) + month);
@@ -148,6 +150,7 @@ private:
     const uint32 weekday;
     PictureOutput& output;
     const wchar16* picture = nullptr;
+    std::optional<bool> hasDayOfMonth;  // not looked for before a month's name wants to know
 };
 
 // The years that the system's time structure is documented for.
