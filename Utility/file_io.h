@@ -49,7 +49,8 @@ ZUAPI int write_app_string(int file, const wchar16* text);
 // Each call of this section answers as for a file that cannot be used if the handle is not registered or the file is
 // not open as a stream: null from fgets2, 0 from fread2 and fwrite2, -1 from all others.
 //
-// Between reading and writing a stream wants fseek2 or fflush2, as the runtime's streams do.
+// Between reading and writing a stream wants fseek2 or fflush2, as the runtime's streams do; behind a line that fgets2
+// has read it may be written at once.
 
 // The runtime's fread, fwrite, fseek, ftell, feof, ferror and fflush: bytes as they stand, positions in bytes.
 ZUAPI unsigned int fread2(void* buffer, unsigned int size, unsigned int count, FILE* file);

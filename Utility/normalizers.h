@@ -73,8 +73,10 @@ public:
 
     // Puts the normal form in the place of `text`. True if that was done.
     //
-    // By table `capacity` counts for nothing: the folded text is never longer. A charset without a code page leaves an
-    // empty text, since its bytes do not lead back. False for null and where memory is short, with the text as it was.
+    // By table `capacity` counts for nothing: a folded text that would be longer than `text` leaves an empty text.
+    // (Only csNeutral and csCodePage437 have such, where their page of the moment has two bytes to a character.) A
+    // charset without a code page leaves an empty text, since its bytes do not lead back. False for null and where
+    // memory is short, with the text as it was.
     //
     // A Unicode normalizer uses `capacity` units, or as many as the text has, without its terminator, when that is 0,
     // and fills what the key leaves with zeros. A key that does not fit is cut, still marked and terminated, and
@@ -116,7 +118,8 @@ public:
 
 // The normalizer of the system charset as it was when the manager was created (of csWindowsLatin1 if that was csUTF8),
 // with the table that ConversionCodeForCharset names for it. Made at the first call, by the locale of the calling
-// thread, unless RequestDefaultNormalizer was first. Null if memory is short.
+// thread, unless RequestDefaultNormalizer was first. Null, without an error, if that set has no table (csUTF16) or
+// memory is short.
 ZUAPI StringNormalizer* GetDefaultNormalizer();
 
 // Makes the default normalizer for a locale (0 means the calling thread's), before anyone else does. True if this call
@@ -130,7 +133,8 @@ ZUAPI bool RequestDefaultNormalizer(int32 lcid);
 //
 // Null if no table has the code, with error 74 and resource 74 raised, whose parameter is the code; null without an
 // error if memory is short. For csUTF8 and csUTF16 it throws UtfStringNormalizerImpl::eCreateError where there is no
-// collator to be had, above all on a system without the ICU libraries; the next call tries again.
+// collator to be had, above all on a system without the ICU libraries, or no memory for its parts; the next call tries
+// again.
 ZUAPI StringNormalizer* GetNormalizer(ZUCHARSET cs, uint16 code, uint32 lcid);
 
 // The code that suits a charset: 40623 for csWindowsLatin2, 0 for csUTF8 and csUTF16, which have no table, and 65496

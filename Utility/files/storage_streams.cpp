@@ -31,11 +31,11 @@ struct StorageRecord {
 
 namespace {
 
-StoragePointer OpenStorage(const wchar16* path) {
-    platform::Storage* storage = nullptr;
-    const bool opened =
-        platform::StgOpenStorage(path, platform::StorageShareDenyWrite, &storage) == platform::StorageOk;
-    return StoragePointer(opened ? storage : nullptr);
+long32 OpenStorage(const wchar16* path, StoragePointer* storage) {
+    platform::Storage* opened = nullptr;
+    const long32 result = platform::StgOpenStorage(path, platform::StorageShareDenyWrite, &opened);
+    storage->reset(result == platform::StorageOk ? opened : nullptr);
+    return result;
 }
 
 long32 OpenNamedStream(platform::Storage* storage, const wchar16* name, StreamPointer* stream) {
@@ -55,8 +55,7 @@ StreamPointer OpenStreamOf(platform::Storage* storage, const wchar16* name) {
     return stream;
 }
 
-StorageRecord* OpenRecord(const wchar16* path, const wchar16* streamName) {
-    StoragePointer storage = OpenStorage(path);
+StorageRecord* OpenRecord(StoragePointer storage, const wchar16* streamName) {
     if (storage == nullptr) return nullptr;
     StreamPointer stream = OpenStreamOf(storage.get(), streamName);
     if (stream == nullptr) return nullptr;
@@ -75,9 +74,19 @@ int cFileSystemImpl::stream_fileopen(int file, eOpenMode mode, int* changed, con
     }
     wchar16 path[PathSize];
     fhandle2path(file, path);
-    if (platform::StgIsStorageFile(path) != platform::StorageOk) return fileopen(file, mode, changed);
+    // Looking into a file takes a handle of the system: idle files make room, as they do for fileopen.
+    const auto withRoom = [this](auto call) {
+        long32 result = call();
+        while (result == platform::StorageTooManyOpenFiles && CloseOldest()) result = call();
+        return result;
+    };
+    if (withRoom([&] { return platform::StgIsStorageFile(path); }) != platform::StorageOk) {
+        return fileopen(file, mode, changed);
+    }
     if (streamName == nullptr) return -1;
-    entry->storage = OpenRecord(path, streamName);
+    StoragePointer storage;
+    withRoom([&] { return OpenStorage(path, &storage); });
+    entry->storage = OpenRecord(std::move(storage), streamName);
     return entry->storage != nullptr ? file : -1;
 }
 

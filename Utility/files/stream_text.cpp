@@ -81,6 +81,7 @@ int cFileSystemImpl::fputs2(const wchar16* text, FILE* file) {
 }
 
 int cFileSystemImpl::vfprintf2(FILE* file, const wchar16* format, va_list arguments) {
+    if (format == nullptr) return -1;
     try {
         wstring16 text;
         const int length = platform::FormatText(&text, format, arguments);

@@ -27,7 +27,8 @@ struct CollationCalls {
     // The key of a text that is composed. The bytes that it has or would need, a zero byte at its end included, which
     // is the only zero byte in it; 0 on failure.
     int32 (*getSortKey)(const Collator* collator, const wchar16* text, int32 length, uint8* key, int32 size);
-    // -1, 0 or 1, as comparing the keys gives.
+    // -1, 0 or 1. It skips what the texts begin with alike, so where marks count from the end, or punctuation is passed
+    // over, comparing the keys may give something else.
     int32 (*compare)(const Collator* collator, const wchar16* a, int32 lengthA, const wchar16* b, int32 lengthB);
     // Normalization form C.
     int32 (*compose)(const wchar16* text, int32 length, wchar16* target, int32 size, int32* status);

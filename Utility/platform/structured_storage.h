@@ -18,6 +18,7 @@ inline constexpr long32 StorageOk = 0;
 inline constexpr long32 StorageNotOne = 1;  // a file, but no compound file
 inline constexpr long32 StorageInvalidFunction = static_cast<long32>(0x80030001);
 inline constexpr long32 StorageFileNotFound = static_cast<long32>(0x80030002);
+inline constexpr long32 StorageTooManyOpenFiles = static_cast<long32>(0x80030004);
 inline constexpr long32 StorageAccessDenied = static_cast<long32>(0x80030005);
 inline constexpr long32 StorageOutOfMemory = static_cast<long32>(0x80030008);
 inline constexpr long32 StorageReadFault = static_cast<long32>(0x8003001E);

@@ -51,7 +51,8 @@ bool sCollationWork::SetText(const wchar16* text) {
     prepared = text;
     length = static_cast<int32>(units);
     if (toUpper && !Convert(calls.toUpper, upper)) return false;
-    return IsComposed(prepared, length) || Convert(calls.compose, composed);
+    isPlain = IsComposed(prepared, length);
+    return isPlain || Convert(calls.compose, composed);
 }
 
 // Puts the text through a conversion that writes it to `room`; twice where the room turns out too small.

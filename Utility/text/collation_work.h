@@ -39,6 +39,8 @@ public:
     bool SetText(const wchar16* text);
     const wchar16* Text() const { return prepared; }
     int32 Length() const { return length; }
+    // Whether all of its units are below the first combining mark.
+    bool IsPlain() const { return isPlain; }
 
     // Computes the key of the text. False on failure.
     bool ComputeKey();
@@ -60,6 +62,7 @@ private:
     WorkRoom<uint8> key;
     const wchar16* prepared = nullptr;
     int32 length = 0;
+    bool isPlain = false;
     uint64 keySize = 0;
 };
 

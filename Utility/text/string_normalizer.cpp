@@ -115,7 +115,9 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
     if (length > FixedInPlaceUnits && !falloc_(ByteRoom(length) + 1, &block, false, false)) return false;
     char* const bytes = block != nullptr ? static_cast<char*>(block) : fixed;
     Fold(text, length, bytes);
-    ConvertMBCSCharToSystem(bytes, charset, text, length + 1);
+    // The terminator may go on top of the size, which therefore leaves room for it. A folded text that would be longer
+    // (a symbolic page may have two bytes to a character, which are folded one by one) leaves an empty one.
+    ConvertMBCSCharToSystem(bytes, charset, text, length);
     ffree_(&block);
     return true;
 }

@@ -102,10 +102,9 @@ struct UtfStringNormalizerImpl::Parts {
 
 namespace {
 
-// The key of a text in one work area: what a key text carries, or computed. Null if there is none.
-const char* KeyIn(sCollationWork& work, const wchar16* text) {
-    if (keytext::HasMark(text)) return keytext::KeyOf(text);
-    return work.SetText(text) && work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
+// The key of the text in a work area; null if it cannot be had.
+const char* ComputedKey(sCollationWork& work) {
+    return work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
 }
 
 int32 Sign(int difference) {
@@ -186,7 +185,9 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
     return true;
 }
 
-// Two plain texts are compared by the collator itself, which gives what comparing their keys gives, and sooner.
+// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
+// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
+// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
 int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     const bool isKeyA = keytext::HasMark(a);
     const bool isKeyB = keytext::HasMark(b);
@@ -194,14 +195,15 @@ int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (a == nullptr || b == nullptr) return 0;
     sCollationWork& first = parts->first;
     sCollationWork& second = parts->second;
-    if (isKeyA || isKeyB) {
-        const char* const keyA = KeyIn(first, a);
-        const char* const keyB = KeyIn(second, b);
-        return keyA != nullptr && keyB != nullptr ? CompareKeys(keyA, keyB) : 0;
+    if (!isKeyA && !first.SetText(a)) return 0;
+    if (!isKeyB && !second.SetText(b)) return 0;
+    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
+        return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
+                                                    second.Length()));
     }
-    if (!first.SetText(a) || !second.SetText(b)) return 0;
-    return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
-                                                second.Length()));
+    const char* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
+    const char* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
+    return keyA != nullptr && keyB != nullptr ? CompareKeys(keyA, keyB) : 0;
 }
 
 uint32 UtfStringNormalizerImpl::GetLCID() {

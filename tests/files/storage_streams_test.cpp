@@ -111,6 +111,21 @@ TEST_F(StorageStreams, NoOtherNameIsTriedAgain) {
     EXPECT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), -1);
 }
 
+TEST_F(StorageStreams, NobodyWritesToACompoundFileThatIsOpen) {
+    Register(ReadData("workbook.xls"));
+    const int writer = register_nonunique_file(directory.Path(ZUTEXT("sheet.xls")).c_str(), ftNone);
+    SetFileAccessRetryTime(0);
+    ASSERT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+    EXPECT_EQ(fileopen(writer, omReadWrite, nullptr), -1);
+    ClearErrors();
+    EXPECT_EQ(Next(10), "row 00000\n");
+    EXPECT_EQ(stream_close(file), 0);
+    EXPECT_EQ(fileopen(writer, omReadWrite, nullptr), writer);
+    EXPECT_EQ(close2(writer), 0);
+    unregister_file(writer);
+    SetFileAccessRetryTime(200);
+}
+
 TEST_F(StorageStreams, CaseOfANameDoesNotCount) {
     Register(ReadData("workbook.xls"));
     EXPECT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("WORKbook")), file);

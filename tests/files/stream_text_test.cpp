@@ -72,6 +72,7 @@ TEST_F(StreamText, LongTextIsWrittenWhole) {
 TEST_F(StreamText, NullTextIsRefused) {
     const TextFile file(directory.Path(ZUTEXT("null.txt")), omCreate);
     EXPECT_EQ(fputs2(nullptr, file.Handle()), -1);
+    EXPECT_EQ(fprintf2(file.Handle(), nullptr), -1);
 }
 
 TEST_F(StreamText, WhatIsWrittenReadsBack) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace Torvo::test {
 
@@ -34,8 +35,13 @@ inline wchar16* PlainGets(wchar16* out, int size, FILE* file) {
         fseek2(file, start + static_cast<int64>(end + length), 0);
         bytes.replace(end, std::string::npos, "\n");
     }
-    out[0] = 0;
-    ConvertMBCSCharToSystem(bytes.data(), bytes.size(), file_get_charset(file), out, static_cast<uint64>(size) - 1);
+    // A text of exactly `size` units loses its last one to the terminator.
+    const auto room = static_cast<uint64>(size);
+    const ZUCHARSET charset = file_get_charset(file);
+    std::vector<wchar16> whole(room + 1);
+    ConvertMBCSCharToSystem(bytes.data(), bytes.size(), charset, whole.data(), charset == csUTF16 ? room - 1 : room);
+    whole[room - 1] = 0;
+    std::copy(whole.begin(), whole.end() - 1, out);
     return out;
 }
 

@@ -34,7 +34,7 @@ inline wstring16 PlainNormalize(const wstring16& text, ZUCHARSET cs, const Norma
     if (text.empty()) return text;
     const std::string folded = PlainFold(text, cs, table);
     std::vector<wchar16> result(text.size() + 2, 0);
-    ConvertMBCSCharToSystem(folded.c_str(), cs, result.data(), text.size() + 1);
+    ConvertMBCSCharToSystem(folded.c_str(), cs, result.data(), text.size());
     return result.data();
 }
 

@@ -7,6 +7,7 @@
 #include <support/guarded_buffer.h>
 #include <support/owned_text.h>
 #include <support/system_charset.h>
+#include <support/thread_locale.h>
 #include <support/user_locale.h>
 #include <support/vtable_slot.h>
 
@@ -511,6 +512,25 @@ TEST(NormalizerService, IsPrivateToEachThread) {
         EXPECT_NE(GetDefaultNormalizer(), nullptr);
         InstanceData::Destroy(false, false);
     }).join();
+}
+
+TEST(NormalizerOfASymbolicPage, StaysWithinTheText) {
+    const test::ThreadLocale former;
+    const Manager manager(csWindowsLatin1);
+    for (const uint32 locale : {0x0404u, 0x0411u, 0x0412u, 0x0804u}) {
+        ASSERT_TRUE(platform::SetThreadLocale(locale));
+        for (const ZUCHARSET charset : {csNeutral, csCodePage437}) {
+            for (const int code : {65496, 44414, 40623, 55762, 32694, 21121, 34070, 41909, 1298, 56485, 54273}) {
+                StringNormalizer& normalizer = *manager->GetNormalizer(charset, static_cast<uint16>(code), 0);
+                for (const wchar16 unit : {0x4E00, 0x8868, 0x30BD, 0x3042, 0xAC00, 0x0391}) {
+                    wchar16 text[] = {unit, 0, '#', '#'};
+                    EXPECT_TRUE(normalizer.NormalizeInPlace(text, 0));
+                    EXPECT_EQ(text[1], 0) << locale << " " << code;
+                    EXPECT_EQ(text[2], '#') << locale << " " << code;
+                }
+            }
+        }
+    }
 }
 
 }  // namespace

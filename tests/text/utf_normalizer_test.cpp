@@ -49,6 +49,26 @@ TEST_F(UtfNormalizer, TellsWhatItIs) {
     }
 }
 
+TEST_F(UtfNormalizer, ComparesPlainTextsByTheirKeysWhereTheCollatorDiffers) {
+    struct Case {
+        uint32 locale;
+        const wchar16* a;
+        const wchar16* b;
+    };
+    for (const Case& each : {Case{0x041E, ZUTEXT("\u0E01 "), ZUTEXT("\u0E01 \u0E4C")},
+                             {0x041E, ZUTEXT("\u0317 "), ZUTEXT("\u0317 \u0E4C")},
+                             {0x0C0C, ZUTEXT("\u0300\u200D"), ZUTEXT("\u0300\u200D\u0301")},
+                             {0x0C0C, ZUTEXT("\u033D\u034F"), ZUTEXT("\u033D\u034F\u0300")}}) {
+        StringNormalizer& normalizer = Of(each.locale);
+        const wstring16 a = KeyText(normalizer, each.a);
+        const wstring16 b = KeyText(normalizer, each.b);
+        const int32 byKeys = normalizer.Compare(a.c_str(), b.c_str());
+        EXPECT_EQ(normalizer.Compare(each.a, each.b), byKeys) << each.locale;
+        EXPECT_EQ(normalizer.Compare(each.b, each.a), -byKeys) << each.locale;
+        EXPECT_EQ(normalizer.Compare(a.c_str(), each.b), byKeys) << each.locale;
+    }
+}
+
 TEST_F(UtfNormalizer, HasNoAsciiCodeWithoutADefaultNormalizer) {
     StringNormalizer& normalizer = Of(English);
     StringNormalizerManager* const own = StringNormalizerManager::Instance();

@@ -40,6 +40,9 @@ long32 ResultOf(int error) {
     switch (error) {
         case ENOENT:
             return StorageFileNotFound;
+        case EMFILE:
+        case ENFILE:
+            return StorageTooManyOpenFiles;
         case EACCES:
             return StorageAccessDenied;
         case ENOMEM:

@@ -2,7 +2,7 @@
 
 #include <Utility/platform/modules.h>
 
-#include <string>
+#include <cstring>
 
 namespace Torvo::platform {
 
@@ -27,23 +27,28 @@ IcuModules ReleaseModules(CollationLoader load) {
     return {common, common != nullptr ? load(ZUTEXT("icuin55.dll")) : nullptr, "_55"};
 }
 
-template <typename Function>
-bool Find(HINSTANCE module, const std::string& name, Function& function) {
-    function = reinterpret_cast<Function>(platform::GetProcAddress(module, name.c_str()));
+// The name is put together in place: a string could run out of memory, which is no reason to throw here.
+template <typename Function, std::size_t NameSize>
+bool Find(HINSTANCE module, const char (&name)[NameSize], const char* suffix, Function& function) {
+    constexpr std::size_t suffixSize = 8;
+    char full[NameSize + suffixSize] = {};
+    std::memcpy(full, name, NameSize - 1);
+    std::strncpy(full + NameSize - 1, suffix, suffixSize);
+    function = reinterpret_cast<Function>(platform::GetProcAddress(module, full));
     return function != nullptr;
 }
 
 bool FindIn(const IcuModules& from, IcuFunctions& icu) {
     if (from.collation == nullptr) return false;
-    const std::string suffix = from.suffix;
-    return Find(from.collation, "ucol_open" + suffix, icu.calls.open) &&
-           Find(from.collation, "ucol_close" + suffix, icu.calls.close) &&
-           Find(from.collation, "ucol_setStrength" + suffix, icu.calls.setStrength) &&
-           Find(from.collation, "ucol_getSortKey" + suffix, icu.calls.getSortKey) &&
-           Find(from.collation, "ucol_strcoll" + suffix, icu.calls.compare) &&
-           Find(from.common, "unorm2_getNFCInstance" + suffix, icu.getComposer) &&
-           Find(from.common, "unorm2_normalize" + suffix, icu.normalize) &&
-           Find(from.common, "u_strToUpper" + suffix, icu.toUpper);
+    const char* const suffix = from.suffix;
+    return Find(from.collation, "ucol_open", suffix, icu.calls.open) &&
+           Find(from.collation, "ucol_close", suffix, icu.calls.close) &&
+           Find(from.collation, "ucol_setStrength", suffix, icu.calls.setStrength) &&
+           Find(from.collation, "ucol_getSortKey", suffix, icu.calls.getSortKey) &&
+           Find(from.collation, "ucol_strcoll", suffix, icu.calls.compare) &&
+           Find(from.common, "unorm2_getNFCInstance", suffix, icu.getComposer) &&
+           Find(from.common, "unorm2_normalize", suffix, icu.normalize) &&
+           Find(from.common, "u_strToUpper", suffix, icu.toUpper);
 }
 
 }  // namespace

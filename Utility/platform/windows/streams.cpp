@@ -4,6 +4,24 @@
 
 namespace Torvo::platform {
 
+namespace {
+
+#if defined(__MSVCRT__) && !defined(_UCRT)
+// While a stream reads, the older runtime takes what is written into the bytes that it read ahead, and loses it; while
+// it writes, it reads what lies in its buffer by chance. A seek to where it stands ends either.
+void EndReading(Stream* stream) {
+    if ((stream->_flag & (_IOREAD | _IOWRT)) == _IOREAD) ::_fseeki64(stream, 0, SEEK_CUR);
+}
+void EndWriting(Stream* stream) {
+    if ((stream->_flag & _IOWRT) != 0) ::_fseeki64(stream, 0, SEEK_CUR);
+}
+#else
+void EndReading(Stream*) {}
+void EndWriting(Stream*) {}
+#endif
+
+}  // namespace
+
 Stream* _wfdopen(int descriptor, const wchar16* mode) {
     return StreamCall(nullptr, static_cast<Stream*>(nullptr), [&] { return ::_wfdopen(descriptor, mode); });
 }
@@ -13,17 +31,24 @@ int fclose(Stream* stream) {
 }
 
 std::size_t fread(void* buffer, std::size_t size, std::size_t count, Stream* stream) {
-    return StreamCall(stream, std::size_t{0},
-                      [&] { return std::fread(buffer, size, AllowedItems(size, count), stream); });
+    return StreamCall(stream, std::size_t{0}, [&] {
+        EndWriting(stream);
+        return std::fread(buffer, size, AllowedItems(size, count), stream);
+    });
 }
 
 std::size_t fwrite(const void* buffer, std::size_t size, std::size_t count, Stream* stream) {
-    return StreamCall(stream, std::size_t{0},
-                      [&] { return std::fwrite(buffer, size, AllowedItems(size, count), stream); });
+    return StreamCall(stream, std::size_t{0}, [&] {
+        EndReading(stream);
+        return std::fwrite(buffer, size, AllowedItems(size, count), stream);
+    });
 }
 
 int fgetc(Stream* stream) {
-    return StreamCall(stream, EOF, [&] { return std::fgetc(stream); });
+    return StreamCall(stream, EOF, [&] {
+        EndWriting(stream);
+        return std::fgetc(stream);
+    });
 }
 
 int ungetc(int byte, Stream* stream) {
@@ -31,11 +56,17 @@ int ungetc(int byte, Stream* stream) {
 }
 
 int fputs(const char* text, Stream* stream) {
-    return StreamCall(stream, EOF, [&] { return std::fputs(text, stream); });
+    return StreamCall(stream, EOF, [&] {
+        EndReading(stream);
+        return std::fputs(text, stream);
+    });
 }
 
 int fputws(const wchar16* text, Stream* stream) {
-    return StreamCall(stream, EOF, [&] { return std::fputws(text, stream); });
+    return StreamCall(stream, EOF, [&] {
+        EndReading(stream);
+        return std::fputws(text, stream);
+    });
 }
 
 int _fseeki64(Stream* stream, int64 offset, int whence) {
