@@ -522,7 +522,7 @@ TEST(NormalizerOfASymbolicPage, StaysWithinTheText) {
         for (const ZUCHARSET charset : {csNeutral, csCodePage437}) {
             for (const int code : {65496, 44414, 40623, 55762, 32694, 21121, 34070, 41909, 1298, 56485, 54273}) {
                 StringNormalizer& normalizer = *manager->GetNormalizer(charset, static_cast<uint16>(code), 0);
-                for (const wchar16 unit : {0x4E00, 0x8868, 0x30BD, 0x3042, 0xAC00, 0x0391}) {
+                for (const wchar16 unit : wstring16(ZUTEXT("\u4E00\u8868\u30BD\u3042\uAC00\u0391"))) {
                     wchar16 text[] = {unit, 0, '#', '#'};
                     EXPECT_TRUE(normalizer.NormalizeInPlace(text, 0));
                     EXPECT_EQ(text[1], 0) << locale << " " << code;
