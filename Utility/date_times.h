@@ -20,8 +20,10 @@
 // and a date in text what Str2DateEx may leave. An object has no lock: several threads may read it while nobody changes
 // it.
 //
-// Year 0 passes as a date, and so does a year above 9999 in a literal. Objects of such dates have ticks outside the
-// calendar: they cannot be copied, and only what brings them back into the calendar can be added.
+// Year 0 passes as a date, and so does a year above 9999 in a literal. Their ticks lie outside the calendar: such
+// objects cannot be copied, only what brings them back into the calendar can be added, and their day of the week means
+// nothing. January and February of year 0 have the ticks of days in year 4 instead, and become those when copied or
+// added to.
 #pragma once
 
 #include <Utility/dates.h>

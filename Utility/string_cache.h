@@ -13,8 +13,8 @@
 //     m + 1            room for a record, and a 0, which marks the end
 //
 // A record thus takes twice its size: m counts its bytes, but so many units are set aside for it. `size` must be the
-// same in all calls on one cache; it is 0 for names without records. A negative one is refused: nothing is done, and
-// the result is 0 or false.
+// same in all calls on one cache; it is 0 for names without records. Another size gives entries without meaning, but
+// never reads outside the block. A negative one is refused: nothing is done, and the result is 0 or false.
 //
 // An entry's POSITION is the index of the unit at which its record begins; the first entry's is 1. A position holds
 // until the next call that adds an entry, which may move those behind it.
@@ -35,7 +35,8 @@ namespace Torvo {
 //
 // 0, with the cache left as it was, if `text` is empty, if the block would exceed 65,500 bytes, or if memory is short.
 // The first text of a cache is special: it is taken whatever its length, and if it is empty the call gives 1, but the
-// entry is one that no call finds, and the next text takes its place. `text` and `record` must not lie in the cache.
+// entry is one that no call finds, and the next text takes its place. 0 also if the block has no end mark by this
+// `size`, and if the text of a new entry or its record lies in the cache.
 ZUAPI uint64 CacheString(wchar16** cache, const wchar16* text, const void* record, int size, bool sorted);
 
 // Reads the entry at a position: its record to `record`, unless that is null, and its text to `text` by strcpyn

@@ -5,9 +5,10 @@
 // marks behind it. Where a call says that it walks, it looks at the first unit of each character and at no other; every
 // other call looks at every unit. White and blank are the classes of <Utility/bounded_copy.h>.
 //
-// Sizes, counts and lengths are in 16-bit units, except where a call says bytes. A text may not be null, except where a
-// call says so. Nothing but Like leaves an error record. None of the functions keeps state; all may be called on any
-// thread with texts that no other thread changes.
+// Sizes, counts and lengths are in 16-bit units, except where a call says bytes. A null text is refused: searches and
+// comparisons find nothing, and edits do nothing; one that comes with a length may be null if that is 0. Nothing but
+// Like leaves an error record. None of the functions keeps state; all may be called on any thread with texts that no
+// other thread changes.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -21,11 +22,12 @@ namespace Torvo {
 // Walks the first `n` units of `s` to a unit equal to `c`: its position, or null if there is none ahead of the
 // terminator. The terminator itself is never found. The last step may carry the walk past the end of the range, when a
 // character begins within the range and ends behind it: the position that it reaches counts as found, whatever stands
-// there, so a result greater than s + n means that `c` was not met.
+// there, so a result greater than s + n means that `c` was not met. Where a character ends is told by the units behind
+// it, so `s` has a terminator even where that lies behind the range.
 ZUAPI wchar16* strnchr(const wchar16* s, wchar16 c, uint64 n);
 
 // The first unit that is not white, or null if the text has none.
-ZUAPI wchar16* skipwhite(const wchar16* s);
+ZUAPI const wchar16* skipwhite(const wchar16* s);
 
 // Reverses the order of `n` bytes. Returns `p`.
 ZUAPI void* memrev(void* p, uint64 n);
@@ -43,7 +45,8 @@ ZUAPI uint64 rtrimA(char* s, int cs);
 
 // Quoting. A quoted text stands between two quote characters, and each quote character inside it is doubled. The quote
 // character is the first unit of `quote`; no other unit of that counts. When `quote` is empty, both calls are strcpyn
-// (<Utility/bounded_copy.h>). `dst` may be `src`, but must not overlap it in another way.
+// (<Utility/bounded_copy.h>). `dst` may be `src`, but must not overlap it in another way. A null `src` gives
+// the empty text.
 
 // Quotes `src` into at most `size` units, terminator included, and returns `dst`. The closing quote and the terminator
 // are always written: what does not fit is cut off the text. Units behind the terminator are left as they are. `size`
@@ -112,7 +115,7 @@ ZUAPI std::string WStringToString(const wstring16& src);
 //
 // True if the pattern is good, with the verdict in *match. False, with *match false and error 19 (resource 61), if the
 // escape character stands before any other character or at the end; but only if the match comes that far: a pattern
-// that has failed before is not read on.
+// that has failed before is not read on. A null `text` or `pattern` is no match, and true; a null `match` is false.
 //
 //     abc   a%c     match             100%   100!% with the escape !   match
 //     abc   a_c     match             100%   1!0 with the escape !     false, and the error

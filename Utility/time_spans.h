@@ -45,9 +45,9 @@ public:
     virtual double GetTotalSeconds() const = 0;
     virtual double GetTotalMilliseconds() const = 0;
 
-    // Replaces the span by the sum of its parts, as CreateTimeSpan does. True. A sum that is too large throws, the
-    // only exception that the library lets out: an enumeration of its own, to be caught by `catch (...)`. The span is
-    // then what it was.
+    // Replaces the span by the sum of its parts, as CreateTimeSpan does. True. A sum that is too large throws, the only
+    // operation here that does: an enumeration of the library's own, to be caught by `catch (...)`. The span is then
+    // what it was.
     virtual bool SetParts(int32 days, int32 hours, int32 minutes, int32 seconds, int32 fraction) = 0;
     // True.
     virtual bool SetTicks(int64 ticks) = 0;
@@ -64,9 +64,9 @@ public:
     virtual bool AddMinutes(double minutes) = 0;
     virtual bool AddSeconds(double seconds) = 0;
     virtual bool AddTicks(int64 ticks) = 0;
-    // For a span that is not negative only, or a number that is not positive. From a negative span a positive number
-    // is refused, false, while there would be a result, and where there would be none it wraps around, true, which
-    // callers rely on; SubtractSpan has no such quirk.
+    // For a span that is not negative only, or a number that is not positive. From a negative span a positive number is
+    // refused, false, as long as the result would be above the lowest span; one that leads just there passes, and a
+    // larger one wraps around, true. Callers rely on that; SubtractSpan has no such quirk.
     virtual bool SubtractTicks(int64 ticks) = 0;
 
     // The span without its sign, as a new object of the caller's. The lowest span stays what it is.

@@ -14,12 +14,6 @@ static_assert(sizeof(zuDateTimeImpl) <= 48);
 
 namespace {
 
-constexpr double DayTicks = 8.64e11;
-constexpr double HourTicks = 3.6e10;
-constexpr double MinuteTicks = 6e8;
-constexpr double SecondTicks = 1e7;
-constexpr double MillisecondTicks = 10000.0;
-
 constexpr std::size_t DateDigits = 8;
 constexpr std::size_t TimeDigits = 13;
 
@@ -71,23 +65,23 @@ zuDateTimeImpl::zuDateTimeImpl(zuDATE fromDate, int64 ticksOfTime)
 }
 
 double zuDateTimeImpl::GetTotalDays() const {
-    return static_cast<double>(ticks) / DayTicks;
+    return NumberOfUnits(ticks, TicksPerDay);
 }
 
 double zuDateTimeImpl::GetTotalHours() const {
-    return static_cast<double>(ticks) / HourTicks;
+    return NumberOfUnits(ticks, TicksPerHour);
 }
 
 double zuDateTimeImpl::GetTotalMinutes() const {
-    return static_cast<double>(ticks) / MinuteTicks;
+    return NumberOfUnits(ticks, TicksPerMinute);
 }
 
 double zuDateTimeImpl::GetTotalSeconds() const {
-    return static_cast<double>(ticks) / SecondTicks;
+    return NumberOfUnits(ticks, TicksPerSecond);
 }
 
 double zuDateTimeImpl::GetTotalMilliseconds() const {
-    return static_cast<double>(ticks) / MillisecondTicks;
+    return NumberOfUnits(ticks, TicksPerMillisecond);
 }
 
 int32 zuDateTimeImpl::GetDayOfWeek() const {
@@ -116,24 +110,19 @@ bool zuDateTimeImpl::AddSpan(const zuTimeSpan* span) {
 }
 
 bool zuDateTimeImpl::AddDays(double value) {
-    return AddNumber(value, DayTicks);
+    return AddUnits(*this, value, TicksPerDay);
 }
 
 bool zuDateTimeImpl::AddHours(double value) {
-    return AddNumber(value, HourTicks);
+    return AddUnits(*this, value, TicksPerHour);
 }
 
 bool zuDateTimeImpl::AddMinutes(double value) {
-    return AddNumber(value, MinuteTicks);
+    return AddUnits(*this, value, TicksPerMinute);
 }
 
 bool zuDateTimeImpl::AddSeconds(double value) {
-    return AddNumber(value, SecondTicks);
-}
-
-bool zuDateTimeImpl::AddNumber(double value, double ticksPerUnit) {
-    const int64 delta = TicksOfNumber(value, ticksPerUnit);
-    return !HasTurned(value, delta) && AddTicks(delta);
+    return AddUnits(*this, value, TicksPerSecond);
 }
 
 bool zuDateTimeImpl::AddTicks(int64 delta) {
@@ -167,7 +156,7 @@ bool zuDateTimeImpl::ToString(wchar16* out, uint64 outSize, int16 order, const w
         return false;
     }
     uint64 length = platform::wcsnlen(out, outSize);
-    if (blank && length + 1 < outSize) {
+    if (blank && hasTime && length + 1 < outSize) {
         out[length++] = ' ';
         out[length] = 0;
     }
@@ -234,7 +223,7 @@ zuDateTime* CreateDateTimeFromMinutes(double minutes) {
 }
 
 zuDateTime* CreateDateTimeFromSeconds(double seconds) {
-    const int64 ticks = TicksOfNumber(seconds, SecondTicks);
+    const int64 ticks = TicksOfNumber(seconds, TicksPerSecond);
     return HasTurned(seconds, ticks) ? nullptr : CreateDateTime(ticks);
 }
 

@@ -59,8 +59,6 @@ public:
                   const Torvo::wchar16* delimiter2, const Torvo::wchar16* timePattern, bool blank) const override;
 
 private:
-    bool AddNumber(double value, double ticksPerUnit);
-
     Torvo::zuDATE date{};
     bool hasTime = true;
     zuTimeImpl time;

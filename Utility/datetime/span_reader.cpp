@@ -3,7 +3,6 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/datetime/field_reader.h>
 #include <Utility/datetime/time_reader.h>
-#include <Utility/number_parsing.h>
 #include <Utility/numbers/plain_number.h>
 #include <Utility/numbers/rounding.h>
 #include <Utility/text/unit_classes.h>

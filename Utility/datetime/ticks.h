@@ -43,13 +43,25 @@ struct LiteralParts {
 };
 
 // A number of units of so many ticks each, cut towards zero; the lowest value for what does not fit and for a NaN.
-inline int64 TicksOfNumber(double value, double ticksPerUnit) {
-    return detail::TruncateToInt64(value * ticksPerUnit);
+inline int64 TicksOfNumber(double value, int64 ticksPerUnit) {
+    return detail::TruncateToInt64(value * static_cast<double>(ticksPerUnit));
+}
+
+// Ticks as a number of units, with what a double keeps of it.
+inline double NumberOfUnits(int64 ticks, int64 ticksPerUnit) {
+    return static_cast<double>(ticks) / static_cast<double>(ticksPerUnit);
 }
 
 // Whether the ticks of a number have the other sign, which is how one that does not fit shows.
 inline bool HasTurned(double value, int64 ticks) {
     return (value > 0 && ticks < 0) || (value < 0 && ticks > 0);
+}
+
+// Adds a number of units to a time, a date-time or a span, by its AddTicks; false when the number does not fit.
+template <typename T>
+bool AddUnits(T& object, double value, int64 ticksPerUnit) {
+    const int64 delta = TicksOfNumber(value, ticksPerUnit);
+    return !HasTurned(value, delta) && object.AddTicks(delta);
 }
 
 inline int64 WrappingAdd(int64 a, int64 b) {

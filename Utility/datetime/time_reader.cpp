@@ -195,7 +195,7 @@ bool ReadTime(const wchar16* text, std::size_t length, int64* ticks) {
     if (!form.MarkStandsFirst()) mark = cursor.ReadMark(form);
     const int64 hours = HourOfDay(readHours, mark);
     if (!cursor.IsAtEnd() || hours < 0 || hours > 23 || !AreMinutesAndSeconds(minutes, seconds)) return false;
-    *ticks = (hours * 60 + minutes) * TicksPerMinute + TicksOfNumber(seconds, 1e7);
+    *ticks = (hours * 60 + minutes) * TicksPerMinute + TicksOfNumber(seconds, TicksPerSecond);
     return true;
 }
 

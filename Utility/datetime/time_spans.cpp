@@ -13,12 +13,6 @@ using namespace Torvo;
 
 namespace {
 
-constexpr double DayTicks = 8.64e11;
-constexpr double HourTicks = 3.6e10;
-constexpr double MinuteTicks = 6e8;
-constexpr double SecondTicks = 1e7;
-constexpr double MillisecondTicks = 10000.0;
-
 constexpr wchar16 UsualPicture[] = ZUTEXT("hh:mm:ss.fffffff");
 
 // A part times its unit. What does not fit is noticed by its sign alone: a product that wraps around and comes back
@@ -42,7 +36,7 @@ int64 SumOfParts(int32 days, int32 hours, int32 minutes, int32 seconds, int32 fr
     return Sum(sum, fraction);
 }
 
-zuTimeSpan* CreateFromNumber(double value, double ticksPerUnit) {
+zuTimeSpan* CreateFromNumber(double value, int64 ticksPerUnit) {
     const int64 ticks = TicksOfNumber(value, ticksPerUnit);
     return HasTurned(value, ticks) ? nullptr : CreateTimeSpan(ticks);
 }
@@ -77,23 +71,23 @@ int32 zuTimeSpanImpl::GetFraction() const {
 }
 
 double zuTimeSpanImpl::GetTotalDays() const {
-    return static_cast<double>(ticks) / DayTicks;
+    return NumberOfUnits(ticks, TicksPerDay);
 }
 
 double zuTimeSpanImpl::GetTotalHours() const {
-    return static_cast<double>(ticks) / HourTicks;
+    return NumberOfUnits(ticks, TicksPerHour);
 }
 
 double zuTimeSpanImpl::GetTotalMinutes() const {
-    return static_cast<double>(ticks) / MinuteTicks;
+    return NumberOfUnits(ticks, TicksPerMinute);
 }
 
 double zuTimeSpanImpl::GetTotalSeconds() const {
-    return static_cast<double>(ticks) / SecondTicks;
+    return NumberOfUnits(ticks, TicksPerSecond);
 }
 
 double zuTimeSpanImpl::GetTotalMilliseconds() const {
-    return static_cast<double>(ticks) / MillisecondTicks;
+    return NumberOfUnits(ticks, TicksPerMillisecond);
 }
 
 bool zuTimeSpanImpl::SetParts(int32 days, int32 hours, int32 minutes, int32 seconds, int32 fraction) {
@@ -120,24 +114,19 @@ bool zuTimeSpanImpl::SubtractSpan(const zuTimeSpan* span) {
 }
 
 bool zuTimeSpanImpl::AddDays(double value) {
-    return AddNumber(value, DayTicks);
+    return AddUnits(*this, value, TicksPerDay);
 }
 
 bool zuTimeSpanImpl::AddHours(double value) {
-    return AddNumber(value, HourTicks);
+    return AddUnits(*this, value, TicksPerHour);
 }
 
 bool zuTimeSpanImpl::AddMinutes(double value) {
-    return AddNumber(value, MinuteTicks);
+    return AddUnits(*this, value, TicksPerMinute);
 }
 
 bool zuTimeSpanImpl::AddSeconds(double value) {
-    return AddNumber(value, SecondTicks);
-}
-
-bool zuTimeSpanImpl::AddNumber(double value, double ticksPerUnit) {
-    const int64 delta = TicksOfNumber(value, ticksPerUnit);
-    return !HasTurned(value, delta) && AddTicks(delta);
+    return AddUnits(*this, value, TicksPerSecond);
 }
 
 bool zuTimeSpanImpl::AddTicks(int64 delta) {
@@ -146,8 +135,8 @@ bool zuTimeSpanImpl::AddTicks(int64 delta) {
     return true;
 }
 
-// The test of a negative span runs the wrong way round, and callers know it: what has room is refused, what has none
-// wraps around.
+// The test of a negative span runs the wrong way round, and callers know it: what would stay above the lowest span is
+// refused, what leads just there passes, and what has no room wraps around.
 bool zuTimeSpanImpl::SubtractTicks(int64 delta) {
     const bool isRefused = ticks < 0 && delta > 0 ? delta < ticks - LowestTicks : !CanSubtract(ticks, delta);
     if (isRefused) return false;
@@ -215,23 +204,23 @@ zuTimeSpan* CreateTimeSpan(int64 ticks) {
 }
 
 zuTimeSpan* CreateTimeSpanFromDays(double days) {
-    return CreateFromNumber(days, DayTicks);
+    return CreateFromNumber(days, TicksPerDay);
 }
 
 zuTimeSpan* CreateTimeSpanFromHours(double hours) {
-    return CreateFromNumber(hours, HourTicks);
+    return CreateFromNumber(hours, TicksPerHour);
 }
 
 zuTimeSpan* CreateTimeSpanFromMinutes(double minutes) {
-    return CreateFromNumber(minutes, MinuteTicks);
+    return CreateFromNumber(minutes, TicksPerMinute);
 }
 
 zuTimeSpan* CreateTimeSpanFromSeconds(double seconds) {
-    return CreateFromNumber(seconds, SecondTicks);
+    return CreateFromNumber(seconds, TicksPerSecond);
 }
 
 zuTimeSpan* CreateTimeSpanFromMilliseconds(double milliseconds) {
-    return CreateFromNumber(milliseconds, MillisecondTicks);
+    return CreateFromNumber(milliseconds, TicksPerMillisecond);
 }
 
 zuTimeSpan* CreateTimeSpanFromLiteral(int32 days, int64 time) {

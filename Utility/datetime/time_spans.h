@@ -46,7 +46,5 @@ public:
     bool ToLiteral(Torvo::int32* days, Torvo::int64* time) const override;
 
 private:
-    bool AddNumber(double value, double ticksPerUnit);
-
     Torvo::int64 ticks;
 };

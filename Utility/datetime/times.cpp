@@ -11,12 +11,6 @@ using namespace Torvo;
 
 namespace {
 
-// The doubles that numbers of each unit are multiplied by.
-constexpr double HourTicks = 3.6e10;
-constexpr double MinuteTicks = 6e8;
-constexpr double SecondTicks = 1e7;
-constexpr double MillisecondTicks = 10000.0;
-
 // As unsigned numbers, so that a negative part is too large.
 constexpr bool AreParts(int32 hours, int32 minutes, int32 seconds, int32 fraction) {
     return static_cast<uint32>(hours) < 24 && static_cast<uint32>(minutes) < 60 && static_cast<uint32>(seconds) < 60 &&
@@ -27,7 +21,7 @@ constexpr bool IsTickOfDay(int64 ticks) {
     return static_cast<uint64>(ticks) <= static_cast<uint64>(zuTimeImpl::LastTick);
 }
 
-zuTime* CreateFromNumber(double value, double ticksPerUnit) {
+zuTime* CreateFromNumber(double value, int64 ticksPerUnit) {
     const int64 ticks = TicksOfNumber(value, ticksPerUnit);
     return value < 0 || ticks < 0 ? nullptr : CreateTime(ticks);
 }
@@ -47,19 +41,19 @@ int32 zuTimeImpl::GetMilliseconds() const {
 }
 
 double zuTimeImpl::GetTotalHours() const {
-    return static_cast<double>(ticks) / HourTicks;
+    return NumberOfUnits(ticks, TicksPerHour);
 }
 
 double zuTimeImpl::GetTotalMinutes() const {
-    return static_cast<double>(ticks) / MinuteTicks;
+    return NumberOfUnits(ticks, TicksPerMinute);
 }
 
 double zuTimeImpl::GetTotalSeconds() const {
-    return static_cast<double>(ticks) / SecondTicks;
+    return NumberOfUnits(ticks, TicksPerSecond);
 }
 
 double zuTimeImpl::GetTotalMilliseconds() const {
-    return static_cast<double>(ticks) / MillisecondTicks;
+    return NumberOfUnits(ticks, TicksPerMillisecond);
 }
 
 ZU_CMP zuTimeImpl::CompareTo(const zuTime* other) const {
@@ -71,20 +65,15 @@ bool zuTimeImpl::AddSpan(const zuTimeSpan* span) {
 }
 
 bool zuTimeImpl::AddHours(double value) {
-    return AddNumber(value, HourTicks);
+    return AddUnits(*this, value, TicksPerHour);
 }
 
 bool zuTimeImpl::AddMinutes(double value) {
-    return AddNumber(value, MinuteTicks);
+    return AddUnits(*this, value, TicksPerMinute);
 }
 
 bool zuTimeImpl::AddSeconds(double value) {
-    return AddNumber(value, SecondTicks);
-}
-
-bool zuTimeImpl::AddNumber(double value, double ticksPerUnit) {
-    const int64 delta = TicksOfNumber(value, ticksPerUnit);
-    return !HasTurned(value, delta) && AddTicks(delta);
+    return AddUnits(*this, value, TicksPerSecond);
 }
 
 bool zuTimeImpl::AddTicks(int64 delta) {
@@ -177,19 +166,19 @@ zuTime* CreateTime(int64 ticks) {
 }
 
 zuTime* CreateTimeFromHours(double hours) {
-    return CreateFromNumber(hours, HourTicks);
+    return CreateFromNumber(hours, TicksPerHour);
 }
 
 zuTime* CreateTimeFromMinutes(double minutes) {
-    return CreateFromNumber(minutes, MinuteTicks);
+    return CreateFromNumber(minutes, TicksPerMinute);
 }
 
 zuTime* CreateTimeFromSeconds(double seconds) {
-    return CreateFromNumber(seconds, SecondTicks);
+    return CreateFromNumber(seconds, TicksPerSecond);
 }
 
 zuTime* CreateTimeFromMilliseconds(double milliseconds) {
-    return CreateFromNumber(milliseconds, MillisecondTicks);
+    return CreateFromNumber(milliseconds, TicksPerMillisecond);
 }
 
 zuTime* CreateTimeFromLiteral(int64 literal) {

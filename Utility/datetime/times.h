@@ -48,7 +48,6 @@ public:
     bool ToString(Torvo::wchar16* out, Torvo::int32 outSize, const Torvo::wchar16* pattern) const override;
 
 private:
-    bool AddNumber(double value, double ticksPerUnit);
     bool TurnTo(Torvo::int64 sum);
 
     Torvo::uint8 hours = 0;

@@ -57,7 +57,7 @@ bool LocaleValuesAreFixed();
 
 // The name of a locale, as in `en-US`, and its identifier. Sizes, results and failures as above.
 int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags);
-// 0 when there is no locale of that name; null names the user's default.
+// 0 when there is no locale of that name, and when memory is short (error 8); null names the user's default.
 uint32 LocaleNameToLCID(const wchar16* name, uint32 flags);
 // The name of the system's default locale.
 int GetSystemDefaultLocaleName(wchar16* name, int size);

@@ -116,8 +116,10 @@ bool DifferAtOnce(const wchar16* text, const wchar16* pattern, EscapeUnit escape
 }  // namespace
 
 bool Like(const wchar16* text, const wchar16* pattern, const wchar16* escape, bool* match) {
-    const EscapeUnit escapeUnit = escape != nullptr ? *escape : 0;
+    if (match == nullptr) return false;
     *match = false;
+    if (text == nullptr || pattern == nullptr) return true;
+    const EscapeUnit escapeUnit = escape != nullptr ? *escape : 0;
     if (DifferAtOnce(text, pattern, escapeUnit)) return true;
     Progress at{text, pattern};
     Outcome outcome = ComparePart(at, escapeUnit);

@@ -57,6 +57,7 @@ uint64 TextAddCrs(wchar16** out, const wchar16* text, uint64 length) {
 }
 
 uint64 TextRemoveCrs(wchar16* s) {
+    if (s == nullptr) return 0;
     const wchar16* from = platform::wcschr(s, CR);
     if (from == nullptr) return platform::wcslen(s);
     wchar16* to = const_cast<wchar16*>(from);

@@ -56,6 +56,12 @@ wchar16* DoubleInPlace(wchar16* text, uint64 room, wchar16 quote) {
     return end;
 }
 
+// The empty text, as far as there is room for it.
+wchar16* Empty(wchar16* dst, uint64 size) {
+    if (dst != nullptr && size > 0) *dst = 0;
+    return dst;
+}
+
 bool HasQuote(const wchar16* quote) {
     return quote != nullptr && *quote != 0;
 }
@@ -63,11 +69,9 @@ bool HasQuote(const wchar16* quote) {
 }  // namespace
 
 wchar16* quotestring(wchar16* dst, const wchar16* src, uint64 size, const wchar16* quote) {
+    if (src == nullptr) return Empty(dst, size);
     if (!HasQuote(quote)) return strcpyn(dst, src, size);
-    if (size < frameUnits) {
-        if (size > 0) *dst = 0;
-        return dst;
-    }
+    if (size < frameUnits) return Empty(dst, size);
     const uint64 room = size - frameUnits;
     wchar16* const end = dst == src ? DoubleInPlace(dst, room, *quote) : DoubleApart(dst + 1, src, room, *quote);
     dst[0] = *quote;
@@ -77,6 +81,7 @@ wchar16* quotestring(wchar16* dst, const wchar16* src, uint64 size, const wchar1
 }
 
 wchar16* unquotestring(wchar16* dst, const wchar16* src, uint64 size, const wchar16* quote) {
+    if (src == nullptr) return Empty(dst, size);
     if (!HasQuote(quote) || *src != *quote) return strcpyn(dst, src, size);
     if (size == 0) return dst;
     wchar16* to = dst;

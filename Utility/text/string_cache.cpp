@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 namespace Torvo {
 
@@ -14,11 +15,6 @@ namespace {
 
 constexpr uint64 firstPosition = 1;
 constexpr uint64 mostBytes = 65500;
-
-// In the loop, and not a call away: most of a look-up is finding where entries end.
-uint64 LengthOf(const wchar16* text) {
-    return static_cast<uint64>(platform::scan::FindFirst(text, platform::scan::EitherOf(0, 0)) - text);
-}
 
 constexpr uint64 BytesOf(uint64 units) {
     return units * sizeof(wchar16);
@@ -29,13 +25,9 @@ constexpr uint64 UnitsWithLast(uint64 position, uint64 recordUnits, uint64 lengt
     return position + recordUnits + length + 1 + recordUnits + 1;
 }
 
-wchar16 Folded(wchar16 unit) {
-    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 0x20) : unit;
-}
-
 // Whether two units differ so that no comparison takes them for equal. Beyond ASCII the comparison itself must say.
 bool CertainlyDiffer(wchar16 a, wchar16 b) {
-    return a < 0x80 && b < 0x80 && Folded(a) != Folded(b);
+    return a < 0x80 && b < 0x80 && platform::scan::FoldUnit(a) != platform::scan::FoldUnit(b);
 }
 
 // The text that is looked for. Cases are paired unit by unit, so texts of different lengths are never equal; the length
@@ -63,12 +55,20 @@ struct Found {
     uint64 firstAbove = 0;  // the first entry above the text, if that was asked for; 0 for none
 };
 
-// From entry to entry up to the end mark.
+// What a walk gives that comes to the end of the block before any end mark: a place at which nothing can be added.
+constexpr Found NoEnd{mostBytes, false};
+
+// From entry to entry up to the end mark, and never beyond the block.
 Found Find(const wchar16* cache, const Wanted& wanted, uint64 recordUnits, bool asksForOrder) {
+    const uint64 units = memSize(cache) / sizeof(wchar16);
     Found found{firstPosition, false};
     for (;;) {
-        const wchar16* const text = cache + found.position + recordUnits;
-        const uint64 length = LengthOf(text);
+        const uint64 at = found.position + recordUnits;
+        if (at >= units) return NoEnd;
+        const wchar16* const text = cache + at;
+        // In the loop, and not a call away: most of a look-up is finding where entries end.
+        const uint64 length = platform::scan::LengthWithin(text, units - at);
+        if (length == units - at) return NoEnd;
         found.isEntry = length > 0 && wanted.Equals(text, length);
         if (length == 0 || found.isEntry) return found;
         if (asksForOrder && found.firstAbove == 0 && wanted.IsBelow(text)) found.firstAbove = found.position;
@@ -76,8 +76,9 @@ Found Find(const wchar16* cache, const Wanted& wanted, uint64 recordUnits, bool 
     }
 }
 
+// The record of a known text may lie in the cache.
 void WriteRecord(wchar16* cache, uint64 position, const void* record, uint64 bytes) {
-    if (record != nullptr) std::memcpy(cache + position, record, bytes);
+    if (record != nullptr) std::memmove(cache + position, record, bytes);
 }
 
 void ReadRecord(const wchar16* cache, uint64 position, void* record, uint64 bytes) {
@@ -113,6 +114,13 @@ void MoveUp(wchar16* cache, uint64 position, uint64 end, uint64 recordUnits, uin
     std::memmove(cache + position + entryUnits, cache + position, BytesOf(moved));
 }
 
+// What lies in a cache may move while an entry is added.
+bool LiesIn(const wchar16* cache, const void* place) {
+    const auto* const block = reinterpret_cast<const unsigned char*>(cache);
+    const auto* const byte = static_cast<const unsigned char*>(place);
+    return !std::less<>()(byte, block) && std::less<>()(byte, block + memSize(cache));
+}
+
 void ClearText(wchar16* text, int textSize) {
     if (text != nullptr && textSize > 0) *text = 0;
 }
@@ -145,6 +153,7 @@ uint64 CacheString(wchar16** cache, const wchar16* text, const void* record, int
         WriteRecord(*cache, found.position, record, recordUnits);
         return found.position;
     }
+    if (LiesIn(*cache, text) || LiesIn(*cache, record)) return 0;
     const uint64 bytes = BytesOf(UnitsWithLast(found.position, recordUnits, wanted.Length()));
     if (bytes > mostBytes || !Grow(cache, bytes)) return 0;
     const uint64 position = found.firstAbove != 0 ? found.firstAbove : found.position;

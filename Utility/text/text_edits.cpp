@@ -22,6 +22,7 @@ bool IsBlankByte(char byte) {
 
 // Counted in units and not by an end pointer, so that any `n` will do.
 wchar16* strnchr(const wchar16* s, wchar16 c, uint64 n) {
+    if (s == nullptr) return nullptr;
     const wchar16* p = s;
     const auto passed = [s, &p] { return static_cast<uint64>(p - s); };
     while (passed() < n && *p != 0 && *p != c) p = NextCharacter(p);
@@ -29,9 +30,10 @@ wchar16* strnchr(const wchar16* s, wchar16 c, uint64 n) {
     return isFound ? const_cast<wchar16*>(p) : nullptr;
 }
 
-wchar16* skipwhite(const wchar16* s) {
+const wchar16* skipwhite(const wchar16* s) {
+    if (s == nullptr) return nullptr;
     while (IsWhite(*s)) ++s;
-    return *s != 0 ? const_cast<wchar16*>(s) : nullptr;
+    return *s != 0 ? s : nullptr;
 }
 
 void* memrev(void* p, uint64 n) {
@@ -41,11 +43,13 @@ void* memrev(void* p, uint64 n) {
 }
 
 void zuCharReplace(wchar16* s, const wchar16* set, wchar16 c) {
+    if (s == nullptr || set == nullptr) return;
     while ((s = platform::wcspbrk(s, set)) != nullptr) *s++ = c;
 }
 
 // Where a character ends is found before its first unit changes.
 void TextReplaceChar(wchar16* s, wchar16 from, wchar16 to) {
+    if (s == nullptr) return;
     while (*s != 0) {
         wchar16* const next = const_cast<wchar16*>(NextCharacter(s));
         if (*s == from) *s = to;
@@ -54,6 +58,7 @@ void TextReplaceChar(wchar16* s, wchar16 from, wchar16 to) {
 }
 
 uint64 rtrimA(char* s, int cs) {
+    if (s == nullptr) return 0;
     char* end = s;  // behind the last character that is not blank
     for (char* p = s; *p != 0;) {
         const bool isBlank = IsBlankByte(*p);

@@ -98,7 +98,17 @@ TEST(DateTimeCreation, YearZeroHasTicksOutsideTheCalendar) {
     EXPECT_EQ(march->GetTicks(), -306 * DayTicks);
     EXPECT_TRUE(march->AddDays(306)) << "back in the calendar";
     EXPECT_EQ(Told(march), "0001-01-01 00:00:00.0000000");
-    EXPECT_EQ(DateTime(CreateDateTime(0, 1, 1))->GetTicks(), 1095 * DayTicks);
+}
+
+// Their days are counted as if they belonged to the leap year that follows.
+TEST(DateTimeCreation, JanuaryAndFebruaryOfYearZeroHaveTicksOfYearFour) {
+    const DateTime first(CreateDateTime(0, 1, 1));
+    EXPECT_EQ(Told(first), "0000-01-01 00:00:00.0000000");
+    EXPECT_EQ(first->GetTicks(), 1095 * DayTicks);
+    EXPECT_EQ(ToldAndGone(CreateDateTime(first.get())), "0004-01-01 00:00:00.0000000") << "a copy goes by the ticks";
+    EXPECT_TRUE(first->AddHours(1));
+    EXPECT_EQ(Told(first), "0004-01-01 01:00:00.0000000");
+    EXPECT_EQ(ToldAndGone(CreateDateTime(DateTime(CreateDateTime(0, 2, 29)).get())), "0004-02-29 00:00:00.0000000");
 }
 
 TEST(DateTimeCreation, FromADateAndATime) {

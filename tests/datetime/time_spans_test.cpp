@@ -310,7 +310,7 @@ TEST(TimeSpanArithmetic, NumbersThatDoNotFit) {
             EXPECT_EQ(After(5, [=](zuTimeSpan& span) { return (span.*add)(tooLarge); }), "refused");
             EXPECT_EQ(After(-5, [=](zuTimeSpan& span) { return (span.*add)(tooLarge); }), "refused");
         }
-        for (const double tooLow : {-1e300, -Infinity}) {
+        for (const double tooLow : {-1e300, -Infinity, NotANumber}) {
             EXPECT_EQ(After(5, [=](zuTimeSpan& span) { return (span.*add)(tooLow); }), std::to_string(LowestInt64 + 5));
             EXPECT_EQ(After(-5, [=](zuTimeSpan& span) { return (span.*add)(tooLow); }), "refused");
         }

@@ -295,9 +295,10 @@ TEST(TimeArithmetic, NumbersThatDoNotFit) {
             EXPECT_FALSE((time.get()->*add)(tooLarge));
             EXPECT_EQ(Told(time), "12:00:00.0000000");
         }
-        // A negative one keeps its sign, and the clock turns back by that count.
-        const int64 turned = DayTicks + (12 * HourTicks + LowestInt64) % DayTicks;
-        for (const double tooLow : {-1e300, -Infinity}) {
+        // A negative one keeps its sign, and the clock turns back by that count; so it does for what is no number.
+        constexpr int64 turned = 331145224192;
+        static_assert(turned == DayTicks + (12 * HourTicks + LowestInt64) % DayTicks);
+        for (const double tooLow : {-1e300, -Infinity, NotANumber}) {
             EXPECT_TRUE(time->SetTime(12, 0, 0, 0));
             EXPECT_FALSE((time.get()->*add)(tooLow));
             EXPECT_EQ(time->GetTicks(), turned);

@@ -75,6 +75,19 @@ TEST_F(LikeTest, EmptyTexts) {
     EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%")), "yes");
 }
 
+TEST_F(LikeTest, NullsAreRefused) {
+    EXPECT_FALSE(Like(ZUTEXT("a"), ZUTEXT("a"), ZUTEXT(""), nullptr));
+    for (const wchar16* const other : {static_cast<const wchar16*>(nullptr), ZUTEXT("%")}) {
+        bool match = true;
+        EXPECT_TRUE(Like(nullptr, other, ZUTEXT(""), &match));
+        EXPECT_FALSE(match);
+        match = true;
+        EXPECT_TRUE(Like(other, nullptr, ZUTEXT(""), &match));
+        EXPECT_FALSE(match);
+    }
+    EXPECT_EQ(NumErrors(), 0);
+}
+
 // A run at the end of the text matches only if it ends the pattern.
 TEST_F(LikeTest, TwoRunsAtTheEndOfTheTextDoNotMatch) {
     EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%%")), "no");

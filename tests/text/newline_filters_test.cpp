@@ -104,6 +104,10 @@ TEST(RemoveCrs, AheadOfAnLf) {
     EXPECT_EQ(WithoutCrs(ZUTEXT("\r\n")), ZUTEXT("\n"));
 }
 
+TEST(RemoveCrs, NullsAreRefused) {
+    EXPECT_EQ(TextRemoveCrs(nullptr), 0u);
+}
+
 TEST(RemoveCrs, ALoneCrStays) {
     EXPECT_EQ(WithoutCrs(ZUTEXT("a\rb\r")), ZUTEXT("a\rb\r"));
     EXPECT_EQ(WithoutCrs(ZUTEXT("a\r\r\nb\n\r")), ZUTEXT("a\r\nb\n\r"));

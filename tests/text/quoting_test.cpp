@@ -115,6 +115,19 @@ TEST(Quoting, ReadsNoMoreThanFits) {
     EXPECT_EQ(InPlace(quotestring, ZUTEXT("abcd"), 4), ZUTEXT("'a'"));
 }
 
+TEST(Quoting, NullsAreRefused) {
+    for (const Call call : {quotestring, unquotestring}) {
+        for (const wchar16* const with : {quote, ZUTEXT("")}) {
+            EXPECT_EQ(call(nullptr, nullptr, 4, with), nullptr);
+            wchar16 buffer[4] = ZUTEXT("abc");
+            EXPECT_EQ(call(buffer, nullptr, 0, with), buffer);
+            EXPECT_EQ(wstring16(buffer), ZUTEXT("abc"));
+            EXPECT_EQ(call(buffer, nullptr, 4, with), buffer);
+            EXPECT_EQ(wstring16(buffer, 4), (wstring16{0, 'b', 'c', 0}));
+        }
+    }
+}
+
 TEST(Unquoting, GivesTheTextBack) {
     EXPECT_EQ(Apart(unquotestring, ZUTEXT("'it''s'"), 20), ZUTEXT("it's"));
     EXPECT_EQ(InPlace(unquotestring, ZUTEXT("'it''s'"), 20), ZUTEXT("it's"));
@@ -156,13 +169,14 @@ TEST(Quoting, EverySizeAsThePlainForm) {
     for (int i = 0; i < 3'000; ++i) {
         wstring16 text;
         for (int64 left = random.Between(0, 9); left > 0; --left) text += ZUTEXT("'ab'")[random.Between(0, 3)];
-        for (uint64 size = 3; size < 24; ++size) {
-            ASSERT_EQ(Apart(quotestring, text, size), PlainQuoteApart(text, size, '\''));
+        for (uint64 size = 1; size < 24; ++size) {
             ASSERT_EQ(Apart(unquotestring, text, size), PlainUnquote(text, size, '\''));
-            ASSERT_EQ(InPlace(quotestring, text, size), PlainQuoteInPlace(text, size, '\''));
             if (text.size() < size) {
                 ASSERT_EQ(InPlace(unquotestring, text, size), PlainUnquote(text, size, '\''));
             }
+            if (size < 3) continue;  // no room for the frame
+            ASSERT_EQ(Apart(quotestring, text, size), PlainQuoteApart(text, size, '\''));
+            ASSERT_EQ(InPlace(quotestring, text, size), PlainQuoteInPlace(text, size, '\''));
         }
         ASSERT_EQ(Apart(unquotestring, Apart(quotestring, text, 24), 24), text) << "there and back";
     }

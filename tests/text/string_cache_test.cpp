@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -234,6 +235,64 @@ TEST(StringCache, PositionsThatAreNoEntryReadNothingElse) {
     cache.block[units - 1] = 0;
     EXPECT_FALSE(GetIthCachedString(cache.block, 1, text, 200, record, 12));
     EXPECT_TRUE(GetIthCachedString(cache.block, 0, text, 200, record, 12));
+}
+
+// All units of the block.
+wstring16 Units(const Cache& cache) {
+    return wstring16(cache.block, memSize(cache.block) / sizeof(wchar16));
+}
+
+TEST(StringCache, ABlockWithoutAnEndMarkIsNotLeft) {
+    for (const int size : {0, 4}) {
+        Cache cache(size);
+        cache.Add(ZUTEXT("Alpha"));
+        std::fill_n(cache.block, memSize(cache.block) / sizeof(wchar16), wchar16{'x'});
+        const wstring16 before = Units(cache);
+        EXPECT_FALSE(GetCachedStructure(cache.block, ZUTEXT("x"), nullptr, size));
+        EXPECT_FALSE(GetCachedStructure(cache.block, ZUTEXT(""), nullptr, size));
+        EXPECT_EQ(cache.Add(ZUTEXT("Beta")), 0u);
+        EXPECT_EQ(cache.AddSorted(ZUTEXT("Beta")), 0u);
+        EXPECT_EQ(Units(cache), before);
+    }
+}
+
+TEST(StringCache, AnotherSizeReadsNothingOutsideTheBlock) {
+    Cache cache(4);
+    cache.Add(ZUTEXT("Alpha"), "aaa");
+    cache.Add(ZUTEXT("Beta"), "bbb");
+    const wstring16 before = Units(cache);
+    for (const int size : {100, 10'000'000, std::numeric_limits<int>::max()}) {
+        EXPECT_FALSE(GetCachedStructure(cache.block, ZUTEXT("Alpha"), nullptr, size)) << size;
+        EXPECT_EQ(CacheString(&cache.block, ZUTEXT("Gamma"), nullptr, size, false), 0u) << size;
+        EXPECT_EQ(CacheString(&cache.block, ZUTEXT("Alpha"), nullptr, size, true), 0u) << size;
+        EXPECT_EQ(Units(cache), before) << size;
+    }
+    EXPECT_EQ(cache.All(), "Alpha:aaa Beta:bbb ");
+}
+
+// The heap may give it more than that byte, which then holds anything.
+TEST(StringCache, ABlockOfOneByteHasNoEntries) {
+    Cache cache;
+    void* block = nullptr;
+    ASSERT_TRUE(falloc_(1, &block, false, true));
+    cache.block = static_cast<wchar16*>(block);
+    std::memset(block, 'x', memSize(block));
+    EXPECT_FALSE(GetCachedStructure(cache.block, ZUTEXT("a"), nullptr, 0));
+    EXPECT_EQ(cache.Add(ZUTEXT("a")), 0u);
+    EXPECT_EQ(cache.block, block);
+}
+
+TEST(StringCache, ANewEntryOutOfTheCacheItselfIsRefused) {
+    Cache cache(4);
+    cache.Add(ZUTEXT("Alpha"), "aaa");
+    const wstring16 before = Units(cache);
+    const wchar16* const text = cache.block + 1 + 4;
+    EXPECT_EQ(CacheString(&cache.block, text + 1, "xxx", 4, false), 0u) << "lpha";
+    EXPECT_EQ(CacheString(&cache.block, ZUTEXT("Beta"), cache.block + 1, 4, false), 0u);
+    EXPECT_EQ(CacheString(&cache.block, ZUTEXT("Beta"), cache.block + before.size() - 2, 4, false), 0u);
+    EXPECT_EQ(Units(cache), before);
+    EXPECT_EQ(CacheString(&cache.block, text, cache.block + 1, 4, false), 1u) << "a known text may lie there";
+    EXPECT_EQ(Units(cache), before);
 }
 
 TEST(StringCache, ReadsByIndex) {

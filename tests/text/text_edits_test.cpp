@@ -56,6 +56,18 @@ TEST(BoundedSearch, AStepPastTheEndCountsAsFound) {
     EXPECT_EQ(IndexWithin(ZUTEXT("e\u0301x"), 0x301, 3), -1) << "a mark begins no character";
 }
 
+TEST(TextEdits, NullsAreRefused) {
+    EXPECT_EQ(strnchr(nullptr, 'a', 3), nullptr);
+    EXPECT_EQ(strnchr(nullptr, 'a', 0), nullptr);
+    EXPECT_EQ(skipwhite(nullptr), nullptr);
+    zuCharReplace(nullptr, ZUTEXT("a"), 'b');
+    wchar16 text[] = ZUTEXT("aba");
+    zuCharReplace(text, nullptr, 'b');
+    EXPECT_EQ(wstring16(text), ZUTEXT("aba"));
+    TextReplaceChar(nullptr, 'a', 'b');
+    EXPECT_EQ(rtrimA(nullptr, csWindowsLatin1), 0u);
+}
+
 TEST(SkipWhite, PassesTheLeadingWhite) {
     const wchar16 text[] = ZUTEXT(" \t\n\f\ra b");
     EXPECT_EQ(skipwhite(text), text + 5);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <iterator>
 #include <vector>
 
 namespace Torvo::platform {
@@ -29,10 +30,10 @@ bool EqualFolded(std::string_view a, std::string_view b) {
 }
 
 // The rows in the order of their names.
-const std::vector<const LocaleIdentifier*>& RowsByName() {
+const auto& RowsByName() {
     static const auto rows = [] {
-        std::vector<const LocaleIdentifier*> sorted;
-        for (const LocaleIdentifier& row : Rows) sorted.push_back(&row);
+        std::array<const LocaleIdentifier*, std::size(Rows)> sorted;
+        std::transform(std::begin(Rows), std::end(Rows), sorted.begin(), [](auto& row) { return &row; });
         std::sort(sorted.begin(), sorted.end(), [](auto* a, auto* b) { return LessFolded(a->name, b->name); });
         return sorted;
     }();

@@ -10,11 +10,29 @@
 #include <memory>
 #include <mutex>
 #include <new>
+#include <string_view>
 #include <vector>
 
 namespace Torvo::platform {
 
 namespace {
+
+// What stands for the user's default while memory is too short to find it out.
+constexpr std::string_view UsualLocaleName = "en-US";
+constexpr uint32 UsualLocale = 0x0409;
+
+const char* EnvironmentLocale() {
+    for (const char* const variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        if (const char* const value = std::getenv(variable); value != nullptr && *value != 0) return value;
+    }
+    return "C";
+}
+
+// Throws std::bad_alloc when memory is short; the next question then tries again.
+const std::string& NameOfEnvironment() {
+    static const std::string* const name = new std::string(LocaleNameOfEnvironment(EnvironmentLocale()));
+    return *name;
+}
 
 // The tables made so far: one place for each row of identifiers and one for the user's default. A place once filled
 // never changes, so that readers need no lock; the mutex keeps two threads from making the same table.
@@ -31,7 +49,7 @@ public:
         place.store(table, std::memory_order_release);
         return table;
     }
-    const LocaleTable* GetUserDefault() { return GetOrMake(places.back(), UserDefaultLocaleName()); }
+    const LocaleTable* GetUserDefault() { return GetOrMake(places.back(), NameOfEnvironment()); }
 
 private:
     using Place = std::atomic<const LocaleTable*>;
@@ -65,13 +83,6 @@ const LocaleTable* MakeOrFindTable(uint32 locale) {
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
-}
-
-const char* EnvironmentLocale() {
-    for (const char* const variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        if (const char* const value = std::getenv(variable); value != nullptr && *value != 0) return value;
-    }
-    return "C";
 }
 
 // A code page of the thread's locale, or of the next locale that has one.
@@ -127,17 +138,24 @@ uint32 ThreadOemCodePage() {
     return CodePageOrFallback(&LocaleTable::oemCodePage, 1, 437);
 }
 
-const std::string& UserDefaultLocaleName() {
-    static const std::string* const name = new std::string(LocaleNameOfEnvironment(EnvironmentLocale()));
-    return *name;
+std::string_view UserDefaultLocaleName() {
+    try {
+        return NameOfEnvironment();
+    } catch (const std::bad_alloc&) {
+        return UsualLocaleName;
+    }
 }
 
 uint32 UserDefaultLocale() {
-    static const uint32 locale = [] {
-        const LocaleIdentifier* const row = FindLocaleIdentifier(UserDefaultLocaleName());
-        return row != nullptr ? row->lcid : uint32{0xC00};
-    }();
-    return locale;
+    try {
+        static const uint32 locale = [] {
+            const LocaleIdentifier* const row = FindLocaleIdentifier(NameOfEnvironment());
+            return row != nullptr ? row->lcid : uint32{0xC00};
+        }();
+        return locale;
+    } catch (const std::bad_alloc&) {
+        return UsualLocale;
+    }
 }
 
 }  // namespace Torvo::platform

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 namespace Torvo::platform {
 
@@ -92,8 +93,9 @@ inline const LocaleTable* FindLocaleTable(uint32 locale) {
 uint32 ThreadAnsiCodePage();
 uint32 ThreadOemCodePage();
 
-// The name of the user's default locale, which the environment decides once, at the first question.
-const std::string& UserDefaultLocaleName();
+// The name of the user's default locale, which the environment decides once, at the first question. While memory is too
+// short to find it out, these two answer "en-US" and 0x0409, and keep nothing of that.
+std::string_view UserDefaultLocaleName();
 // Its identifier; 0x0C00 when it has none of its own.
 uint32 UserDefaultLocale();
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <new>
 #include <string_view>
 
 namespace Torvo::platform {
@@ -39,8 +40,10 @@ int Deliver(const wchar16* text, uint32 units, wchar16* buffer, int size) {
 // Of the calls for names; a negative size is too small to them.
 int DeliverName(std::string_view name, wchar16* buffer, int size) {
     if (buffer == nullptr && size > 0) return Fail(ERROR_INVALID_PARAMETER);
-    const std::u16string wide(name.begin(), name.end());
-    return Deliver(wide.c_str(), static_cast<uint32>(wide.size() + 1), buffer, size);
+    wchar16 wide[LocaleNameMaxLength] = {};
+    const std::size_t length = std::min(name.size(), LocaleNameMaxLength - 1);
+    std::copy_n(name.data(), length, wide);
+    return Deliver(wide, static_cast<uint32>(length + 1), buffer, size);
 }
 
 int DeliverNumber(const LocaleTable::Value& value, wchar16* buffer, int size) {
@@ -59,6 +62,7 @@ std::string NarrowName(const wchar16* name) {
     return std::string(name, name + length);
 }
 
+// Throws std::bad_alloc only for a name that has no row of its own.
 uint32 LocaleOfName(std::string_view name, bool neutralAllowed) {
     const LocaleIdentifier* row = FindLocaleIdentifier(name);
     if (row != nullptr && row->IsNeutral() && !neutralAllowed) {
@@ -116,9 +120,14 @@ int LCIDToLocaleName(uint32 locale, wchar16* name, int size, uint32 flags) {
 
 uint32 LocaleNameToLCID(const wchar16* name, uint32 flags) {
     if (name == nullptr) return UserDefaultLocale();
-    const uint32 locale = LocaleOfName(NarrowName(name), (flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0);
-    if (locale == 0) SetLastError(ERROR_INVALID_PARAMETER);
-    return locale;
+    try {
+        const uint32 locale = LocaleOfName(NarrowName(name), (flags & LOCALE_ALLOW_NEUTRAL_NAMES) != 0);
+        if (locale == 0) SetLastError(ERROR_INVALID_PARAMETER);
+        return locale;
+    } catch (const std::bad_alloc&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return 0;
+    }
 }
 
 int GetSystemDefaultLocaleName(wchar16* name, int size) {

@@ -3,8 +3,10 @@
 #include <Utility/platform/posix/locale_table.h>
 #include <Utility/platform/threads.h>
 #include <gtest/gtest.h>
+#include <support/failing_heap.h>
 #include <support/thread_locale.h>
 
+#include <cstdlib>
 #include <set>
 #include <thread>
 #include <vector>
@@ -195,6 +197,63 @@ TEST_F(ThreadCodePages, AreRealOnesForALanguageInUnicodeOnly) {
     SetThreadLocale(0x439);
     EXPECT_GE(ThreadAnsiCodePage(), 874u);
     EXPECT_GE(ThreadOemCodePage(), 437u);
+}
+
+// ---- While memory is short
+
+// In a process that has not asked for the user's default yet: 0 when the first question, refused its memory, answers
+// the usual locale, and the next one that of the environment. 1 when something asked before, 2 for a wrong answer.
+int FirstQuestionWithoutMemory(uint32 (*ask)(), uint32 usual, uint32 real) {
+    setenv("LC_ALL", "de_DE.UTF-8", 1);
+    uint32 answer = 0;
+    bool refused = false;
+    {
+        const test::FailingHeap heap(1);
+        answer = ask();
+        refused = heap.Refused();
+    }
+    if (!refused) return 1;
+    return answer == usual && ask() == real ? 0 : 2;
+}
+
+// The length of the name, and its first letter in the upper half.
+uint32 ShapeOfDefaultName() {
+    wchar16 name[85] = {};
+    const int units = LCIDToLocaleName(0x400, name, 85, 0);
+    return static_cast<uint32>(name[0]) << 16 | static_cast<uint32>(units);
+}
+
+TEST(UserDefaultLocaleDeathTest, IsAmericanWhileMemoryIsShort) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(std::_Exit(FirstQuestionWithoutMemory(GetThreadLocale, 0x0409, 0x0407)), testing::ExitedWithCode(0),
+                "");
+    constexpr uint32 English = 'e' << 16 | 6;
+    constexpr uint32 German = 'd' << 16 | 6;
+    EXPECT_EXIT(std::_Exit(FirstQuestionWithoutMemory(ShapeOfDefaultName, English, German)), testing::ExitedWithCode(0),
+                "");
+}
+
+TEST(LocaleNamesWithoutMemory, AreNotFound) {
+    constexpr wchar16 name[] = ZUTEXT("de-Latn-AT-x-a-longer-name");
+    const uint32 found = LocaleNameToLCID(name, 0);
+    const int64 blocks = test::LiveBlocks();
+    const uint64 requests = test::RefuseEachRequest([&](uint64 nth, test::FailingHeap::Mode mode) {
+        uint32 locale = 0;
+        bool refused = false;
+        SetLastError(0);
+        {
+            const test::FailingHeap heap(nth, mode);
+            locale = LocaleNameToLCID(name, 0);
+            refused = heap.Refused();
+        }
+        EXPECT_EQ(locale, refused ? 0u : found);
+        if (refused) {
+            EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+        }
+        return refused;
+    });
+    EXPECT_GE(requests, 1u);
+    EXPECT_EQ(test::LiveBlocks(), blocks);
 }
 
 // ---- Null where the calls of the other system would not survive it
