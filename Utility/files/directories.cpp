@@ -194,8 +194,12 @@ const wchar16* pref_dir() {
     return cFileSystem::Instance()->pref_dir();
 }
 
-void torvo_temp_dir(const wchar16* path) {
+void temp_dir(const wchar16* path) {
     cFileSystem::Instance()->temp_dir(path);
+}
+
+void torvo_temp_dir(const wchar16* path) {
+    temp_dir(path);
 }
 
 const wchar16* temp_dir() {
