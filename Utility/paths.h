@@ -6,8 +6,8 @@
 // on disk is the file system's affair; where paths are compared as text it is ignored.
 //
 // The working limit of a path is 260 units, and every buffer that receives one has room for 261. A text that would
-// become longer is cut there, unless a call says otherwise. A call that is given null for a text, except where it
-// says what that means, changes nothing, and answers false if it answers. No call here leaves an error record.
+// become longer is cut there, unless a call says otherwise. A call that is given null, except where it says what that
+// means, changes nothing, and answers false if it answers. No call here leaves an error record.
 //
 // Each call is the operation of the same name of cFileSystem (<Utility/files.h>), in the caller's instance. What it
 // keeps (directories, configuration, the list of paths) is the instance's; the process's current directory, which
@@ -33,8 +33,8 @@ ZUAPI void qualify_filename(wchar16* path);
 ZUAPI void relativepath2fullpath(wchar16* path);
 
 // Makes a name absolute, in place, as seen from the directory in which `path` lies: all of `path` up to its last
-// separator or colon. A name that begins with one separator is taken from the root of that directory's drive. A name whose
-// second unit is `:` or `\` stays as it is; mind that `a\b` is such a name.
+// separator or colon. A name that begins with one separator is taken from the root of that directory's drive. A name
+// whose second unit is `:` or `\` stays as it is; mind that `a\b` is such a name.
 //
 //     b.tab, C:\x\a.tab  ->  C:\x\b.tab        \b.tab, C:\x\a.tab  ->  C:\b.tab        D:b, C:\x\a.tab  ->  D:b
 ZUAPI void resolve_path_reference(wchar16* name, const wchar16* path);
