@@ -14,7 +14,8 @@
 // space and controls, as in <Utility/bounded_copy.h>, and a component of 255 units or more is cut to 254.
 //
 // The working limit of a path is 260 units. A buffer for a path has room for 261 and, where an extension is put on a
-// path, for that as well. No text may be null except where a call says so. Nothing here fails, or raises an error.
+// path in place, for that as well. Nothing here fails, or raises an error; a call that is given null for a text changes
+// nothing, except where it says otherwise.
 //
 // Each call is the operation of the same name of cFileSystem, in the caller's instance.
 #pragma once
@@ -112,14 +113,16 @@ enum eOpenMode : int32 {
 // The extension of a type with its dot, in a text that lasts; null for a type without one and for a number above 74.
 ZUAPI const wchar16* file_extension(FILETYPE type);
 // The lowest type with the extension of a name, ftNone if there is none. The extension here is what stands from the
-// last dot of the whole text on, so that a directory with a dot counts where the name has none; `a.` has none.
+// last dot of the whole text on, so that a directory with a dot counts where the name has none; `a.` has none, and nor
+// has null.
 ZUAPI FILETYPE file_type(const wchar16* name);
 // Whether a type forces its extension.
 ZUAPI bool munge_filename(FILETYPE type);
 
 // Gives a name the extension `ext`, with its dot, in place of the one that it has. Blanks before that place are
-// removed; with a null `ext`, nothing but those, and with an empty one the extension is removed and the component not
-// tidied. A component that would reach 255 units loses the last unit of `ext`.
+// removed; with a null `ext`, nothing but those. With an empty one the extension is removed, unless 255 units or more
+// stand before it, and the component is not tidied. A component that would reach 255 units loses the last unit of
+// `ext`.
 //
 //     a  .DAT, ".TAB"  ->  a.TAB          a.foo, ".TAB"  ->  a.foo.TAB          a., ".TAB"  ->  a.TAB
 ZUAPI void make_extension(wchar16* name, const wchar16* ext);
@@ -127,22 +130,24 @@ ZUAPI void make_extension(wchar16* name, const wchar16* ext);
 ZUAPI void require_dos_extension(wchar16* name, FILETYPE type);
 
 // Writes the name that a file of a type ought to have: `in`, tidied, with the extension of the type if there is one.
-// A text file may be called .csv. `out` may be `in`; of a longer path the first 260 units are taken.
+// A text file may be called .csv. `out` may be `in`; of a longer path the first 260 units are taken, and no more than
+// 260 are written.
 //
 //     x.dat, ftTxt  ->  x.TXT             x.csv, ftTxt   ->  x.csv              x.dat, ftNone  ->  x.dat
 ZUAPI void recommend_filename(wchar16* out, const wchar16* in, FILETYPE type);
 // Writes a table's name for any other name, and for a table's name the one without extension: a name that ends in .TAB,
-// or in a dot if `in` has that ending already.
+// or in a dot if `in` has that ending already. `out` and the limits are as above.
 //
 //     x.dat  ->  x.TAB                    x              ->  x.TAB              x.tab          ->  x.
 ZUAPI void recommend_table_filename(wchar16* out, const wchar16* in);
 
 // Takes a path apart: `path` keeps its directory, with the separator or colon at its end, and `nameOut`, unless null,
-// receives the name, of which at most 255 units are taken before the last dot and 256 behind it.
+// receives the name, of which at most 255 units are taken before the last dot and 256 behind it; an empty one for a null
+// `path`.
 ZUAPI void splitfilename(wchar16* path, wchar16* nameOut);
 // Writes the bare name of a path, without directory, without what follows the last dot, and without blanks at its end
 // or before the extension of a type that is left, to a buffer of `size` units with the terminator. Nothing for a `size`
-// below 1.
+// below 1; an empty name for a null path.
 //
 //     C:\dir\world .tab  ->  world
 ZUAPI void path2something(const wchar16* path, wchar16* out, int size);

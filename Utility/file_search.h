@@ -21,15 +21,17 @@ struct FILEFIND {
 };
 
 // Starts a walk over the entries that match `pattern`, a directory and a last component with `*` and `?`, and have an
-// attribute of `mask`. 0 if the pattern matches nothing; otherwise 1, whether or not an entry has such an attribute.
-// The record's name is then that of the first that has, and if none has it is left as the caller had it: clear it
-// before, to know. An entry without any attribute counts as one with 0x80, and is shown so in the record.
+// attribute of `mask`. 0 if the pattern matches nothing, or is null; otherwise 1, whether or not an entry has such an
+// attribute. The record's name is then that of the first that has, and if none has it is left as the caller had it:
+// clear it before, to know. An entry without any attribute counts as one with 0x80, and is shown so in the record.
 //
 // Close the walk with FileFindClose, after a 1.
 ZUAPI int FileFindFirst(wchar16* pattern, ulong32 mask, FILEFIND* find);
-// Goes on to the next such entry: 1, or 0 at the end, with the name as it was.
+// Goes on to the next such entry: 1, or 0 at the end, with the name as it was; 0 too for a walk that could not be
+// started or is closed, and for a record of zeros.
 ZUAPI int FileFindNext(FILEFIND* find);
-// Ends a walk: not 0 if it had been started.
+// Ends a walk: not 0 if it had been started and was not closed before; a record of zeros counts as one that was not
+// started.
 ZUAPI int FileFindClose(FILEFIND* find);
 
 // The search for a file.
@@ -42,7 +44,7 @@ public:
     // directories of the list in their order, with the bare name: each, then its subdirectories in the platform's
     // order, each of them likewise to the bottom before the next. A path found there must leave room for two units, the
     // terminator and one more; where it does not, the directory is left, with what is below it. Whether a path was
-    // written; if not, `out` is as it was.
+    // written; if not, `out` is as it was. Null for `name` or `out` is nothing found.
     virtual bool Find(const wchar16* name, wchar16* out, uint64 outSize) = 0;
 
     // A new search, owned by the caller, who deletes it; null if memory is short. `searchPaths` are directories

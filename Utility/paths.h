@@ -6,8 +6,8 @@
 // on disk is the file system's affair; where paths are compared as text it is ignored.
 //
 // The working limit of a path is 260 units, and every buffer that receives one has room for 261. A text that would
-// become longer is cut there, unless a call says otherwise. No text may be null except where a call says so. No call
-// here leaves an error record.
+// become longer is cut there, unless a call says otherwise. A call that is given null, except where it says what that
+// means, changes nothing, and answers false if it answers. No call here leaves an error record.
 //
 // Each call is the operation of the same name of cFileSystem (<Utility/files.h>), in the caller's instance. What it
 // keeps (directories, configuration, the list of paths) is the instance's; the process's current directory, which
@@ -23,7 +23,8 @@ namespace Torvo {
 
 // Makes a path absolute, in place: with a drive, or as a network path that begins with two separators, and without
 // components `.` and `..`. A relative path is taken from the current directory of its drive, or of the present drive.
-// `..` never climbs over the root. A separator at the end is removed, even that of a root. At most 259 units.
+// `..` never climbs over the root; directly under the server of a network path it keeps the separator behind that, so
+// that `\\srv\..\b` is `\\srv\b`. A separator at the end is removed, even that of a root. At most 259 units.
 //
 //     in C:\x:  a\..\..\b  ->  C:\b       c:y  ->  c:\x\y       C:\  ->  C:       \\srv\share\a\  ->  \\srv\share\a
 ZUAPI void qualify_filename(wchar16* path);
@@ -32,8 +33,8 @@ ZUAPI void qualify_filename(wchar16* path);
 ZUAPI void relativepath2fullpath(wchar16* path);
 
 // Makes a name absolute, in place, as seen from the directory in which `path` lies: all of `path` up to its last
-// separator. A name that begins with one separator is taken from the root of that directory's drive. A name whose
-// second unit is `:` or `\` stays as it is; mind that `a\b` is such a name.
+// separator or colon. A name that begins with one separator is taken from the root of that directory's drive. A name
+// whose second unit is `:` or `\` stays as it is; mind that `a\b` is such a name.
 //
 //     b.tab, C:\x\a.tab  ->  C:\x\b.tab        \b.tab, C:\x\a.tab  ->  C:\b.tab        D:b, C:\x\a.tab  ->  D:b
 ZUAPI void resolve_path_reference(wchar16* name, const wchar16* path);
@@ -66,6 +67,8 @@ ZUAPI void home_dir(const wchar16* path);
 ZUAPI const wchar16* home_dir();
 ZUAPI void pref_dir(const wchar16* path);
 ZUAPI const wchar16* pref_dir();
+ZUAPI void temp_dir(const wchar16* path);
+// The same as that.
 ZUAPI void torvo_temp_dir(const wchar16* path);
 ZUAPI const wchar16* temp_dir();
 ZUAPI void current_dir(const wchar16* path);

@@ -147,6 +147,7 @@ const wchar16* cFileSystemImpl::get_current_module_dir() {
 }
 
 void cFileSystemImpl::ChangeDirectory(int file, SAVED_DIR* saved) {
+    if (saved == nullptr) return;
     *saved = {};
     if (FindEntry(file) == nullptr) return;
     wchar16 directory[PathSize];
@@ -158,6 +159,7 @@ void cFileSystemImpl::ChangeDirectory(int file, SAVED_DIR* saved) {
 }
 
 void cFileSystemImpl::RestoreDirectory(SAVED_DIR* saved) {
+    if (saved == nullptr) return;
     GoToDirectory(saved->current_of_drive);
     GoToDirectory(saved->current);
 }
@@ -194,8 +196,12 @@ const wchar16* pref_dir() {
     return cFileSystem::Instance()->pref_dir();
 }
 
-void torvo_temp_dir(const wchar16* path) {
+void temp_dir(const wchar16* path) {
     cFileSystem::Instance()->temp_dir(path);
+}
+
+void torvo_temp_dir(const wchar16* path) {
+    temp_dir(path);
 }
 
 const wchar16* temp_dir() {

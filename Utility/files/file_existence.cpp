@@ -34,6 +34,7 @@ bool cFileSystemImpl::file_exists_anycase(const wchar16* name, FILETYPE type) {
 }
 
 bool cFileSystemImpl::search_for_file(wchar16* name, FILETYPE type) {
+    if (name == nullptr) return false;
     wchar16 path[PathSize + 1];
     const auto takeIfFound = [&](const wchar16* directory) {
         if (!Join(directory, name, path) || !file_exists(path, type)) return false;

@@ -2,9 +2,11 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/file_search.h>
+#include <Utility/files/find_entry.h>
 #include <Utility/platform/platform.h>
 
 #include <iterator>
+#include <utility>
 
 namespace Torvo {
 
@@ -12,8 +14,7 @@ namespace {
 
 // Whether the entry that was read last passes; its name then becomes the walk's.
 bool TakeIfWanted(FILEFIND* find) {
-    if (find->entry.dwFileAttributes == 0) find->entry.dwFileAttributes = FILE_ATTRIBUTE_NORMAL;
-    if ((find->entry.dwFileAttributes & find->mask) == 0) return false;
+    if (!EntryPasses(&find->entry, find->mask)) return false;
     strcpyn(find->name, find->entry.cFileName, std::size(find->name));
     return true;
 }
@@ -22,7 +23,8 @@ bool TakeIfWanted(FILEFIND* find) {
 
 int FileFindFirst(wchar16* pattern, ulong32 mask, FILEFIND* find) {
     find->mask = mask;
-    find->handle = platform::FindFirstFileW(pattern, &find->entry);
+    find->handle = platform::InvalidFindHandle();
+    if (pattern != nullptr) find->handle = platform::FindFirstFileW(pattern, &find->entry);
     if (find->handle == platform::InvalidFindHandle()) return 0;
     if (!TakeIfWanted(find)) FileFindNext(find);
     return 1;
@@ -36,7 +38,7 @@ int FileFindNext(FILEFIND* find) {
 }
 
 int FileFindClose(FILEFIND* find) {
-    return platform::FindClose(find->handle) ? 1 : 0;
+    return platform::FindClose(std::exchange(find->handle, platform::InvalidFindHandle())) ? 1 : 0;
 }
 
 }  // namespace Torvo

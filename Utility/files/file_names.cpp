@@ -70,6 +70,17 @@ const wchar16* RecommendedExtension(const wchar16* name, FILETYPE type) {
     return ExtensionOf(type);
 }
 
+// A path to which any extension may be added.
+using WorkingName = wchar16[PathSize + LongestExtension];
+
+// Makes the name that a file of a type ought to have of the first 260 units of a path.
+void Recommend(cFileSystem& files, const wchar16* path, FILETYPE type, WorkingName& name) {
+    CopyPath(path, name, PathSize);
+    TrimFileName(name);
+    const wchar16* const extension = RecommendedExtension(name, type);
+    if (extension != nullptr) files.make_extension(name, extension);
+}
+
 }  // namespace
 
 bool CopyPath(const wchar16* source, wchar16* target, uint64 size) {
@@ -91,6 +102,7 @@ const wchar16* cFileSystemImpl::file_extension(FILETYPE type) {
 }
 
 FILETYPE cFileSystemImpl::file_type(const wchar16* name) {
+    if (name == nullptr) return ftNone;
     const wchar16* const dot = platform::wcsrchr(name, '.');
     return dot != nullptr && dot[1] != 0 ? TypeOfExtension(dot) : ftNone;
 }
@@ -100,6 +112,7 @@ bool cFileSystemImpl::munge_filename(FILETYPE type) {
 }
 
 void cFileSystemImpl::make_extension(wchar16* name, const wchar16* ext) {
+    if (name == nullptr) return;
     if (ext != nullptr && *ext != 0) TrimFileName(name);
     wchar16* const component = LastComponent(name);
     wchar16* const place = RemoveBlanksBefore(ExtensionPlace(component), component);
@@ -120,20 +133,27 @@ void cFileSystemImpl::require_dos_extension(wchar16* name, FILETYPE type) {
 }
 
 void cFileSystemImpl::recommend_filename(wchar16* out, const wchar16* in, FILETYPE type) {
-    CopyPath(in, out, PathSize);
-    TrimFileName(out);
-    const wchar16* const extension = RecommendedExtension(out, type);
-    if (extension != nullptr) make_extension(out, extension);
+    if (out == nullptr || in == nullptr) return;
+    WorkingName name;
+    Recommend(*this, in, type, name);
+    CopyPath(name, out, PathSize);
 }
 
 void cFileSystemImpl::recommend_table_filename(wchar16* out, const wchar16* in) {
+    if (out == nullptr || in == nullptr) return;
     wchar16 asked[PathSize];
     CopyPath(in, asked, PathSize);
-    recommend_filename(out, asked, ftTab);
-    if (striequ(out, asked)) recommend_filename(out, asked, ftDot);
+    WorkingName name;
+    Recommend(*this, asked, ftTab, name);
+    if (striequ(name, asked)) Recommend(*this, asked, ftDot, name);
+    CopyPath(name, out, PathSize);
 }
 
 void cFileSystemImpl::splitfilename(wchar16* path, wchar16* nameOut) {
+    if (path == nullptr) {
+        if (nameOut != nullptr) *nameOut = 0;
+        return;
+    }
     wchar16* const name = LastComponent(path);
     if (nameOut != nullptr) {
         const std::size_t length = platform::wcslen(name);
@@ -147,7 +167,11 @@ void cFileSystemImpl::splitfilename(wchar16* path, wchar16* nameOut) {
 }
 
 void cFileSystemImpl::path2something(const wchar16* path, wchar16* out, int size) {
-    if (size <= 0) return;
+    if (out == nullptr || size <= 0) return;
+    if (path == nullptr) {
+        *out = 0;
+        return;
+    }
     const wchar16* const name = LastComponent(path);
     const wchar16* const dot = platform::wcsrchr(name, '.');
     const std::size_t length = dot != nullptr ? static_cast<std::size_t>(dot - name) : platform::wcslen(name);

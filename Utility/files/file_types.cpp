@@ -2,7 +2,9 @@
 
 #include <Utility/strings.h>
 
+#include <algorithm>
 #include <array>
+#include <string>
 
 namespace Torvo {
 
@@ -91,6 +93,10 @@ constexpr std::array<FileTypeRow, FileTypeCount> rows{{
     {ZUTEXT(".xml"), false},   // ftOtherXml
     {ZUTEXT(".gpkg"), false},  // ftGpkg
 }};
+
+static_assert(std::all_of(rows.begin(), rows.end(), [](const FileTypeRow& row) {
+    return row.extension == nullptr || std::char_traits<wchar16>::length(row.extension) <= LongestExtension;
+}));
 
 constexpr FileTypeRow unknown{nullptr, false};
 

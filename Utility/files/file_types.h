@@ -3,9 +3,13 @@
 
 #include <Utility/file_names.h>
 
+#include <cstddef>
+
 namespace Torvo {
 
 inline constexpr int32 FileTypeCount = 75;
+// The units of the longest extension, with its dot.
+inline constexpr std::size_t LongestExtension = 5;
 
 // The extension of a type, with its dot; null for a type without one, and for a number that is none.
 const wchar16* ExtensionOf(FILETYPE type);

@@ -84,7 +84,7 @@ private:
 // The list is taken apart here and not by the runtime's tokenizer, whose place in its text is the caller's.
 bool FindFileInfoImpl::Find(const wchar16* name, wchar16* out, uint64 outSize) {
     wchar16 bareName[PathSize];
-    if (name == nullptr || !CopyPath(name, bareName, PathSize)) return false;
+    if (name == nullptr || out == nullptr || !CopyPath(name, bareName, PathSize)) return false;
     if (file_exists(bareName, ftTab)) {
         strcpyn(out, bareName, outSize);
         return true;

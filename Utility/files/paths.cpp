@@ -203,6 +203,7 @@ void WriteResolved(cFileSystemImpl& files, const wchar16* directory, wchar16* na
 }  // namespace
 
 void cFileSystemImpl::qualify_filename(wchar16* path) {
+    if (path == nullptr) return;
     AbsolutePath absolute;
     const wchar16* rest = AddRoot(path, &absolute);
     while (*rest != 0 && !absolute.IsFull()) {
@@ -220,13 +221,14 @@ void cFileSystemImpl::qualify_filename(wchar16* path) {
 }
 
 void cFileSystemImpl::relativepath2fullpath(wchar16* path) {
+    if (path == nullptr) return;
     FileNameRec record;
     BuildNameRecord(path, ftNone, &record);
     WriteJoined(record.directory, record.name, path);
 }
 
 void cFileSystemImpl::resolve_path_reference(wchar16* name, const wchar16* path) {
-    if (IsResolved(name)) return;
+    if (name == nullptr || path == nullptr || IsResolved(name)) return;
     std::array<wchar16, ReferenceLimit + 1> directory;
     const auto length = static_cast<std::size_t>(LastComponent(path) - path);
     CopyPath(path, directory.data(), std::min(length, ReferenceLimit) + 1);
@@ -234,13 +236,14 @@ void cFileSystemImpl::resolve_path_reference(wchar16* name, const wchar16* path)
 }
 
 void cFileSystemImpl::resolve_path_reference(wchar16* name, int file) {
-    if (IsResolved(name)) return;
+    if (name == nullptr || IsResolved(name)) return;
     wchar16 directory[PathSize];
     fhandle2dir(file, directory);
     WriteResolved(*this, directory, name);
 }
 
 bool cFileSystemImpl::CalcRelativePath(const wchar16* base, const wchar16* target, wchar16* out) {
+    if (base == nullptr || target == nullptr || out == nullptr) return false;
     PlainPath from(base);
     PlainPath to(target);
     from.EndInSeparator();
@@ -261,6 +264,7 @@ bool cFileSystemImpl::CalcRelativePath(const wchar16* base, const wchar16* targe
 }
 
 bool cFileSystemImpl::FullPathFromRelativePath(const wchar16* base, const wchar16* relative, wchar16* out) {
+    if (base == nullptr || relative == nullptr || out == nullptr) return false;
     PlainPath from(base);
     PlainPath path(relative);
     from.EndInSeparator();

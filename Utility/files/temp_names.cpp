@@ -51,6 +51,7 @@ bool CanWriteIn(cFileSystem& files, const wchar16* folder) {
 }  // namespace
 
 void cFileSystemImpl::tempname(wchar16* out, const wchar16* dir, FILETYPE type) {
+    if (out == nullptr) return;
     wchar16 directory[PathSize];
     if (dir != nullptr) {
         concat_backslash(dir, directory, PathLimit);
@@ -78,6 +79,7 @@ FILE* cFileSystemImpl::tempfile(const wchar16* dir) {
 }
 
 void cFileSystemImpl::CreteTempFolderForZxtTile(wchar16* out) {
+    if (out == nullptr) return;
     if (tileTempDirectory[0] != 0) {
         MakeDirectoryIfMissing(tileTempDirectory);
         CopyPath(tileTempDirectory, out, PathSize);

@@ -165,9 +165,10 @@ inline void* InvalidFindHandle() {
 }
 // Starts a walk and reads its first entry; InvalidFindHandle() if nothing matches, or the directory cannot be read.
 void* FindFirstFileW(const wchar16* pattern, WIN32_FIND_DATAW* data);
-// The next entry; false at the end, with the last error ERROR_NO_MORE_FILES.
+// The next entry; false at the end, with the last error ERROR_NO_MORE_FILES, and for InvalidFindHandle() and null, with
+// ERROR_INVALID_HANDLE.
 bool FindNextFileW(void* handle, WIN32_FIND_DATAW* data);
-// False for InvalidFindHandle() and null.
+// False for InvalidFindHandle() and null, with the last error ERROR_INVALID_HANDLE.
 bool FindClose(void* handle);
 
 }  // namespace platform

@@ -80,6 +80,18 @@ TEST(KeptDirectories, ServiceAndFreeFunctionsAreOne) {
     EXPECT_EQ(wstring16(program_dir()), ZUTEXT("p"));
 }
 
+TEST(KeptDirectories, DirectoryForTemporaryFilesHasTwoSetters) {
+    const OwnFileSystem own;
+    temp_dir(ZUTEXT("one"));
+    EXPECT_EQ(wstring16(temp_dir()), ZUTEXT("one"));
+    torvo_temp_dir(ZUTEXT("two"));
+    EXPECT_EQ(wstring16(temp_dir()), ZUTEXT("two"));
+    temp_dir(nullptr);
+    EXPECT_EQ(wstring16(own->temp_dir()), ZUTEXT("two"));
+    temp_dir(ZUTEXT(""));
+    EXPECT_EQ(*temp_dir(), 0);
+}
+
 TEST(KeptDirectories, BelongToTheInstance) {
     const OwnFileSystem own;
     home_dir(ZUTEXT("mine"));

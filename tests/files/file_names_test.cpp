@@ -178,6 +178,11 @@ TEST(MakeExtension, EmptyExtensionRemovesTheOneThatIsThere) {
     EXPECT_EQ(Made(ZUTEXT("a.foo"), ZUTEXT("")), ZUTEXT("a.foo"));
 }
 
+TEST(MakeExtension, EmptyExtensionRemovesNothingBehindALongName) {
+    EXPECT_EQ(Made(Units(254) + ZUTEXT(".DAT"), ZUTEXT("")), Units(254));
+    EXPECT_EQ(Made(Units(255) + ZUTEXT(".DAT"), ZUTEXT("")), Units(255) + ZUTEXT(".DAT"));
+}
+
 TEST(MakeExtension, LongNameLosesTheLastUnitOfTheExtension) {
     EXPECT_EQ(Made(Units(250), ZUTEXT(".TAB")), Units(250) + ZUTEXT(".TAB"));
     EXPECT_EQ(Made(Units(251), ZUTEXT(".TAB")), Units(251) + ZUTEXT(".TA"));
@@ -231,6 +236,48 @@ TEST(RecommendFilename, OutputMayBeTheInput) {
 
 TEST(RecommendFilename, OverlongPathIsCutToTheLimit) {
     EXPECT_EQ(Recommended(ZUTEXT("C:\\") + Units(150) + ZUTEXT("\\") + Units(150), ftNone).size(), 260u);
+}
+
+// What a recommending call writes into a buffer that has room for a path and nothing more.
+template <typename Call>
+wstring16 WrittenAsPath(Call call) {
+    GuardedBuffer buffer(261);
+    call(buffer.Start());
+    return buffer.Text();
+}
+
+TEST(RecommendFilename, NoMoreThanAPathIsWritten) {
+    const wstring16 directory = ZUTEXT("C:\\") + Units(100) + ZUTEXT("\\");
+    for (std::size_t length = 250; length <= 265; ++length) {
+        const wstring16 path = directory + Units(length - directory.size(), 'n');
+        for (const FILETYPE type : {ftTab, ftDot, ftHtml, ftTxt, ftNone}) {
+            const wchar16* const extension = file_extension(type);
+            const wstring16 whole = path.substr(0, 260) + (extension != nullptr ? extension : ZUTEXT(""));
+            EXPECT_EQ(WrittenAsPath([&](wchar16* out) { recommend_filename(out, path.c_str(), type); }),
+                      whole.substr(0, 260));
+        }
+        EXPECT_EQ(WrittenAsPath([&](wchar16* out) { recommend_table_filename(out, path.c_str()); }),
+                  (path.substr(0, 260) + ZUTEXT(".TAB")).substr(0, 260));
+    }
+}
+
+TEST(RecommendFilename, LongPathInPlaceStaysWithinItsRoom) {
+    const wstring16 path = ZUTEXT("C:\\") + Units(100) + ZUTEXT("\\") + Units(154);
+    ASSERT_EQ(path.size(), 258u);
+    const auto inPlace = [&](auto call) {
+        return WrittenAsPath([&](wchar16* text) {
+            *std::copy(path.begin(), path.end(), text) = 0;
+            call(text);
+        });
+    };
+    EXPECT_EQ(inPlace([](wchar16* text) { recommend_filename(text, text, ftHtml); }), path + ZUTEXT(".h"));
+    EXPECT_EQ(inPlace([](wchar16* text) { recommend_table_filename(text, text); }), path + ZUTEXT(".T"));
+}
+
+TEST(RecommendTableFilename, LongTableNameLosesItsExtension) {
+    const wstring16 path = ZUTEXT("C:\\") + Units(100) + ZUTEXT("\\") + Units(152);
+    EXPECT_EQ(WrittenAsPath([&](wchar16* out) { recommend_table_filename(out, (path + ZUTEXT(".tab")).c_str()); }),
+              path + ZUTEXT("."));
 }
 
 TEST(RecommendTableFilename, TableNameLosesItsExtensionAndOthersGetIt) {
@@ -336,6 +383,24 @@ TEST(FileNames, FreeFunctionsAskTheInstancesService) {
     ASSERT_NE(own, nullptr);
     EXPECT_EQ(own->file_extension(ftTab), file_extension(ftTab));
     EXPECT_EQ(own->file_type(ZUTEXT("a.tif")), ftTif);
+}
+
+TEST(FileNames, NullIsACleanFailure) {
+    const wstring16 before = ZUTEXT("before");
+    EXPECT_EQ(file_type(nullptr), ftNone);
+    make_extension(nullptr, ZUTEXT(".TAB"));
+    make_extension(nullptr, nullptr);
+    require_dos_extension(nullptr, ftTab);
+    recommend_filename(nullptr, ZUTEXT("a"), ftTab);
+    recommend_table_filename(nullptr, ZUTEXT("a"));
+    EXPECT_EQ(Changed(before, [](wchar16* out) { recommend_filename(out, nullptr, ftTab); }), before);
+    EXPECT_EQ(Changed(before, [](wchar16* out) { recommend_table_filename(out, nullptr); }), before);
+    splitfilename(nullptr, nullptr);
+    EXPECT_EQ(Changed(before, [](wchar16* out) { splitfilename(nullptr, out); }), ZUTEXT(""));
+    EXPECT_EQ(Changed(before, [](wchar16* out) { path2something(nullptr, out, 1); }), ZUTEXT(""));
+    EXPECT_EQ(Changed(before, [](wchar16* out) { path2something(nullptr, out, 0); }), before);
+    path2something(ZUTEXT("a"), nullptr, 10);
+    path2something(nullptr, nullptr, 10);
 }
 
 }  // namespace

@@ -104,6 +104,44 @@ TEST(FileFind, FirstThatPassesNeedNotBeTheFirst) {
     FileFindClose(&find);
 }
 
+TEST(FileFind, NullPatternStartsNothing) {
+    FILEFIND find = {};
+    EXPECT_EQ(FileFindFirst(nullptr, Everything, &find), 0);
+    EXPECT_EQ(find.mask, Everything);
+    EXPECT_EQ(FileFindNext(&find), 0);
+    EXPECT_EQ(FileFindClose(&find), 0);
+}
+
+TEST(FileFind, WalkThatFailedHasNothingNext) {
+    const TempDirectory directory;
+    FILEFIND find = {};
+    wstring16 pattern = directory.Path(ZUTEXT("none\\*"));
+    EXPECT_EQ(FileFindFirst(pattern.data(), Everything, &find), 0);
+    EXPECT_EQ(FileFindNext(&find), 0);
+    EXPECT_EQ(find.name[0], 0);
+    EXPECT_EQ(FileFindClose(&find), 0);
+}
+
+TEST(FileFind, WalkThatWasNeverBegunHasNothingNext) {
+    FILEFIND find = {};
+    EXPECT_EQ(FileFindNext(&find), 0);
+    EXPECT_EQ(FileFindClose(&find), 0);
+    EXPECT_EQ(FileFindNext(&find), 0);
+}
+
+TEST(FileFind, WalkIsClosedOnce) {
+    const TempDirectory directory;
+    directory.Write(ZUTEXT("a"), "");
+    FILEFIND find = {};
+    wstring16 pattern = directory.Path(ZUTEXT("*"));
+    ASSERT_EQ(FileFindFirst(pattern.data(), Everything, &find), 1);
+    EXPECT_NE(FileFindClose(&find), 0);
+    EXPECT_EQ(FileFindNext(&find), 0);
+    EXPECT_EQ(FileFindClose(&find), 0);
+    EXPECT_EQ(FileFindFirst(pattern.data(), Everything, &find), 1) << "the record may be used again";
+    EXPECT_NE(FileFindClose(&find), 0);
+}
+
 struct Found {
     bool result;
     wstring16 path;
@@ -253,6 +291,17 @@ TEST(FindFile, ListOfTheCallerMayChangeAfterwards) {
     list.assign(list.size(), '#');
     EXPECT_EQ(Find(*search, ZUTEXT("a")), (Found{true, directory.Path(ZUTEXT("a"))}));
     EXPECT_EQ(Find(*search, ZUTEXT("a")), (Found{true, directory.Path(ZUTEXT("a"))})) << "as often as wanted";
+}
+
+TEST(FindFile, NullIsACleanFailure) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Write(ZUTEXT("a"), "");
+    const std::unique_ptr<FindFileInfo> search(FindFileInfo::Create(directory.Path().c_str(), true));
+    GuardedBuffer out(261);
+    EXPECT_FALSE(search->Find(nullptr, out.Start(), 261));
+    EXPECT_FALSE(search->Find(path.c_str(), nullptr, 261));
+    EXPECT_FALSE(search->Find(ZUTEXT("a"), nullptr, 261));
+    EXPECT_FALSE(search->Find(nullptr, nullptr, 0));
 }
 
 TEST(FindFile, OperationHasItsSlot) {

@@ -118,6 +118,8 @@ TEST_F(Qualify, NetworkPathKeepsItsTwoSeparators) {
     EXPECT_EQ(Qualified(ZUTEXT("\\/srv\\share")), ZUTEXT("\\\\srv\\share"));
     EXPECT_EQ(Qualified(ZUTEXT("\\\\srv\\share\\a\\..\\b")), ZUTEXT("\\\\srv\\share\\b"));
     EXPECT_EQ(Qualified(ZUTEXT("\\\\srv\\..\\b")), ZUTEXT("\\\\srv\\b")) << "not over the server";
+    EXPECT_EQ(Qualified(ZUTEXT("\\\\srv\\..\\..\\b")), ZUTEXT("\\\\srv\\b"));
+    EXPECT_EQ(Qualified(ZUTEXT("\\\\srv\\..")), ZUTEXT("\\\\srv")) << "the separator at the end goes as ever";
 }
 
 TEST_F(Qualify, DotsAreTakenOut) {
@@ -167,6 +169,10 @@ TEST_F(Qualify, ReferenceIsSeenFromTheDirectoryOfAPath) {
     EXPECT_EQ(Resolved(ZUTEXT("b.tab"), ZUTEXT("\\\\srv\\share\\a.tab")), ZUTEXT("\\\\srv\\share\\b.tab"));
     EXPECT_EQ(Resolved(ZUTEXT("b.tab"), ZUTEXT("a.tab")), here.Path() + ZUTEXT("\\b.tab"));
     EXPECT_EQ(Resolved(ZUTEXT("b.tab"), ZUTEXT("")), here.Path() + ZUTEXT("\\b.tab"));
+}
+
+TEST_F(Qualify, ReferenceIsSeenFromTheColonOfADrive) {
+    EXPECT_EQ(Resolved(ZUTEXT("b.tab"), Drive() + ZUTEXT("a.tab")), here.Path(ZUTEXT("b.tab")));
 }
 
 TEST_F(Qualify, RootedReferenceIsOnTheDriveOfThePath) {
@@ -280,6 +286,36 @@ TEST(FullPaths, UndoTheRelativeOnes) {
             EXPECT_EQ(FromRelative(base, relative.path), (Answer{relative.result, target}));
         }
     }
+}
+
+TEST(Paths, NullIsACleanFailure) {
+    const wstring16 before = ZUTEXT("before");
+    const wchar16* const none = nullptr;
+    qualify_filename(nullptr);
+    relativepath2fullpath(nullptr);
+    resolve_path_reference(nullptr, ZUTEXT("C:\\a"));
+    resolve_path_reference(nullptr, 0);
+    EXPECT_EQ(Changed(before, [&](wchar16* name) { resolve_path_reference(name, none); }), before);
+    const auto stays = [&](auto call) {
+        EXPECT_EQ(Changed(before, [&](wchar16* out) { EXPECT_FALSE(call(out)); }), before);
+    };
+    stays([&](wchar16* out) { return CalcRelativePath(none, ZUTEXT("a"), out); });
+    stays([&](wchar16* out) { return CalcRelativePath(ZUTEXT("a"), none, out); });
+    stays([&](wchar16* out) { return FullPathFromRelativePath(none, ZUTEXT("a"), out); });
+    stays([&](wchar16* out) { return FullPathFromRelativePath(ZUTEXT("a"), none, out); });
+    EXPECT_FALSE(CalcRelativePath(ZUTEXT("a"), ZUTEXT("a"), nullptr));
+    EXPECT_FALSE(FullPathFromRelativePath(ZUTEXT("a"), ZUTEXT("a"), nullptr));
+    EXPECT_FALSE(search_for_file(nullptr, ftNone));
+    tempname(nullptr, ZUTEXT("C:\\"), ftTab);
+    tempname(nullptr, nullptr);
+    CreteTempFolderForZxtTile(nullptr);
+    const TempDirectory directory;
+    const wstring16 here = Qualified(ZUTEXT("."));
+    const int file = register_file(directory.Path(ZUTEXT("a.tab")).c_str(), ftNone, false);
+    ChangeDirectory(file, nullptr);
+    RestoreDirectory(nullptr);
+    EXPECT_EQ(Qualified(ZUTEXT(".")), here);
+    unregister_file(file);
 }
 
 }  // namespace

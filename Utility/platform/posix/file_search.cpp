@@ -84,6 +84,12 @@ struct CloseDirectory {
     }
 };
 
+// Whether a name on disk can be shown. One with a separator of paths in it would be taken for a path, and could lead
+// anywhere.
+bool IsShown(Text name) {
+    return name.find('\\') == Text::npos;
+}
+
 // The names in a directory that match; false with errno.
 bool ReadNames(const std::string& directory, Text pattern, std::vector<wstring16>* names) {
     std::unique_ptr<DIR, CloseDirectory> open;
@@ -102,7 +108,7 @@ bool ReadNames(const std::string& directory, Text pattern, std::vector<wstring16
         if (read != 0) return false;
         if (entry == nullptr) return true;
         wstring16 name = NameFromUtf8(entry->d_name);
-        if (Matches(name, pattern)) names->push_back(std::move(name));
+        if (IsShown(name) && Matches(name, pattern)) names->push_back(std::move(name));
     }
 }
 
@@ -160,6 +166,13 @@ void* StartWalk(const wchar16* pattern, WIN32_FIND_DATAW* data) {
     return walk.release();
 }
 
+// Whether a handle may be that of a walk; false with the last error.
+bool IsWalk(const void* handle) {
+    if (handle != nullptr && handle != InvalidFindHandle()) return true;
+    SetLastError(ERROR_INVALID_HANDLE);
+    return false;
+}
+
 // Runs a body that may find memory short, and leaves errno alone.
 template <typename Result, typename Body>
 Result Guarded(Result failure, Body body) {
@@ -181,6 +194,7 @@ void* FindFirstFileW(const wchar16* pattern, WIN32_FIND_DATAW* data) {
 }
 
 bool FindNextFileW(void* handle, WIN32_FIND_DATAW* data) {
+    if (!IsWalk(handle)) return false;
     return Guarded(false, [&] {
         const bool found = NextEntry(*static_cast<Walk*>(handle), data);
         if (!found) SetLastError(ERROR_NO_MORE_FILES);
@@ -189,10 +203,7 @@ bool FindNextFileW(void* handle, WIN32_FIND_DATAW* data) {
 }
 
 bool FindClose(void* handle) {
-    if (handle == nullptr || handle == InvalidFindHandle()) {
-        SetLastError(ERROR_INVALID_HANDLE);
-        return false;
-    }
+    if (!IsWalk(handle)) return false;
     delete static_cast<Walk*>(handle);
     return true;
 }
