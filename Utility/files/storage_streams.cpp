@@ -2,6 +2,7 @@
 
 #include <Utility/file_io.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
 
@@ -73,11 +74,11 @@ int cFileSystemImpl::stream_fileopen(int file, eOpenMode mode, int* changed, con
         ++entry->storage->count;
         return file;
     }
-    wchar16 path[PathSize];
-    fhandle2path(file, path);
-    if (platform::StgIsStorageFile(path) != platform::StorageOk) return fileopen(file, mode, changed);
+    const RecordPath path(*entry->name);
+    const bool isStorage = !path.IsTooLong() && platform::StgIsStorageFile(path.Text()) == platform::StorageOk;
+    if (!isStorage) return fileopen(file, mode, changed);
     if (streamName == nullptr) return -1;
-    entry->storage = OpenRecord(path, streamName);
+    entry->storage = OpenRecord(path.Text(), streamName);
     return entry->storage != nullptr ? file : -1;
 }
 
