@@ -36,7 +36,8 @@ ZUAPI int chsize2(int file, int64 length);
 // text in the file's character set, without a terminator. A text of more than 127 bytes is written, but cannot be read
 // back.
 
-// Reads one into a buffer of `size` units, cut if need be. False if it cannot be read.
+// Reads one into a buffer of `size` units. False, with an empty text, if it cannot be read or does not fit with its
+// terminator.
 ZUAPI bool read_app_string(int file, wchar16* out, unsigned int size);
 // The length in bytes of the one that stands here; the position stays. 0 at the end of the file, -1 for a handle that
 // is not registered.
@@ -120,18 +121,21 @@ ZUAPI bool fileremove(int file);
 // renamed, those before it get their names back, and the result is false. They stay registered.
 ZUAPI bool group_fileremove(int* files, int count);
 // Gives a file another name, relative to its directory, and the handle of that name in *file; the old handle is
-// unregistered. `type` 0 keeps the type. A file on another disk is copied and removed. False, with everything as it
-// was, and an error:
+// unregistered. `type` 0 keeps the type. A file on another disk is copied and removed. False if what is dirty cannot be
+// written, with everything as it was and without a record. Else the file is closed for everyone who held it; the
+// references stay. False then, with the file under its old name and handle, and an error:
 //   6 (message 48, with the new name) if a file of that name is registered or exists
 //   5 (message 47, with the old path) if it was copied and cannot be removed
+//   5001 (message 9985, with the new name) if the old or the new path has more than 260 units
 //   those of filecopy if it cannot be copied; part of the new file may then exist
 ZUAPI bool renamefile(int* file, const wchar16* name, FILETYPE type);
 // Copies a file, over the target or, with `append`, behind it. Both are opened for it and released again. False if one
 // of them cannot be opened, with the error of that, and error 7 (message 49, with the target's name) if it cannot be
-// read or written.
+// read or written; the target is as it was if what is dirty of the source cannot be written.
 ZUAPI bool filecopy(int from, int to, bool append);
-// Sets the time of last change to now by writing the first character again; the content stays as it was. False if the
-// file cannot be opened to write.
+// Sets the time of last change to now by writing the first character again; the content stays as it was. The stream is
+// closed for everyone who holds it. Where the character cannot be read or written, as in an empty file, the time stamp
+// alone is set. False if the file cannot be opened to write, or neither succeeds.
 ZUAPI bool touch(int file);
 // The time of last change, in seconds since 1 January 1970, UTC; 0 if there is none.
 ZUAPI int64 file_get_timestamp(int file);

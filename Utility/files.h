@@ -196,7 +196,7 @@ ZUAPI int register_file(const wchar16* name, FILETYPE type, bool unique);
 ZUAPI int register_nonunique_file(const wchar16* name, FILETYPE type);
 // Registers a file that goes with another one: with a handle in `base` the file of the same name and directory and the
 // extension of `type`, whatever `name` says; without, the file called `name`, or a temporary file if that is null. All
-// of them are refused if they are registered already.
+// of them are refused if they are registered already. 0, too, if the path would have more than 260 units.
 ZUAPI int register_file_variant(int base, const wchar16* name, FILETYPE type);
 // The lowest handle under which a file of that name and type is registered, or 0. Names are equal without regard to
 // case, and type 0 equals every type.
@@ -217,19 +217,22 @@ ZUAPI void funregister_file(FILE* file);
 //   error  message
 //     9      51     someone holds it in a way that does not fit: in the other world, or to read when it shall be
 //     created
-//   5001   9985     it does not exist, nor does its directory, or the disk is full
+//   5001   9985     it does not exist, nor does its directory, or the disk is full; or its path, with the extension
+//     that its type forces, has more than 260 units
 //    10      52     it exists already
 //    14      56     the budget is exhausted, and no file is idle
-//     4      46     access was denied, and the retry callback gave up
-//    13      55     anything else; the first parameter is the number in `errno`
+//     4      46     access was denied, and the retry callback gave up; not in mode 3
+//    13      55     anything else; the first parameter is the number in `errno`; not in mode 3
 //
-// A handle that is not registered, and access denied to create a file, give -1 without a record.
+// -1 without a record: for a handle that is not registered, or is given to another file by the retry callback; in mode
+// 3, where access is denied and for anything else; for the 1024th reference; and in the stream world for a mode other
+// than 1 to 3, which opens a descriptor to read only.
 //
 // A file open to read and write serves one who wants to read; one open to read is opened anew for the first who wants
 // to write, in the same world, and everyone then holds it so. A file that is open to be created is not emptied again.
 //
 // `changed` may be null. Bit 0 is set there when the file has been changed by somebody else since it was closed here
-// last; then no block of it is left in the cache.
+// last; then no block of it is left in the cache, and what could not be written at that close is dropped.
 ZUAPI int fileopen(int file, eOpenMode mode, int* changed);
 // The same for the stream world; null on failure.
 ZUAPI FILE* ffileopen(FILE* file, eOpenMode mode, int* changed);

@@ -12,6 +12,7 @@
 namespace Torvo {
 
 bool cFileSystemImpl::read_app_string(int file, wchar16* out, unsigned int size) {
+    if (out != nullptr && size != 0) *out = 0;
     signed char length = 0;
     if (read2(file, &length, 1) < 1) return false;
     if (length < 0 || out == nullptr || size == 0) return false;
@@ -20,10 +21,11 @@ bool cFileSystemImpl::read_app_string(int file, wchar16* out, unsigned int size)
     text[length] = 0;
     // The conversion puts its terminator behind the room that it is given. UTF-16 has zero bytes inside.
     const ZUCHARSET charset = file_get_charset(file);
-    if (charset == csUTF16) {
-        return ConvertMBCSCharToSystem(text, static_cast<uint64>(length), charset, out, size - 1);
-    }
-    return ConvertMBCSCharToSystem(text, charset, out, size - 1);
+    const bool converted = charset == csUTF16
+                               ? ConvertMBCSCharToSystem(text, static_cast<uint64>(length), charset, out, size - 1)
+                               : ConvertMBCSCharToSystem(text, charset, out, size - 1);
+    if (!converted) *out = 0;
+    return converted;
 }
 
 int cFileSystemImpl::read_app_string_len(int file) {

@@ -23,6 +23,7 @@ public:
         const int fd = DescriptorAt(handle, offset);
         return fd >= 0 && platform::_write(fd, bytes, static_cast<uint32>(count)) == count;
     }
+    bool IsOpen(int handle) override { return GetFileFD(handle) >= 0; }
 };
 
 }  // namespace

@@ -87,13 +87,14 @@ CacheEntry* HeldAt(cFileCache& cache, int position, int file, int64 block) {
 }
 
 // Brings a block that the cache holds, if it does, to `count` bytes, after the file's length was changed from `former`.
-void ResizeBlock(cFileCache& cache, int file, int64 block, int32 count, int64 former) {
+// It becomes dirty if that changes it, and in any case where `dirties` says so.
+void ResizeBlock(cFileCache& cache, int file, int64 block, int32 count, int64 former, bool dirties) {
     const int position = FirstPositionFrom(cache, file, block);
     CacheEntry* const entry = HeldAt(cache, position, file, block);
     if (entry == nullptr) return;
     if (LacksContent(*entry, former, cache.BlockSize())) {
         cache.EvictAt(position);
-    } else if (entry->count != count) {
+    } else if (dirties || entry->count != count) {
         SetCount(cache, *entry, count);
         entry->flags |= DirtyFlag;
     }
@@ -114,8 +115,8 @@ void ResizeBlocks(cFileCache& cache, int file, int64 former, int64 length) {
     const int64 last = (length - 1) / blockSize;
     const int64 formerLast = (former - 1) / blockSize;
     EvictFrom(cache, file, last + 1);
-    ResizeBlock(cache, file, last, static_cast<int32>((length - 1) % blockSize + 1), former);
-    if (formerLast < last) ResizeBlock(cache, file, formerLast, blockSize, former);
+    ResizeBlock(cache, file, last, static_cast<int32>((length - 1) % blockSize + 1), former, false);
+    if (formerLast < last) ResizeBlock(cache, file, formerLast, blockSize, former, true);
 }
 
 int ReadDirectly(FileEntry& entry, void* buffer, uint64 count) {
@@ -132,6 +133,12 @@ int WriteDirectly(FileEntry& entry, const void* buffer, uint64 count) {
     entry.position += result;
     entry.length = std::max(entry.length, entry.position);
     return result;
+}
+
+// Reads past the cache; how many bytes, -1 if they cannot be read.
+int ReadThrough(const FileEntry& entry, void* bytes, uint32 count) {
+    if (entry.fd == -1 || platform::_lseeki64(entry.fd, entry.position, 0) == -1) return -1;
+    return platform::_read(entry.fd, bytes, count);
 }
 
 // Writes past the cache; false if not all of it could be written. The length follows as far as 32 bits go.
@@ -202,7 +209,18 @@ int cFileSystemImpl::read2(int file, void* buffer, uint64 count) {
     while (total < count && entry->position >= 0) {
         const Place place = PlaceOf(entry->position, blockSize);
         const CacheEntry* const block = ContentOf(*cache, file, place.block, entry->length);
-        if (block == nullptr || place.offset >= block->count) break;
+        if (block == nullptr) {
+            // The cache has no place for it while another file cannot be written: no reason to read less.
+            const uint64 wanted = std::min(count - total, static_cast<uint64>(blockSize - place.offset));
+            const int got = ReadThrough(*entry, target + total, static_cast<uint32>(wanted));
+            if (got > 0) {
+                total += static_cast<uint64>(got);
+                entry->position += got;
+            }
+            if (got != static_cast<int>(wanted)) break;
+            continue;
+        }
+        if (place.offset >= block->count) break;
         const uint64 piece = std::min(count - total, static_cast<uint64>(block->count - place.offset));
         std::memcpy(target + total, BytesOf(*cache, *block) + place.offset, piece);
         total += piece;
@@ -215,7 +233,8 @@ int cFileSystemImpl::read2(int file, void* buffer, uint64 count) {
 int cFileSystemImpl::write2(int file, const void* buffer, uint64 count) {
     FileEntry* const entry = FindEntry(file);
     // What a file that is not open to write left in the cache could never leave it.
-    if (entry == nullptr || entry->fd == -1 || entry->mode == omRead) return -1;
+    const bool writes = entry != nullptr && (entry->mode == omReadWrite || entry->mode == omCreate);
+    if (!writes || entry->fd == -1) return -1;
     cFileCache* const cache = cFileCache::Instance();
     if (cache == nullptr) return WriteDirectly(*entry, buffer, count);
     if (char* const bytes = BytesOfLastUsed(*cache, file, *entry, count)) {

@@ -162,11 +162,21 @@ bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) 
     return true;
 }
 
+// Sees to it that the entry to be taken is not dirty; false if its file is open and cannot be written. What a closed
+// file has left is dropped if it cannot be written: nobody holds that file, and all others would run against the block.
+bool FileCacheImpl::CleanTail() {
+    const int handle = entries[tail].handle;
+    if (!IsDirty(entries[tail]) || Flush(handle)) return true;
+    if (files.IsOpen(handle)) return false;
+    Forget(handle);
+    return true;
+}
+
 // Makes the least recently used entry the most recently used one, holding this block without content.
 bool FileCacheImpl::TakeVictim(int handle, int64 block) {
+    if (!CleanTail()) return false;
     const int taken = tail;
     CacheEntry& victim = entries[taken];
-    if (IsDirty(victim) && !Flush(victim.handle)) return false;
 
     const int from = PositionOf(taken);
     const int before = FirstPositionFrom(handle, block);

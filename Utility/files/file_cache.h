@@ -66,6 +66,7 @@ private:
     bool IsFull(int entry) const {
         return entries[entry].handle != 0;
     }
+    bool CleanTail();
     bool TakeVictim(int handle, int64 block);
     void DropContent(int entry);
     bool ReadBlock(CacheEntry& entry);

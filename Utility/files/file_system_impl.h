@@ -157,6 +157,11 @@ private:
     int32 IndexOf(const FileEntry& entry) const { return static_cast<int32>(&entry - table); }
     int HandleOf(const FileEntry& entry) const { return IndexOf(entry) + FirstHandle; }
 
+    // The entry of a handle, if that is registered still as it was when its entry had this serial; else null.
+    FileEntry* FindRegistration(int file, uint64 serial) {
+        FileEntry* const entry = FindEntry(file);
+        return entry != nullptr && entry->serial == serial ? entry : nullptr;
+    }
     int32 FindRegistered(const FileNameRec& name) const;
     bool GrowTable();
     FileEntry* TakeFreeEntry();
@@ -169,7 +174,7 @@ private:
     int OpenClosed(int file, eOpenMode mode, bool stream, int* changed);
     int OpenDescriptor(int file, eOpenMode mode);
     bool PrepareAnotherAttempt(int file, eOpenMode mode, int error, int64& retryState);
-    void LookForChanges(FileEntry& entry, int* changed);
+    void LookForChanges(FileEntry& entry, uint64 lastWrite, int* changed);
     int Release(int file);
     void MakeIdle(FileEntry& entry);
     void MakeBusy(FileEntry& entry);
@@ -202,6 +207,7 @@ private:
     std::vector<wchar16*> appDataPaths;  // memory blocks, with a separator at the end
     std::map<wstring16, wstring16, std::less<>> configuration;
     uint32 tempSerial = 0;
+    uint64 registrations = 0;  // ever made
 
     // What spares a walk of the table.
     FreeSlots freeSlots;

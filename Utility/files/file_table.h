@@ -36,6 +36,7 @@ struct FileEntry {
         lastWrite;  // time of the last change at the last close; UnknownTime if it could not be read, 0 if never closed
     StorageRecord* storage;  // owned; null when not open as a compound file
     void* buffer;            // a memory block for the conversion of text, freed when the file is closed
+    uint64 serial;           // of the registration: a handle that is given again has another
 
     static constexpr uint32 ReferenceMask = 0x3FF;
     static constexpr uint32 InUse = 0x400;

@@ -9,6 +9,7 @@
 #include <Utility/file_cache.h>
 #include <Utility/files.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/platform.h>
 
@@ -19,22 +20,6 @@
 namespace Torvo {
 
 namespace {
-
-// A path made of a name record's directory and name.
-class RecordPath {
-public:
-    explicit RecordPath(const FileNameRec& record) {
-        const std::size_t length = platform::wcsnlen(record.directory, PathLimit);
-        std::copy_n(record.directory, length, text);
-        const std::size_t nameLength = platform::wcsnlen(record.name, PathLimit);
-        std::copy_n(record.name, nameLength, text + length);
-        text[length + nameLength] = 0;
-    }
-    const wchar16* Text() const { return text; }
-
-private:
-    wchar16 text[2 * PathSize];
-};
 
 struct OpenWay {
     int flags;
@@ -56,12 +41,13 @@ OpenWay WayOf(eOpenMode mode) {
 }
 
 // Opens a file: 0 with its descriptor, or an error number.
-int TryToOpen(const wchar16* path, eOpenMode mode, int* descriptor) {
+int TryToOpen(const RecordPath& path, eOpenMode mode, int* descriptor) {
+    if (path.IsTooLong()) return ENOENT;
     const OpenWay way = WayOf(mode);
-    const int error = platform::_wsopen_dispatch(path, way.flags, way.share,
+    const int error = platform::_wsopen_dispatch(path.Text(), way.flags, way.share,
                                                  platform::PermitRead | platform::PermitWrite, descriptor, 0);
     if (error != 0 || mode == omRead) return error;
-    const uint32 attributes = platform::GetFileAttributesW(path);
+    const uint32 attributes = platform::GetFileAttributesW(path.Text());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return 0;
     platform::_close(*descriptor);
     return EACCES;
@@ -147,11 +133,13 @@ int cFileSystemImpl::Upgrade(int file, eOpenMode mode, bool stream, int* changed
     }
     const uint32 references = entry->References();
     if (references == FileEntry::ReferenceMask) return -1;
+    const uint64 serial = entry->serial;
     entry->SetReferences(1);
     ReallyClose(*entry);
     const bool upgraded = OpenClosed(file, mode, stream, changed) != -1;
-    if (!upgraded) OpenEntry(file, omRead, stream, changed);
-    entry = FindEntry(file);  // the retry callback may have registered and unregistered files
+    // The retry callback may have registered and unregistered files, at each of the two.
+    if (!upgraded && FindRegistration(file, serial) != nullptr) OpenEntry(file, omRead, stream, changed);
+    entry = FindRegistration(file, serial);
     if (entry == nullptr) return -1;
     entry->SetReferences(upgraded ? references + 1 : references);
     return upgraded ? file : -1;
@@ -159,6 +147,7 @@ int cFileSystemImpl::Upgrade(int file, eOpenMode mode, bool stream, int* changed
 
 int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* changed) {
     FileEntry* entry = FindEntry(file);
+    const uint64 serial = entry->serial;
     entry->flags = (entry->flags & ~FileEntry::StreamWorld) | (stream ? FileEntry::StreamWorld : 0);
     entry->mode = mode;
     entry->age = 1;
@@ -168,24 +157,33 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
 
     const int descriptor = OpenDescriptor(file, mode);
     if (descriptor == -1) return -1;
-    entry = FindEntry(file);
+    entry = FindRegistration(file, serial);
     if (entry == nullptr || entry->IsOpen()) {  // the retry callback has meddled with this very file
         platform::_close(descriptor);
         return -1;
     }
+    platform::Stream* openedStream = nullptr;
     if (stream) {
         const wchar16* const streamMode = WayOf(mode).streamMode;
-        entry->stream = streamMode != nullptr ? platform::_wfdopen(descriptor, streamMode) : nullptr;
-        if (entry->stream == nullptr) {
+        if (streamMode != nullptr) openedStream = platform::_wfdopen(descriptor, streamMode);
+        if (openedStream == nullptr) {
             platform::_close(descriptor);
             return -1;
         }
+    }
+    const uint64 lastWrite = LastWriteOf(RecordPath(*entry->name).Text());
+    // What is dirty of a file that somebody else has changed must not be written over it: it is dropped as long as the
+    // cache cannot reach the file. Where a time is missing, nobody can tell, and it is written.
+    const bool timesAreKnown = lastWrite != FileEntry::UnknownTime && entry->lastWrite != FileEntry::UnknownTime;
+    if (timesAreKnown) LookForChanges(*entry, lastWrite, changed);
+    if (stream) {
+        entry->stream = openedStream;
         // What is written through the stream does not pass the cache.
         if (mode != omRead && cache != nullptr) cache->Forget(file);
     } else {
         entry->fd = descriptor;
     }
-    LookForChanges(*entry, changed);
+    if (!timesAreKnown) LookForChanges(*entry, lastWrite, changed);
     ++openCount;
     entry->SetReferences(1);
     if (!GoToStart(*entry)) {
@@ -204,7 +202,7 @@ int cFileSystemImpl::OpenDescriptor(int file, eOpenMode mode) {
     int64 retryState = 0;
     for (;;) {
         int descriptor = -1;
-        const int error = openCount >= maxFiles ? EMFILE : TryToOpen(path.Text(), mode, &descriptor);
+        const int error = openCount >= maxFiles ? EMFILE : TryToOpen(path, mode, &descriptor);
         if (error == 0) return descriptor;
         if (!PrepareAnotherAttempt(file, mode, error, retryState)) return -1;
     }
@@ -219,6 +217,7 @@ bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error,
     const FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return false;
     const FileNameRec record = *entry->name;  // the callback may unregister the file
+    const uint64 serial = entry->serial;
     switch (error) {
         case ENOENT:
         case ENOTDIR:
@@ -236,7 +235,9 @@ bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error,
         case EACCES:
         case NetworkAccessDenied:
             if (mode == omCreate) return false;
-            if (retry != nullptr && retry(mode, record.name, retryState)) return true;
+            if (retry != nullptr && retry(mode, record.name, retryState)) {
+                return FindRegistration(file, serial) != nullptr;
+            }
             RaiseError(ERRORLEVEL_ERROR, 4, 46, record.name);
             return false;
         default:
@@ -245,9 +246,9 @@ bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error,
     }
 }
 
-// Drops what the cache holds of a file that was changed since it was closed, and tells the caller.
-void cFileSystemImpl::LookForChanges(FileEntry& entry, int* changed) {
-    const uint64 lastWrite = LastWriteOf(RecordPath(*entry.name).Text());
+// Drops what the cache holds of a file that was changed since it was closed, as the time of its last change tells, and
+// tells the caller.
+void cFileSystemImpl::LookForChanges(FileEntry& entry, uint64 lastWrite, int* changed) {
     if (lastWrite != FileEntry::UnknownTime && lastWrite == entry.lastWrite) return;
     if (cFileCache* const cache = cFileCache::Instance()) cache->Forget(HandleOf(entry));
     if (changed != nullptr && WasClosedBefore(entry.lastWrite)) *changed |= 1;

@@ -110,6 +110,7 @@ int cFileSystemImpl::register_file(const wchar16* name, FILETYPE type, bool uniq
     entry->fd = -1;
     entry->flags = FileEntry::InUse;
     entry->charset = system_charset();
+    entry->serial = ++registrations;
     return HandleOf(*entry);
 }
 
@@ -119,8 +120,9 @@ int cFileSystemImpl::register_file_variant(int base, const wchar16* name, FILETY
     wchar16 path[PathSize];
     fhandle2path(base, path);
     if (munge_filename(type)) return register_file(path, type, true);
-    wchar16 variant[PathSize];
+    wchar16 variant[2 * PathSize];
     recommend_filename(variant, path, type);
+    if (platform::wcslen(variant) > PathLimit) return 0;
     return register_file(variant, type, true);
 }
 

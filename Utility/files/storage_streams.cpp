@@ -2,6 +2,7 @@
 
 #include <Utility/file_io.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
 
@@ -72,20 +73,20 @@ int cFileSystemImpl::stream_fileopen(int file, eOpenMode mode, int* changed, con
         ++entry->storage->count;
         return file;
     }
-    wchar16 path[PathSize];
-    fhandle2path(file, path);
+    const RecordPath path(*entry->name);
+    if (path.IsTooLong()) return fileopen(file, mode, changed);
     // Looking into a file takes a handle of the system: idle files make room, as they do for fileopen.
     const auto withRoom = [this](auto call) {
         long32 result = call();
         while (result == platform::StorageTooManyOpenFiles && CloseOldest()) result = call();
         return result;
     };
-    if (withRoom([&] { return platform::StgIsStorageFile(path); }) != platform::StorageOk) {
+    if (withRoom([&] { return platform::StgIsStorageFile(path.Text()); }) != platform::StorageOk) {
         return fileopen(file, mode, changed);
     }
     if (streamName == nullptr) return -1;
     StoragePointer storage;
-    withRoom([&] { return OpenStorage(path, &storage); });
+    withRoom([&] { return OpenStorage(path.Text(), &storage); });
     entry->storage = OpenRecord(std::move(storage), streamName);
     return entry->storage != nullptr ? file : -1;
 }

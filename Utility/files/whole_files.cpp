@@ -5,6 +5,7 @@
 #include <Utility/file_cache.h>
 #include <Utility/file_io.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
@@ -26,6 +27,14 @@ Path LocalCopy(const wchar16* path) {
     Path copy;
     strcpyn(copy.data(), path, PathSize);
     return copy;
+}
+
+// The path of a registered file; false if it is too long to be one.
+bool WholePathOf(const FileEntry& entry, Path* path) {
+    const RecordPath whole(*entry.name);
+    if (whole.IsTooLong()) return false;
+    *path = LocalCopy(whole.Text());
+    return true;
 }
 
 // Copies from where one descriptor stands to where another stands, up to the end; false if something could not be read
@@ -52,8 +61,7 @@ bool cFileSystemImpl::fileremove(int file) {
     if (entry == nullptr) return false;
     ReallyClose(*entry);
     Path path;
-    fhandle2path(file, path.data());
-    return platform::_wremove(path.data()) == 0;
+    return WholePathOf(*entry, &path) && platform::_wremove(path.data()) == 0;
 }
 
 // Gives a file a temporary name beside it.
@@ -62,7 +70,7 @@ bool cFileSystemImpl::SetAside(int file, wchar16* temporaryName) {
     if (entry == nullptr) return false;
     ReallyClose(*entry);
     Path path;
-    fhandle2path(file, path.data());
+    if (!WholePathOf(*entry, &path)) return false;
     tempname(temporaryName, entry->name->directory);
     return rename2(path.data(), temporaryName) == 0;
 }
@@ -82,7 +90,7 @@ bool cFileSystemImpl::group_fileremove(int* files, int count) {
     while (setAside > 0) {
         --setAside;
         Path path;
-        fhandle2path(files[setAside], path.data());
+        if (!WholePathOf(*FindEntry(files[setAside]), &path)) continue;
         rename2(temporaryNames[static_cast<std::size_t>(setAside)].data(), path.data());
     }
     return false;
@@ -91,6 +99,9 @@ bool cFileSystemImpl::group_fileremove(int* files, int count) {
 bool cFileSystemImpl::renamefile(int* file, const wchar16* name, FILETYPE type) {
     FileEntry* const entry = file != nullptr && name != nullptr ? FindEntry(*file) : nullptr;
     if (entry == nullptr) return false;
+    // What is dirty goes with the old handle: it must be on disk before.
+    cFileCache* const cache = cFileCache::Instance();
+    if (cache != nullptr && !cache->Flush(*file)) return false;
     ReallyClose(*entry);
     Path newName = LocalCopy(name);
     resolve_path_reference(newName.data(), *file);
@@ -114,8 +125,10 @@ bool cFileSystemImpl::renamefile(int* file, const wchar16* name, FILETYPE type) 
 bool cFileSystemImpl::MoveFileTo(int from, int to, const wchar16* newName) {
     Path oldPath;
     Path newPath;
-    fhandle2path(from, oldPath.data());
-    fhandle2path(to, newPath.data());
+    if (!WholePathOf(*FindEntry(from), &oldPath) || !WholePathOf(*FindEntry(to), &newPath)) {
+        RaiseError(ERRORLEVEL_ERROR, 5001, 9985, newName);
+        return false;
+    }
     if (file_exists(newPath.data(), FindEntry(to)->name->type)) {
         RaiseError(ERRORLEVEL_ERROR, 6, 48, newName);
         return false;
@@ -138,7 +151,12 @@ bool cFileSystemImpl::filecopy(int from, int to, bool append) {
 
 bool cFileSystemImpl::CopyThrough(void* block, int from, int to, bool append) {
     cFileCache* const cache = cFileCache::Instance();
-    if (cache != nullptr) cache->Flush(from);
+    // Without what is dirty the copy would not be one.
+    if (cache != nullptr && !cache->Flush(from)) {
+        const FileEntry* const target = FindEntry(to);
+        if (target != nullptr) RaiseError(ERRORLEVEL_ERROR, 7, 49, target->name->name);
+        return false;
+    }
     if (fileopen(from, omRead, nullptr) == -1) return false;
     if (fileopen(to, append ? omReadWrite : omCreate, nullptr) == -1) {
         close2(from);
@@ -179,18 +197,17 @@ bool cFileSystemImpl::touch(int file) {
 }
 
 int64 cFileSystemImpl::file_get_timestamp(int file) {
-    if (FindEntry(file) == nullptr) return 0;
+    const FileEntry* const entry = FindEntry(file);
     Path path;
-    fhandle2path(file, path.data());
+    if (entry == nullptr || !WholePathOf(*entry, &path)) return 0;
     struct _stat64 status;
     return stat2(path.data(), &status) == 0 ? static_cast<int64>(status.st_mtime) : 0;
 }
 
 bool cFileSystemImpl::file_set_timestamp(int file) {
-    if (FindEntry(file) == nullptr) return false;
+    const FileEntry* const entry = FindEntry(file);
     Path path;
-    fhandle2path(file, path.data());
-    return platform::_wutime64(path.data(), nullptr) == 0;
+    return entry != nullptr && WholePathOf(*entry, &path) && platform::_wutime64(path.data(), nullptr) == 0;
 }
 
 int cFileSystemImpl::rename2(const wchar16* from, const wchar16* to) {

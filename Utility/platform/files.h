@@ -93,7 +93,7 @@ int64 _lseeki64(int descriptor, int64 offset, int whence);
 // Cuts a file or extends it with zeros; the position is left where it was. 0, or the error number.
 int _chsize_s(int descriptor, int64 size);
 // Sets how many files may be open at the same time; that number, or -1 with EINVAL if it cannot be had. Where the limit
-// is one of descriptors, it is set exactly, so that it may become lower than it was.
+// is one of all descriptors of the process, it is only raised, never lowered: others may need what there was.
 int _setmaxstdio(int count);
 
 // Whole files, by path: 0, or -1 with errno.

@@ -124,6 +124,20 @@ TEST_F(AppStrings, TheTerminatorStaysInsideTheBuffer) {
     EXPECT_EQ(Next(0), ZUTEXT("?"));
 }
 
+TEST_F(AppStrings, OneThatCannotBeReadIsAnEmptyText) {
+    write_app_string(file, ZUTEXT("abcd"));
+    WriteBytes(file, "\5ab");
+    for (const int64 position : {0, 5, 6, 8}) {
+        for (const unsigned int size : {1u, 2u, 4u}) {
+            wchar16 text[5] = {'#', '#', '#', '#', '#'};
+            lseek2(file, position, 0);
+            EXPECT_FALSE(read_app_string(file, text, size)) << position << ' ' << size;
+            EXPECT_EQ(text[0], 0) << position << ' ' << size;
+            EXPECT_EQ(text[size], wchar16{'#'});
+        }
+    }
+}
+
 TEST_F(AppStrings, AnUnknownHandleAndNullAreRefused) {
     wchar16 text[10];
     EXPECT_FALSE(read_app_string(1234, text, 10));

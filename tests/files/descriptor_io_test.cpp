@@ -310,6 +310,31 @@ TEST_F(DescriptorIo, DirtyBlocksBeyondTheNewEndAreNotWritten) {
     EXPECT_EQ(OnDisk(), Numbered(10));
 }
 
+TEST_F(DescriptorIo, AFormerLastBlockIsDirtyAlsoIfItWasWhole) {
+    const int file = Open(Numbered(BlockSize));
+    ReadBytes(file, BlockSize);
+    ASSERT_NE(Held(file, 0), nullptr);
+    EXPECT_EQ(Held(file, 0)->flags, 0);
+    EXPECT_EQ(chsize2(file, 2 * BlockSize + 10), 0);
+    EXPECT_EQ(Held(file, 0)->count, BlockSize);
+    EXPECT_EQ(Held(file, 0)->flags, 1);
+    close2(file);
+    EXPECT_EQ(OnDisk(), Numbered(BlockSize) + std::string(BlockSize + 10, '\0'));
+}
+
+TEST_F(DescriptorIo, NothingIsWrittenInAnUnknownMode) {
+    for (const int mode : {0, 4, -1}) {
+        const int file = files.Register(ZUTEXT("mode.dat"));
+        files.directory.Write(ZUTEXT("mode.dat"), "content");
+        EXPECT_EQ(fileopen(file, static_cast<eOpenMode>(mode), nullptr), file);
+        EXPECT_EQ(WriteBytes(file, "C"), -1);
+        EXPECT_EQ(ReadBytes(file, 100), "content");
+        EXPECT_EQ(close2(file), 0);
+        EXPECT_EQ(files.directory.Read(ZUTEXT("mode.dat")), "content");
+        unregister_file(file);
+    }
+}
+
 TEST_F(DescriptorIo, AFileGrowsByZerosAlsoInTheCache) {
     const int file = Open("content");
     ReadBytes(file, 100);

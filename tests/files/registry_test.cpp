@@ -316,6 +316,17 @@ TEST(RegistryPerThread, EachThreadHasATableOfItsOwn) {
     EXPECT_EQ(handles[1], 1000);
 }
 
+TEST_F(Registry, AVariantOfTheLongestPathIsNoLongerThanAPath) {
+    wstring16 longest = ZUTEXT("C:");
+    while (longest.size() < 200) longest += wchar16{'\\'} + wstring16(20, wchar16{'d'});
+    longest += wchar16{'\\'};
+    longest += wstring16(259 - longest.size(), wchar16{'n'});
+    const int base = register_file(longest.c_str(), FILETYPE(18), true);
+    ASSERT_EQ(PathOf(base).size(), 259u);
+    const int variant = register_file_variant(base, nullptr, FILETYPE(74));
+    EXPECT_TRUE(variant == 0 || PathOf(variant).size() <= 260);
+}
+
 TEST(FileSystemService, IsPartOfEveryInstanceUnderItsKey) {
     EXPECT_NE(cFileSystem::Instance(), nullptr);
     EXPECT_EQ(GetInstanceData()->GetSlot(2), cFileSystem::Instance());

@@ -48,8 +48,12 @@ private:
     int file;
 };
 
+// Does not wait for the other end of a pipe. Pipes and sockets are refused, those that can be opened by MayBeUsed.
 int OpenNative(const std::string& path, int nativeFlags, mode_t mode) {
-    return SystemCall([&] { return ::open(path.c_str(), nativeFlags | O_CLOEXEC | O_NOCTTY, mode); });
+    const int flags = nativeFlags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    const int file = SystemCall([&] { return ::open(path.c_str(), flags, mode); });
+    if (file == -1 && errno == ENXIO) errno = EACCES;
+    return file;
 }
 
 // Opens a file, or creates it where the flags ask for that; *created tells which. A file that appears in between is
@@ -78,12 +82,17 @@ bool TakeLock(int file, int flags, int share) {
     return false;
 }
 
-// Whether a file may be used as the flags say: no directory, and not read-only where it is to be written. A file that
-// was created read-only may be written by its creator.
+bool IsPipeOrSocket(const struct stat& status) {
+    return S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode);
+}
+
+// Whether a file may be used as the flags say: no directory, nothing that another process must feed or empty, and not
+// read-only where it is to be written. A file that was created read-only may be written by its creator.
 bool MayBeUsed(int file, int flags, bool created) {
     struct stat status;
     if (SystemCall([&] { return ::fstat(file, &status); }) != 0) return false;
-    if (!IsDirectory(status) && (created || !Writes(flags) || !IsReadOnly(status))) return true;
+    const bool isFile = !IsDirectory(status) && !IsPipeOrSocket(status);
+    if (isFile && (created || !Writes(flags) || !IsReadOnly(status))) return true;
     errno = EACCES;
     return false;
 }
@@ -106,7 +115,10 @@ int OpenShared(const std::string& path, int flags, int share, int permissions) {
     if (file.Get() == -1) return -1;
     const bool granted = TakeLock(file.Get(), flags, share) && MayBeUsed(file.Get(), flags, created) &&
                          EmptyIfAsked(file.Get(), flags, created);
-    if (granted) return file.Release();
+    if (granted) {
+        ::fcntl(file.Get(), F_SETFL, 0);  // a device is waited for again
+        return file.Release();
+    }
     if (created) RemoveCreated(path);
     return -1;
 }
@@ -228,6 +240,7 @@ int _setmaxstdio(int count) {
     rlimit limit;
     if (SystemCall([&] { return ::getrlimit(RLIMIT_NOFILE, &limit); }) != 0) return -1;
     if (count < fewest || static_cast<rlim_t>(count) > limit.rlim_max) return Fail(EINVAL);
+    if (limit.rlim_cur >= static_cast<rlim_t>(count)) return count;
     limit.rlim_cur = static_cast<rlim_t>(count);
     return SystemCall([&] { return ::setrlimit(RLIMIT_NOFILE, &limit); }) == 0 ? count : -1;
 }

@@ -1,10 +1,13 @@
 #include <Utility/platform/files.h>
 #include <gtest/gtest.h>
 #include <support/failing_files.h>
+#include <support/fresh_files.h>
 #include <support/temp_directory.h>
 #include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <array>
@@ -136,14 +139,74 @@ TEST(PosixFiles, EveryNameOnDiskIsListedAndOpened) {
 TEST(PosixFiles, LimitOfOpenFilesIsTheProcesss) {
     rlimit former;
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
+    rlimit now = former;
+    now.rlim_cur = 64;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &now), 0);
     EXPECT_EQ(platform::_setmaxstdio(100), 100);
-    rlimit now;
     ::getrlimit(RLIMIT_NOFILE, &now);
     EXPECT_EQ(now.rlim_cur, 100u);
     EXPECT_EQ(now.rlim_max, former.rlim_max);
+    EXPECT_EQ(platform::_setmaxstdio(50), 50);
+    ::getrlimit(RLIMIT_NOFILE, &now);
+    EXPECT_EQ(now.rlim_cur, 100u) << "others of the process may need them";
     EXPECT_EQ(platform::_setmaxstdio(19), -1);
     EXPECT_EQ(errno, EINVAL);
     ::setrlimit(RLIMIT_NOFILE, &former);
+}
+
+TEST(PosixFiles, PipesAndSocketsAreRefusedAtOnce) {
+    const test::FreshFiles files;
+    ASSERT_EQ(::mkfifo(files.directory.Native(ZUTEXT("pipe")).c_str(), 0666), 0);
+    const std::string socketPath = files.directory.Native(ZUTEXT("socket")).string();
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    ASSERT_LT(socketPath.size(), sizeof address.sun_path);
+    socketPath.copy(address.sun_path, socketPath.size());
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    for (const wchar16* name : {ZUTEXT("pipe"), ZUTEXT("socket")}) {
+        const int file = files.Register(name);
+        for (const eOpenMode mode : {omRead, omReadWrite}) {
+            EXPECT_EQ(fileopen(file, mode, nullptr), -1);
+            EXPECT_EQ(test::TakeErrors(), test::OneError(4, 46, name));
+        }
+        EXPECT_EQ(fileopen(file, omCreate, nullptr), -1);
+        EXPECT_TRUE(files.directory.Has(name));
+    }
+    ::close(listener);
+}
+
+TEST(PosixFiles, DescriptorsWaitForWhatIsToCome) {
+    const TempDirectory directory;
+    const int file = OpenToWrite(directory.Write(ZUTEXT("file"), "x"));
+    EXPECT_EQ(::fcntl(file, F_GETFL) & O_NONBLOCK, 0);
+    platform::_close(file);
+}
+
+TEST(PosixFiles, PathThatIsTooLongIsNotThatOfAnother) {
+    const test::FreshFiles files;
+    wstring16 name = wstring16(100, wchar16{'d'}) + ZUTEXT("\\");
+    name += wstring16(258 - 1 - files.directory.Path().size() - name.size(), wchar16{'n'});
+    const wstring16 cut = name + ZUTEXT(".M");
+    files.directory.Write(cut, "of another");
+    int file = files.Register(name, FILETYPE(5));  // which makes it n.MAP
+    for (const eOpenMode mode : {omRead, omReadWrite, omCreate}) {
+        EXPECT_EQ(fileopen(file, mode, nullptr), -1);
+        const std::vector<test::RaisedError> errors = test::TakeErrors();
+        ASSERT_EQ(errors.size(), 1u);
+        EXPECT_EQ(errors[0].number, 5001);
+        EXPECT_EQ(errors[0].message, 9985);
+    }
+    EXPECT_FALSE(fileremove(file));
+    EXPECT_FALSE(group_fileremove(&file, 1));
+    EXPECT_FALSE(renamefile(&file, ZUTEXT("short"), FILETYPE(18)));
+    EXPECT_EQ(file_get_timestamp(file), 0);
+    EXPECT_FALSE(file_set_timestamp(file));
+    unregister_file(file);
+    int shortFile = files.Make(ZUTEXT("x.dat"), "content");
+    EXPECT_FALSE(renamefile(&shortFile, name.c_str(), FILETYPE(5)));
+    EXPECT_EQ(files.directory.Read(cut), "of another");
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "content");
 }
 
 TEST(PosixFiles, TooManyOpenFilesAreToldAsSuch) {
