@@ -142,8 +142,8 @@ ZUAPI void recommend_filename(wchar16* out, const wchar16* in, FILETYPE type);
 ZUAPI void recommend_table_filename(wchar16* out, const wchar16* in);
 
 // Takes a path apart: `path` keeps its directory, with the separator or colon at its end, and `nameOut`, unless null,
-// receives the name, of which at most 255 units are taken before the last dot and 256 behind it; an empty one for a null
-// `path`.
+// receives the name, of which at most 255 units are taken before the last dot and 256 behind it; an empty one for a
+// null `path`.
 ZUAPI void splitfilename(wchar16* path, wchar16* nameOut);
 // Writes the bare name of a path, without directory, without what follows the last dot, and without blanks at its end
 // or before the extension of a type that is left, to a buffer of `size` units with the terminator. Nothing for a `size`
