@@ -48,7 +48,7 @@ Result WithNativePath(const wchar16* path, Result failure, Body body) {
             return failure;
         }
         // A drive alone is its current directory; no name at all is nothing.
-        if (native->empty() && *path != 0) *native = ".";
+        if (native->empty() && *path != 0) native->assign(1, '.');
         return body(*native);
     } catch (const std::bad_alloc&) {
         errno = ENOMEM;
