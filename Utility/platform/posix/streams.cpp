@@ -4,7 +4,6 @@
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/stream_faults.h>
 
-#include <algorithm>
 #include <iterator>
 
 namespace Torvo::platform {
@@ -21,9 +20,9 @@ Result Answer(Result result, bool failed) {
 }  // namespace
 
 Stream* _wfdopen(int descriptor, const wchar16* mode) {
+    // Modes have three letters at most.
     char narrow[4] = {};
-    const std::size_t length = std::min(wcslen(mode), std::size(narrow) - 1);
-    std::transform(mode, mode + length, narrow, [](wchar16 unit) { return static_cast<char>(unit); });
+    for (std::size_t i = 0; i + 1 < std::size(narrow) && mode[i] != 0; ++i) narrow[i] = static_cast<char>(mode[i]);
     return StreamCall(nullptr, static_cast<Stream*>(nullptr), [&] {
         Stream* const stream = ::fdopen(descriptor, narrow);
         return Answer(stream, stream == nullptr);
