@@ -1,4 +1,5 @@
 #include <Utility/datetime/sql_date_tokens.h>
+#include <Utility/platform/text_scan.h>
 #include <Utility/strings.h>
 
 #include <algorithm>
@@ -44,18 +45,14 @@ void AddPiece(TextView piece, std::vector<wstring16>& tokens) {
     }
 }
 
-constexpr wchar16 ToLower(wchar16 unit) {
-    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + ('a' - 'A')) : unit;
-}
-
 }  // namespace
 
 SqlDateWord SqlDateWordOf(const wstring16& token) {
     constexpr std::size_t LongestWord = 4;
     if (token.size() > LongestWord) return SqlDateWord::Literal;
-    const wchar16 letter = ToLower(token[0]);
+    const wchar16 letter = platform::scan::FoldUnit(token[0]);
     for (const wchar16 unit : token) {
-        if (ToLower(unit) != letter) return SqlDateWord::Literal;
+        if (platform::scan::FoldUnit(unit) != letter) return SqlDateWord::Literal;
     }
     constexpr SqlDateWord Months[] = {SqlDateWord::Month, SqlDateWord::Month2, SqlDateWord::ShortMonthName,
                                       SqlDateWord::MonthName};

@@ -7,6 +7,7 @@
 #include <Utility/numbers/plain_number.h>
 #include <Utility/platform/number_text.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/platform/text_scan.h>
 #include <Utility/text/unit_classes.h>
 
 #include <algorithm>
@@ -19,7 +20,7 @@ constexpr std::size_t LiteralLength = 13;
 
 wchar16 ToLower(wchar16 unit) {
     if (unit >= 0x80) return platform::towlower(unit);
-    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + 'a' - 'A') : unit;
+    return platform::scan::FoldUnit(unit);
 }
 
 // The printable units of ASCII are most of what there is, and none of them is blank.

@@ -1,4 +1,5 @@
 #include <Utility/platform/number_text.h>
+#include <Utility/platform/text_scan.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -45,10 +46,6 @@ void StoreEnd(wchar16** end, const wchar16* position) {
     if (end != nullptr) *end = const_cast<wchar16*>(position);
 }
 
-wchar16 ToLower(wchar16 unit) {
-    return unit >= 'A' && unit <= 'Z' ? static_cast<wchar16>(unit + ('a' - 'A')) : unit;
-}
-
 // Digits -------------------------------------------------------------------------------------------------------------
 
 constexpr unsigned NoDigit = 36;  // above every digit of the largest base
@@ -70,7 +67,7 @@ unsigned ScriptDigit(wchar16 unit) {
 
 unsigned DigitValue(wchar16 unit) {
     if (IsDigit(unit)) return unit - wchar16{'0'};
-    const wchar16 letter = ToLower(unit);
+    const wchar16 letter = scan::FoldUnit(unit);
     if (letter >= 'a' && letter <= 'z') return 10u + letter - wchar16{'a'};
     return unit < 0x80 ? NoDigit : ScriptDigit(unit);
 }
@@ -104,7 +101,7 @@ void ReadMoreDigits(const wchar16* cursor, unsigned base, IntegerText& number) {
 
 // Settles a base of 0 and steps over a "0x" that the base allows.
 unsigned SettleBase(const wchar16*& cursor, unsigned base) {
-    const bool prefix = *cursor == '0' && ToLower(cursor[1]) == 'x';
+    const bool prefix = *cursor == '0' && scan::FoldUnit(cursor[1]) == 'x';
     if (prefix && (base == 0 || base == 16)) {
         cursor += 2;
         return 16;
@@ -171,7 +168,7 @@ constexpr int64 MaxDigits = 768;
 constexpr int64 MaxExponent = int64{1} << 48;
 
 bool IsHexDigit(wchar16 unit) {
-    return IsDigit(unit) || (ToLower(unit) >= 'a' && ToLower(unit) <= 'f');
+    return IsDigit(unit) || (scan::FoldUnit(unit) >= 'a' && scan::FoldUnit(unit) <= 'f');
 }
 
 const wchar16* SkipDigits(const wchar16* cursor, unsigned base) {
@@ -205,7 +202,7 @@ const wchar16* TakeSignificand(const wchar16* first, wchar16 mark, wchar16 lette
     if (digits == 0) return nullptr;
     number.first = first;
     number.last = cursor;
-    if (ToLower(*cursor) == letter1 || ToLower(*cursor) == letter2) cursor = TakeExponent(cursor, number);
+    if (scan::FoldUnit(*cursor) == letter1 || scan::FoldUnit(*cursor) == letter2) cursor = TakeExponent(cursor, number);
     return cursor;
 }
 
@@ -246,7 +243,7 @@ double Convert(const Significand& number) {
 // Whether the text begins with a word, given in lower case, in whatever case.
 const wchar16* TakeWord(const wchar16* cursor, const char* word) {
     for (; *word != 0; ++word, ++cursor) {
-        if (ToLower(*cursor) != static_cast<wchar16>(*word)) return nullptr;
+        if (scan::FoldUnit(*cursor) != static_cast<wchar16>(*word)) return nullptr;
     }
     return cursor;
 }
@@ -263,7 +260,8 @@ const wchar16* TakeSpecial(const wchar16* cursor, double& value) {
     value = std::numeric_limits<double>::quiet_NaN();
     if (*end != '(') return end;
     const wchar16* closing = end + 1;
-    while (IsDigit(*closing) || *closing == '_' || (ToLower(*closing) >= 'a' && ToLower(*closing) <= 'z')) ++closing;
+    while (IsDigit(*closing) || *closing == '_' || (scan::FoldUnit(*closing) >= 'a' && scan::FoldUnit(*closing) <= 'z'))
+        ++closing;
     return *closing == ')' ? closing + 1 : end;
 }
 
@@ -275,7 +273,7 @@ const wchar16* TakeHexadecimal(const wchar16* cursor, wchar16 mark, Significand&
 
 // Reads a magnitude in one of the forms that only wcstod takes. Null if it is none of them.
 const wchar16* TakeOtherForm(const wchar16* cursor, wchar16 mark, double& value) {
-    if (*cursor == '0' && ToLower(cursor[1]) == 'x') {
+    if (*cursor == '0' && scan::FoldUnit(cursor[1]) == 'x') {
         Significand number;
         const wchar16* const end = TakeHexadecimal(cursor + 2, mark, number);
         if (end != nullptr) value = Convert(number);
