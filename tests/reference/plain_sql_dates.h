@@ -121,7 +121,10 @@ private:
         if (word == ZUTEXT("dd")) return TwoDigits(date.day);
         if (word == ZUTEXT("d")) return Decimal(date.day);
         if (word == ZUTEXT("yyyy")) return Decimal(date.year);
-        if (word == ZUTEXT("yy")) return (Decimal(date.year) + ZUTEXT("  ")).substr(2, 2);
+        if (word == ZUTEXT("yy")) {
+            const wstring16 year = Decimal(date.year);
+            return year.size() > 2 ? year.substr(2, 2) : wstring16();
+        }
         return piece;
     }
 
