@@ -74,7 +74,7 @@ ZUAPI double zu_round(double value, double step);
 // The 16-bit cyclic redundancy check with the reflected polynomial 0xA001, initial value 0 and no final inversion,
 // known as CRC-16/ARC; of the nine bytes "123456789" it is 0xBB3D. `table` is the caller's room for 256 values: with
 // `build` the first `tableSize` of them, to be 256, are computed before use; later calls may pass the same table and
-// `build` false. A length of 0 gives 0, and then `data` is not looked at.
+// `build` false. A length of 0 gives 0, and so do null data and a null table; the table is built all the same.
 ZUAPI unsigned short calculate_crc16(const unsigned char* data, unsigned int length, unsigned short* const table,
                                      bool build, int tableSize);
 

@@ -14,9 +14,9 @@
 // those above 9999 are refused. There are no names of months in these forms; <Utility/sql_dates.h> has them.
 //
 // Orders are those of GetDateOrder in <Utility/dates.h>. Sizes are in units, terminator included. But for a text,
-// a picture, `end` and the two delimiters of MakeDateStringEx, which print as "(null)", pointers may not be null. The
-// functions work on the caller's instance (locale, callbacks, error list) and may be called on any thread. Reading
-// allocates nothing.
+// a picture, `end` and the two delimiters of MakeDateStringEx, which print as "(null)", pointers may not be null; the
+// printing functions fail without a date or a buffer. The functions work on the caller's instance (locale, callbacks,
+// error list) and may be called on any thread. Reading allocates nothing.
 #pragma once
 
 #include <Utility/dates.h>

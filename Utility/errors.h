@@ -129,7 +129,8 @@ ZUAPI void ClearErrors();
 //
 // A message that does not fit, with its space and the terminator, ends the reading; the list is then in the state of
 // overflow, and the warning is appended to the messages before it, or, when there is no room for that, written over the
-// end of the buffer. The buffer has at least 52 units. A smaller one holds the beginning of the warning.
+// end of the buffer. The buffer has at least 52 units. A smaller one holds the beginning of the warning. A null buffer
+// counts as one of size 0: nothing is written, and a group that it cannot take still means overflow.
 ZUAPI bool GetNextError(bool first, wchar16* buffer, uint64 size);
 
 // Whether a record of that number stands. Number 0 is that of an unused record, so it "occurred" unless 30 are stored.
@@ -144,8 +145,8 @@ ZUAPI int32 GetErrorNum(int32 index);
 ZUAPI int32 GetResourceID(int32 index);
 // The GUID of a record, valid while the record stands.
 ZUAPI const GUID& GetErrorGUID(int32 index);
-// Composes the message of one record into `buffer`, cut to `size` - 1 units. A `format` that is not null becomes the
-// record's format, and stays it.
+// Composes the message of one record into `buffer`, cut to `size` - 1 units; nothing is written to a null buffer. A
+// `format` that is not null becomes the record's format, and stays it.
 ZUAPI void GetErrorMsg(const wchar16* format, uint64 index, wchar16* buffer, uint64 size);
 
 // Raises an error. All texts are copied, and each may be null. When a record of the same number stands, that record's

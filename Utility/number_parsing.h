@@ -12,9 +12,11 @@
 // <Utility/number_printing.h> and DeformatNumberFromUI is applied to a copy of it; such a text has at most 99 units, a
 // longer one fails. Without `deformat` the text is read as it stands.
 //
-// Nothing allocates, and nothing leaves an error record. The functions other than the 64-bit ones set errno to 0, and
-// to ERANGE where the number does not fit; a null text leaves it alone. All may be called on any thread, also while
-// another thread changes the locale of the C runtime.
+// Nothing allocates, and nothing leaves an error record. errno is left as the runtime's reader leaves it: ERANGE for a
+// number beyond 32 bits (or 64, or a double), EINVAL for a base that is none; limits narrower than that, 16 bits or
+// `min` and `max`, do not show in it. All but the 64-bit functions set it to 0 first. A text that is not read, because
+// it is null or too long for a FmtCtl form, leaves it alone. All may be called on any thread, also while another thread
+// changes the locale of the C runtime.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -49,8 +51,8 @@ ZUAPI bool StringToUnsignedInt64FmtCtl(const wchar16* text, uint64* value, bool 
 // small that only 0 would be left of it.
 //
 // While the runtime's numeric locale is "C", as it is unless the program sets another, the text may also be what wcstod
-// takes beyond decimal digits: "0x1.8p3", "inf", "nan". Otherwise the number must begin with a digit, or with a point
-// and a digit.
+// takes beyond decimal digits: "0x1.8p3", "inf", "nan". Otherwise what follows white space (units 9 to 13 and 32
+// only) and a sign must be a digit, or a point and a digit.
 //
 // The text is read and nothing else: it may be constant, and several threads may read the same.
 ZUAPI bool StringToDouble(const wchar16* text, double* value, wchar16** end);

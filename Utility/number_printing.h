@@ -12,9 +12,9 @@
 // at every single look-up. A separator that the locale does not have is 0, and then nothing is inserted, removed or
 // replaced.
 //
-// Digits are those of the C runtime's printf: correctly rounded, ties to even, exponents of at least two digits. An
-// infinity prints as "inf", a NaN as "nan", each with a "-" if its sign is set, but a NaN without a payload, as
-// arithmetic makes it, as "-nan(ind)" and a signalling one with "(snan)" behind it.
+// Digits are those of the C runtime's printf: correctly rounded, ties to even, exponents of at least two digits.
+// Infinity prints as "inf", a NaN as "nan", each with a "-" if its sign is set; but the negative NaN without a payload,
+// which is the one that the processor makes, as "-nan(ind)", and a signalling one with "(snan)" behind it.
 //
 // Sizes are in units of 16 bits, terminator included. Results are cut to their size, and what is left of the buffer
 // behind the text is filled with zeros; a size of 0 writes nothing. A text of 512 units or more before it is cut, which
@@ -35,8 +35,8 @@ enum PRINTF_FORMAT : int32 {
 };
 
 // Prints `value` with `precision` digits: behind the point for E and F, in all for G. -1 stands for 6; with
-// PRINTF_FORMAT_G a number of seven to twelve digits before the point gets three more than it has orders of magnitude,
-// up to 14, so that 1234567 prints in full. `width` pads with spaces on the left, a negative one on the right, and -1
+// PRINTF_FORMAT_G a number of five to twelve digits before the point gets three more than it has orders of magnitude,
+// from 7 up to 14, so that 1234567 and 12345.67 print in full. `width` pads with spaces on the left, a negative one on the right, and -1
 // not at all. With `group` the text is then brought into the UI form. Returns `out`.
 ZUAPI wchar16* DoubleToString(double value, wchar16* out, uint64 outSize, bool group, int32 precision,
                               PRINTF_FORMAT format, int32 width);
@@ -57,8 +57,9 @@ ZUAPI void DoubleToDBString(wchar16* out, int32 width, int32 decimals, double va
 ZUAPI wchar16* DoubleToStringEditCtl(double value, wchar16* out, int32 outSize, bool group);
 
 // Prints a coordinate with up to 12 digits behind the point and no zeros at the end: 12.5 as "12.5", 100 as "100". The
-// text is always neutral. It has at most 29 units; a longer number, from 1e16 on, loses digits behind the point, and
-// from 1e29 on digits before it. Returns `out`.
+// text is always neutral. It has at most 29 units: a number of more than 16 digits before the point, or of more than 15
+// with a minus, loses digits behind it, and a number of more than 29, or of more than 28 with a minus, the last of
+// those before it. Returns `out`.
 ZUAPI wchar16* CoordinateToString(double value, wchar16* out, uint64 outSize);
 
 // Brings a number from the neutral into the UI form, in place. `size` is that of the buffer. Separators are put in from

@@ -38,16 +38,16 @@ namespace Torvo {
 
 // Prints the date. The fields are not checked: a month outside 1 to 13 prints as the first, the thirteenth as nothing
 // where the locale has none, and a day that has no weekday as Sunday. True, with the text in `out`; false, with `out`
-// untouched and no error, when the text with its terminator does not fit into `outSize` units, the format is null or
-// memory is short.
+// untouched and no error, when the text with its terminator does not fit into `outSize` units, the format or
+// `out` is null or memory is short.
 ZUAPI bool zuSQLDateToString(zuDATE date, const wchar16* format, wchar16* out, uint64 outSize);
 
 // Reads a date. True, with the date in *date; or false, with an error record and *date untouched.
 //
 // The date is not checked, so that a caller asks IsValidDate: "31-02-2024" is read as 31 February, a number that cannot
 // be read is 0, and what its field does not hold is cut off. Fields without a word are 0. Of two words for one field
-// the latter counts. An empty text under an empty format is the null date. A null text or format fails, and so does a
-// lack of memory, both without an error record.
+// the latter counts. An empty text under an empty format is the null date. A null text, format or `date` fails, and so
+// does a lack of memory, all without an error record.
 ZUAPI bool zuSQLStringToDate(const wchar16* text, const wchar16* format, zuDATE* date);
 
 }  // namespace Torvo

@@ -56,37 +56,16 @@ void Fill(Set& set, const std::vector<int32>& rows) {
 
 template <typename Set>
 void BM_Add(benchmark::State& state, const std::vector<int32>& rows) {
-    double bytes = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        const double before = HeapBytes();
-        auto set = std::make_unique<Set>();
-        state.ResumeTiming();
-        Fill(*set, rows);
-        state.PauseTiming();
-        bytes = HeapBytes() - before;
-        set.reset();
-        state.ResumeTiming();
-    }
+    MeasureFilling(
+        state, [] { return std::make_unique<Set>(); }, [&rows](Set& set) { Fill(set, rows); });
     PerStep(state, rows.size());
-    state.counters["bytes"] = bytes;
 }
 
 template <typename Set>
 void BM_Member(benchmark::State& state, const std::vector<int32>& rows) {
     Set set;
     Fill(set, rows);
-    std::vector<int32> probes = Shuffled(rows);
-    std::mt19937 engine(11);
-    for (std::size_t i = 0; i < probes.size(); i += 2) {
-        probes[i] = std::uniform_int_distribution<int32>(rows.front(), rows.back())(engine);
-    }
-    for (auto _ : state) {
-        uint32 found = 0;
-        for (const int32 row : probes) found += set.Member(row) ? 1 : 0;
-        benchmark::DoNotOptimize(found);
-    }
-    PerStep(state, probes.size());
+    MeasureMembers(state, set, rows);
 }
 
 template <typename Set>

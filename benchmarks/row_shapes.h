@@ -69,10 +69,10 @@ inline std::vector<int32> Shuffled(std::vector<int32> values) {
 }
 
 // What to ask for: members and random values of the same reach, by turns, in random order.
-inline std::vector<int32> Probes(Shape shape) {
-    std::vector<int32> probes = Shuffled(Rows(shape));
+inline std::vector<int32> Probes(const std::vector<int32>& rows) {
+    std::vector<int32> probes = Shuffled(rows);
     std::mt19937 engine(11);
-    std::uniform_int_distribution<int32> any(0, Rows(shape).back());
+    std::uniform_int_distribution<int32> any(rows.front(), rows.back());
     for (std::size_t i = 0; i < probes.size(); i += 2) probes[i] = any(engine);
     return probes;
 }
@@ -87,6 +87,36 @@ inline double HeapBytes() {
 inline void PerStep(benchmark::State& state, std::size_t count) {
     state.counters["step"] = benchmark::Counter(
         static_cast<double>(count), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+// Measures the filling of a new container, and counts the bytes that it then holds.
+template <typename Make, typename Fill>
+void MeasureFilling(benchmark::State& state, Make make, Fill fill) {
+    double bytes = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const double before = HeapBytes();
+        auto set = make();
+        state.ResumeTiming();
+        fill(*set);
+        state.PauseTiming();
+        bytes = HeapBytes() - before;
+        set.reset();
+        state.ResumeTiming();
+    }
+    state.counters["bytes"] = bytes;
+}
+
+// Measures the question whether a row is a member of a container that was made of `rows`.
+template <typename Set>
+void MeasureMembers(benchmark::State& state, const Set& set, const std::vector<int32>& rows) {
+    const std::vector<int32> probes = Probes(rows);
+    for (auto _ : state) {
+        uint32 found = 0;
+        for (const int32 row : probes) found += set.Member(row) ? 1 : 0;
+        benchmark::DoNotOptimize(found);
+    }
+    PerStep(state, probes.size());
 }
 
 // The name of a benchmark: what is done, to what, by which container.

@@ -113,34 +113,19 @@ std::unique_ptr<Set> Make(Shape shape) {
 
 template <typename Set>
 void BM_Member(benchmark::State& state, Shape shape) {
-    const auto set = Make<Set>(shape);
-    const std::vector<int32> probes = Probes(shape);
-    for (auto _ : state) {
-        uint32 found = 0;
-        for (const int32 row : probes) found += set->Member(row) ? 1 : 0;
-        benchmark::DoNotOptimize(found);
-    }
-    PerStep(state, probes.size());
+    MeasureMembers(state, *Make<Set>(shape), Rows(shape));
 }
 
 template <typename Set>
 void BM_AddAtRandom(benchmark::State& state, Shape shape) {
     const std::vector<int32> rows = Shuffled(Rows(shape));
     const int32 reach = Rows(shape).back() + 1;
-    double bytes = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        const double before = HeapBytes();
-        auto set = std::make_unique<Set>(reach);
-        state.ResumeTiming();
-        for (const int32 row : rows) set->Add(row);
-        state.PauseTiming();
-        bytes = HeapBytes() - before;
-        set.reset();
-        state.ResumeTiming();
-    }
+    MeasureFilling(
+        state, [reach] { return std::make_unique<Set>(reach); },
+        [&rows](Set& set) {
+            for (const int32 row : rows) set.Add(row);
+        });
     PerStep(state, rows.size());
-    state.counters["bytes"] = bytes;
 }
 
 template <typename Set>
@@ -156,19 +141,9 @@ void BM_Walk(benchmark::State& state, Shape shape) {
 
 template <typename Set>
 void BM_AddRange(benchmark::State& state, int32 size) {
-    double bytes = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        const double before = HeapBytes();
-        auto set = std::make_unique<Set>(1000 + size);
-        state.ResumeTiming();
-        set->AddRange(1000, 1000 + size - 1);
-        state.PauseTiming();
-        bytes = HeapBytes() - before;
-        set.reset();
-        state.ResumeTiming();
-    }
-    state.counters["bytes"] = bytes;
+    MeasureFilling(
+        state, [size] { return std::make_unique<Set>(1000 + size); },
+        [size](Set& set) { set.AddRange(1000, 1000 + size - 1); });
 }
 
 template <typename Set>

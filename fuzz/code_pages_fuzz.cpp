@@ -7,22 +7,20 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <vector>
+
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
+using fuzz::Require;
 
 constexpr uint32 Pages[] = {28591, 28592, 28593, 28594, 28595, 28596, 28597, 28598, 28599, 1250, 1251,
                             1252,  1253,  1254,  1255,  1256,  1257,  1258,  874,   437,   720,  737,
                             775,   850,   852,   855,   857,   860,   861,   862,   863,   864,  865,
                             866,   869,   20127, 932,   936,   949,   950,   65001, 0,     1,    3};
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 // A block of exactly `size` elements.
 template <typename Unit>

@@ -8,17 +8,15 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
+
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
+using fuzz::Require;
 
 void ReadThrough(int file, const wchar16* name) {
     if (stream_fileopen(file, omRead, nullptr, name) != file) return;

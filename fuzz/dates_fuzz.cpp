@@ -8,32 +8,19 @@
 #include <support/time_locale.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
+
+#include "input_text.h"
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
+using fuzz::Require;
+using fuzz::TextOf;
 
 bool asksForFixedForm = false;
-
-// Units of two bytes, or of one where the text is to be mostly ASCII; without a terminator inside, and in a block of
-// exactly its size, so that a unit too far is seen.
-std::vector<wchar16> UnitsOf(const std::uint8_t* data, std::size_t size, bool wide) {
-    std::vector<wchar16> units;
-    for (std::size_t i = 0; i + (wide ? 1 : 0) < size; i += wide ? 2 : 1) {
-        const auto unit = static_cast<wchar16>(wide ? data[i] | data[i + 1] << 8 : data[i]);
-        if (unit != 0) units.push_back(unit);
-    }
-    units.push_back(0);
-    units.shrink_to_fit();
-    return units;
-}
 
 bool IsNull(const zuDATE& date) {
     return date.year == 0 && date.month == 0 && date.day == 0;
@@ -106,8 +93,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::memcpy(&date, data + 2, sizeof date);
     const bool wide = (choice & 0x40) != 0;
     const std::size_t formatSize = data[1] < size - 6 ? data[1] : size - 6;
-    const std::vector<wchar16> format = UnitsOf(data + 6, formatSize, wide);
-    const std::vector<wchar16> text = UnitsOf(data + 6 + formatSize, size - 6 - formatSize, wide);
+    const std::vector<wchar16> format = TextOf(data + 6, formatSize, wide);
+    const std::vector<wchar16> text = TextOf(data + 6 + formatSize, size - 6 - formatSize, wide);
     Read(text);
     Print(date, text);
     FormatPictures(format, (choice & 0x80) != 0 ? choice & 0xFu : 0);

@@ -1,18 +1,19 @@
 // A stream of operations over clipping, intersections, arcs and arrays of points: whatever the coordinates, nothing may
 // be written out of bounds and nothing may overflow, and clipping has to agree with its plain form.
 #include "geometry/plain_clip.h"
+#include "require.h"
 
 #include <Utility/arcs.h>
 #include <Utility/clipping.h>
 #include <Utility/geometry.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 
 namespace {
 
 using namespace Torvo;
+using fuzz::Require;
 
 // Takes values from the input, zeros when it is used up.
 class Reader {
@@ -48,10 +49,6 @@ private:
     std::size_t left;
 };
 
-void Check(bool holds) {
-    if (!holds) std::abort();
-}
-
 // A buffer of exactly `size` points, so that one too far is seen.
 std::unique_ptr<LPNT[]> Exactly(std::size_t size) {
     return std::unique_ptr<LPNT[]>(new LPNT[size]);
@@ -65,11 +62,11 @@ void ClipPolygon(Reader& reader) {
     const bool fits = plain.Run(input);
     int count = static_cast<int>(input.size());
     const auto output = Exactly(static_cast<std::size_t>(plain.maxOutput));
-    Check(ClipPoly(input.data(), output.get(), &plain.rect, &count, plain.maxOutput) == fits);
-    Check(count == plain.count);
-    for (std::size_t i = 0; i < plain.written.size(); ++i) Check(test::plain::Same(output[i], plain.written[i]));
+    Require(ClipPoly(input.data(), output.get(), &plain.rect, &count, plain.maxOutput) == fits);
+    Require(count == plain.count);
+    for (std::size_t i = 0; i < plain.written.size(); ++i) Require(test::plain::Same(output[i], plain.written[i]));
     const auto bound = static_cast<long long>(6 * input.size() + 6);
-    Check(plain.count <= bound);
+    Require(plain.count <= bound);
 }
 
 void ClipSegment(Reader& reader) {
@@ -81,8 +78,8 @@ void ClipSegment(Reader& reader) {
     bool ended = false;
     const bool plainVisible = test::plain::ClipLine(plainA, plainB, rect, 1000, ended);
     const bool visible = ClipLine(&a, &b, &rect);
-    if (visible) Check(PointInRect(a, rect) && PointInRect(b, rect));
-    if (ended) Check(visible == plainVisible && test::plain::Same(a, plainA) && test::plain::Same(b, plainB));
+    if (visible) Require(PointInRect(a, rect) && PointInRect(b, rect));
+    if (ended) Require(visible == plainVisible && test::plain::Same(a, plainA) && test::plain::Same(b, plainB));
 }
 
 void Intersect(Reader& reader) {
@@ -91,9 +88,9 @@ void Intersect(Reader& reader) {
     LRECT bounds;
     if (LineIntersection(p1, p2, q1, q2, out)) {
         SortRectWithPoints(bounds, p1, p2);
-        Check(PointInRect(out, bounds));
+        Require(PointInRect(out, bounds));
         SortRectWithPoints(bounds, q1, q2);
-        Check(PointInRect(out, bounds));
+        Require(PointInRect(out, bounds));
     }
     DPNT realOut{};
     const DPNT r1 = reader.RealPoint(), r2 = reader.RealPoint();
@@ -105,12 +102,12 @@ void Arcs(Reader& reader) {
     int16 a = 0;
     int16 b = 0;
     CalcArcAngles(rect, reader.Point(), reader.Point(), &a, &b, (reader.Take<uint8_t>() & 1) != 0);
-    Check(0 <= a && a <= 3600 && a < b && b <= a + 3600);
+    Require(0 <= a && a <= 3600 && a < b && b <= a + 3600);
     a = reader.Take<int16>();
     b = reader.Take<int16>();
     const auto flags = reader.Take<uint8_t>();
     FlipArcAngles(&a, &b, (flags & 1) != 0, (flags & 2) != 0);
-    Check(0 <= a && a < 3600 && a < b && b <= a + 3600);
+    Require(0 <= a && a < 3600 && a < b && b <= a + 3600);
     LPNT start{};
     LPNT end{};
     LogCalcArcPoints(rect, reader.Take<int32>(), reader.Take<int32>(), &start, &end);
@@ -133,7 +130,7 @@ void Arrays(Reader& reader) {
     ClipToLongPoints(points.data(), target.get(), count, (low & 1) != 0 ? &left : nullptr, low, high);
     LRECT rect{};
     GetRectFromPoints(rect, points.data(), count);
-    for (const LPNT point : points) Check(PointInRect(point, rect));
+    for (const LPNT point : points) Require(PointInRect(point, rect));
     const DPNT real = reader.RealPoint();
     DoubleToLongPoints(&real, points.data(), count == 0 ? 0 : 1, low, high);
     ExpandRect(rect, reader.Coordinate(), reader.Coordinate(), low, high);

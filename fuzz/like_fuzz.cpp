@@ -10,6 +10,7 @@
 
 #include "operation_stream.h"
 #include "reference/plain_like.h"
+#include "require.h"
 
 namespace {
 

@@ -9,17 +9,15 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
+
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
+using fuzz::Require;
 
 // A file that is written anew for each input and stays registered.
 class InputFile {

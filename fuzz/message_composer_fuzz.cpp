@@ -5,17 +5,15 @@
 #include <Utility/strings.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
+
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
+using fuzz::Require;
 
 // The input, taken from the front.
 class Bytes {

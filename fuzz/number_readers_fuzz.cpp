@@ -9,13 +9,12 @@
 #include <memory>
 #include <string>
 
+#include "require.h"
+
 namespace {
 
 using namespace Torvo;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
+using fuzz::Require;
 
 bool Same(double a, double b) {
     return a == b ? std::signbit(a) == std::signbit(b) : std::isnan(a) && std::isnan(b);

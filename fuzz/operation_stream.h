@@ -4,7 +4,6 @@
 #include <Utility/platform/types.h>
 
 #include <cstddef>
-#include <cstdlib>
 
 namespace Torvo::fuzz {
 
@@ -21,10 +20,5 @@ private:
     const uint8* next_;
     const uint8* end_;
 };
-
-// Ends the program, so that the fuzzer keeps the input, unless the container and its plain form agree.
-inline void Require(bool agreed) {
-    if (!agreed) std::abort();
-}
 
 }  // namespace Torvo::fuzz

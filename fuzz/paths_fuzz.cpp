@@ -8,22 +8,22 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
+
+#include "input_text.h"
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
+using fuzz::Require;
+using fuzz::TextOf;
 
 constexpr std::size_t PathLimit = 260;
 constexpr std::size_t QualifiedLimit = 259;
 // The longest extension, and the longest component that one is put on.
 constexpr std::size_t LongestExtension = 5;
 constexpr std::size_t LongestComponent = 254 + LongestExtension - 1;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 // A buffer of exactly the size that a call may fill, with a text in it.
 class Buffer {
@@ -144,26 +144,15 @@ void CheckPlatform(const wstring16& path, const wstring16& more) {
     Require(fits ? buffer.Text().size() < 260 : buffer.Text().empty());
 }
 
-// The text of the input, of which each unit is two bytes, or one where `narrow` is set, so that plain paths are met.
-wstring16 TextOf(const std::uint8_t* data, std::size_t size, bool narrow) {
-    wstring16 text;
-    for (std::size_t i = 0; i + (narrow ? 0 : 1) < size; i += narrow ? 1 : 2) {
-        const auto unit = static_cast<wchar16>(narrow ? data[i] : data[i] | data[i + 1] << 8);
-        if (unit == 0) break;
-        text += unit;
-    }
-    return text;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 3) return 0;
-    const bool narrow = (data[0] & 1) != 0;
+    const bool wide = (data[0] & 1) == 0;
     const auto type = static_cast<FILETYPE>(data[0] >> 1);
     const std::size_t first = std::min<std::size_t>(data[1] * 2u, size - 2);
-    const wstring16 one = TextOf(data + 2, first, narrow);
-    const wstring16 two = TextOf(data + 2 + first, size - 2 - first, narrow);
+    const wstring16 one = TextOf(data + 2, first, wide).data();
+    const wstring16 two = TextOf(data + 2 + first, size - 2 - first, wide).data();
     CheckQualified(one);
     CheckQualified(two);
     CheckRelative(one, two);

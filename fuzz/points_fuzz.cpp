@@ -6,6 +6,7 @@
 
 #include "containers/plain_point_parser.h"
 #include "operation_stream.h"
+#include "require.h"
 
 using namespace Torvo;
 using fuzz::Require;

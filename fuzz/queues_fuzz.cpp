@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "operation_stream.h"
+#include "require.h"
 
 using namespace Torvo;
 using fuzz::Require;

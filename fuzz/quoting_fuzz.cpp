@@ -8,6 +8,7 @@
 
 #include "operation_stream.h"
 #include "reference/plain_quoting.h"
+#include "require.h"
 
 namespace {
 

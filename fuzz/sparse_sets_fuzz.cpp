@@ -3,6 +3,7 @@
 
 #include "containers/plain_sparse_set.h"
 #include "operation_stream.h"
+#include "require.h"
 
 using namespace Torvo;
 using fuzz::Require;

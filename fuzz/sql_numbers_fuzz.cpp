@@ -6,16 +6,14 @@
 #include <support/user_locale.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
+
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
+using fuzz::Require;
 
 wstring16 Widen(const std::uint8_t* data, std::size_t size) {
     wstring16 text(data, data + size);

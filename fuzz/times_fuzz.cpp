@@ -8,18 +8,18 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <vector>
 
+#include "input_text.h"
+#include "require.h"
+
 namespace {
 
 using namespace Torvo;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
+using fuzz::Require;
+using fuzz::TextOf;
 
 constexpr test::TimeHabits Habits[] = {
     {},
@@ -27,17 +27,6 @@ constexpr test::TimeHabits Habits[] = {
     {ZUTEXT(""), ZUTEXT(""), 0, ZUTEXT(":"), ZUTEXT(":"), 2, '-'},
     {ZUTEXT("\u5348\u524D"), ZUTEXT("\u5348\u5F8C"), 1, ZUTEXT("h"), ZUTEXT(" m "), 5, ' '},
 };
-
-std::vector<wchar16> UnitsOf(const std::uint8_t* data, std::size_t size, bool wide) {
-    std::vector<wchar16> units;
-    for (std::size_t i = 0; i + (wide ? 1 : 0) < size; i += wide ? 2 : 1) {
-        const auto unit = static_cast<wchar16>(wide ? data[i] | data[i + 1] << 8 : data[i]);
-        if (unit != 0) units.push_back(unit);
-    }
-    units.push_back(0);
-    units.shrink_to_fit();
-    return units;
-}
 
 // Writes into a block of exactly the size; a success is a text within it.
 template <typename Write>
@@ -107,7 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 2) return 0;
     const test::TimeHabits& habits = Habits[data[0] % std::size(Habits)];
     const test::TimeLocale locale(habits);
-    const std::vector<wchar16> text = UnitsOf(data + 2, size - 2, (data[0] & 0x80) != 0);
+    const std::vector<wchar16> text = TextOf(data + 2, size - 2, (data[0] & 0x80) != 0);
     Times(text.data(), habits, data[1]);
     Numbers(text.data(), habits);
     Spans(text.data(), habits, data[1]);

@@ -3,22 +3,19 @@
 
 #include <Utility/strings.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 
 #include "reference/plain_tokenizers.h"
+#include "require.h"
 
 namespace {
 
 using namespace Torvo;
+using fuzz::Require;
 using Torvo::test::PlainExpressionToken;
 using Torvo::test::PlainPositionToken;
 using Torvo::test::PositionToken;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 // A zero-terminated text on the heap, with nothing behind its terminator.
 class ExactText {

@@ -1,7 +1,9 @@
 #include <Utility/bounded_copy.h>
 #include <Utility/date_strings.h>
+#include <Utility/datetime/calendar.h>
 #include <Utility/locale_info.h>
 #include <Utility/memory_blocks.h>
+#include <Utility/platform/buffer_end.h>
 #include <Utility/platform/date_format.h>
 #include <Utility/platform/runtime.h>
 
@@ -87,7 +89,7 @@ bool PrintInOrder(const zuDATE& date, int16 order, Print print) {
 class BoundedText {
 public:
     BoundedText(wchar16* buffer, uint64 size)
-        : at(buffer), end(buffer + (size == 0 ? 0 : size - 1)), exists(size != 0) {}
+        : at(buffer), end(platform::BufferEnd(buffer, size == 0 ? 0 : size - 1)), exists(size != 0) {}
     ~BoundedText() {
         if (exists) *at = 0;
     }
@@ -142,6 +144,7 @@ void MakeDateString(wchar16* out, uint64 outSize, zuDATE* date, int16 order, wch
 
 bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 order, const wchar16* delimiter1,
                       const wchar16* delimiter2) {
+    if (date == nullptr || (out == nullptr && outSize > 0)) return false;
     return PrintInOrder(*date, order, [=](const auto& first, const auto& second, const auto& third) {
         BoundedText text(out, outSize);
         text.AppendField(first);
@@ -153,8 +156,11 @@ bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 order, c
 }
 
 bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, const wchar16* pattern) {
+    if (out == nullptr && outSize > 0) return false;
     const uint32 locale = GetLocaleIdentifier();
     std::fill_n(out, outSize, wchar16{0});
+    // Some systems take 29 February of any year, and print 1 March.
+    if (!IsDayOfMonth(date.year, date.month, date.day)) return false;
     const SYSTEMTIME time = SystemTimeOf(date);
     const int needed = platform::GetDateFormatW(locale, 0, &time, pattern, nullptr, 0);
     if (needed <= 0) return false;

@@ -152,9 +152,7 @@ bool zuDateTimeImpl::ToLiteral(int32* dateLiteral, int64* timeLiteral) const {
 bool zuDateTimeImpl::ToString(wchar16* out, uint64 outSize, int16 order, const wchar16* delimiter1,
                               const wchar16* delimiter2, const wchar16* timePattern, bool blank) const {
     zuDATE copy = date;
-    if ((out == nullptr && outSize != 0) || !MakeDateStringEx(out, outSize, &copy, order, delimiter1, delimiter2)) {
-        return false;
-    }
+    if (!MakeDateStringEx(out, outSize, &copy, order, delimiter1, delimiter2)) return false;
     uint64 length = platform::wcsnlen(out, outSize);
     if (blank && hasTime && length + 1 < outSize) {
         out[length++] = ' ';

@@ -188,7 +188,7 @@ private:
 }  // namespace
 
 bool zuSQLDateToString(zuDATE date, const wchar16* format, wchar16* out, uint64 outSize) {
-    if (format == nullptr) return false;
+    if (format == nullptr || out == nullptr) return false;
     try {
         const wstring16 text = SqlDatePrinter(date).Print(format);
         if (text.size() >= outSize) return false;
@@ -200,7 +200,7 @@ bool zuSQLDateToString(zuDATE date, const wchar16* format, wchar16* out, uint64 
 }
 
 bool zuSQLStringToDate(const wchar16* text, const wchar16* format, zuDATE* date) {
-    if (text == nullptr || format == nullptr) return false;
+    if (text == nullptr || format == nullptr || date == nullptr) return false;
     try {
         const std::vector<wstring16> tokens = SplitSQLDateTokens(text);
         const std::vector<wstring16> formatTokens = SplitSQLDateTokens(format);

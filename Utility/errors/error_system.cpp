@@ -307,7 +307,7 @@ void cErrorSystemImpl::GetErrorMsg(const wchar16* format, uint64 index, wchar16*
     const bool inList = index < records.size();
     if (inList && format != nullptr && !WithMemory([&] { records[index].format = format; })) overflowed = true;
     if (!Compose(RecordAt(inList ? static_cast<int64>(index) : RecordCount))) overflowed = true;
-    strcpyn(buffer, scratch.c_str(), std::min<uint64>(size, scratch.size() + 1));
+    if (buffer != nullptr) strcpyn(buffer, scratch.c_str(), std::min<uint64>(size, scratch.size() + 1));
 }
 
 void cErrorSystemImpl::SetErrorFunctions(cErrorFuncs* functions) {

@@ -111,9 +111,11 @@ double zu_round(double value, double step) {
 
 unsigned short calculate_crc16(const unsigned char* data, unsigned int length, unsigned short* const table, bool build,
                                int tableSize) {
+    if (table == nullptr) return 0;
     if (build) {
         for (int i = 0; i < tableSize; ++i) table[i] = static_cast<unsigned short>(CrcOfByte(static_cast<uint32>(i)));
     }
+    if (data == nullptr) return 0;
     uint32 crc = 0;
     for (unsigned int i = 0; i < length; ++i) crc = crc >> 8 ^ table[(data[i] ^ crc) & 0xFF];
     return static_cast<unsigned short>(crc);

@@ -61,11 +61,11 @@ ZU_PLATFORM SystemPlatform() {
 }
 
 void GetDateTime(SYSTEMTIME* time) {
-    platform::GetLocalTime(time);
+    if (time != nullptr) platform::GetLocalTime(time);
 }
 
 int SetDateTime(SYSTEMTIME* time) {
-    return detail::SetDateTimeWith(platform::SetLocalTime, time);
+    return time != nullptr ? detail::SetDateTimeWith(platform::SetLocalTime, time) : 0;
 }
 
 }  // namespace Torvo

@@ -28,14 +28,14 @@ wchar16* DoubleToString(double value, wchar16* out, uint64 outSize, bool group, 
                         int32 width) {
     const int32 digits = precision == -1 ? ChoosePrecision(value, format) : precision;
     NeutralText(value, format, digits, width == -1 ? 0 : width).CopyTo(out, outSize);
-    if (group) FormatNumberForUI(out, outSize);
+    if (group && outSize > 0) FormatNumberForUI(out, outSize);
     return out;
 }
 
 wchar16* DoubleToStringEditCtl(double value, wchar16* out, int32 outSize, bool group) {
     const auto size = static_cast<uint64>(std::max(outSize, 0));
     NeutralText(value, PRINTF_FORMAT_G, EditPrecision).CopyTo(out, size);
-    if (group) FormatNumberForUI(out, size);
+    if (group && size > 0) FormatNumberForUI(out, size);
     return out;
 }
 

@@ -66,7 +66,7 @@ int16 GetThousandsGroupSize() {
 }
 
 void FormatNumberForUI(wchar16* text, uint64 size) {
-    if (text == nullptr || size == 0) return;
+    if (text == nullptr) return;
     const bool hasPoint = platform::wcschr(text, '.') != nullptr;
     const wchar16 separator = GetThousandsSeparator();
     const int16 groupSize = GetThousandsGroupSize();

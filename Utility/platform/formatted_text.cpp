@@ -1,5 +1,6 @@
 #include <Utility/platform/formatted_text.h>
 
+#include <Utility/platform/buffer_end.h>
 #include <Utility/platform/float_text.h>
 
 #include <algorithm>
@@ -41,7 +42,7 @@ private:
 // Takes the text: keeps what fits before `end`, counts all of it.
 class Output {
 public:
-    Output(wchar16* buffer, uint64 room) : cursor(buffer), end(buffer + room) {}
+    Output(wchar16* buffer, uint64 room) : cursor(buffer), end(BufferEnd(buffer, room)) {}
 
     void Put(wchar16 unit) {
         if (cursor != end) *cursor++ = unit;

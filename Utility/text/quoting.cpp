@@ -1,4 +1,5 @@
 #include <Utility/bounded_copy.h>
+#include <Utility/platform/buffer_end.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/text_tools.h>
 
@@ -85,7 +86,7 @@ wchar16* unquotestring(wchar16* dst, const wchar16* src, uint64 size, const wcha
     if (!HasQuote(quote) || *src != *quote) return strcpyn(dst, src, size);
     if (size == 0) return dst;
     wchar16* to = dst;
-    const wchar16* const last = dst + (size - 1);
+    const wchar16* const last = platform::BufferEnd(dst, size - 1);
     for (++src; to != last && *src != 0; ++src) {
         if (*src == *quote && *++src != *quote) break;
         *to++ = *src;

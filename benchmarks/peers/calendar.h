@@ -10,11 +10,7 @@ struct PeerDate {
     std::int8_t day;
 };
 
-#if defined(_WIN32)
-#define PEER_API
-#else
 #define PEER_API __attribute__((visibility("default")))
-#endif
 
 // std::chrono: days from 1 January 1970.
 PEER_API std::int32_t ChronoDays(const PeerDate* date);

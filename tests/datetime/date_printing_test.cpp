@@ -3,7 +3,7 @@
 #include <Utility/locale_info.h>
 #include <Utility/platform/host.h>
 #include <gtest/gtest.h>
-#include <support/dates.h>
+#include <support/date_names.h>
 #include <support/guarded_buffer.h>
 #include <support/random.h>
 
@@ -12,7 +12,10 @@
 namespace {
 
 using namespace Torvo;
+using test::German;
 using test::GuardedBuffer;
+using test::Japanese;
+using test::Polish;
 
 constexpr zuDATE LeapDay = {2024, 2, 29};
 constexpr uint64 Size = 40;
@@ -66,6 +69,24 @@ TEST(MakeDateString, IsCutAtTheSize) {
     GuardedBuffer nothing(0);
     MakeDateString(nothing.Start(), 0, &date, 0, '/');
     MakeDateString(nullptr, 0, &date, 0, '/');
+}
+
+TEST(MakeDateString, TakesASizeThatStandsForNoLimit) {
+    for (const uint64 size : test::SizesWithoutALimit) {
+        wchar16 buffer[12];
+        zuDATE date = LeapDay;
+        MakeDateString(buffer, size, &date, 2, '-');
+        EXPECT_EQ(wstring16(buffer), ZUTEXT("2024-02-29")) << size;
+    }
+}
+
+TEST(MakeDateString, FailsWithoutADateOrABuffer) {
+    wchar16 buffer[] = ZUTEXT("as it was");
+    zuDATE date = LeapDay;
+    MakeDateString(nullptr, 9, &date, 0, '/');
+    EXPECT_FALSE(MakeDateStringEx(nullptr, 9, &date, 0, ZUTEXT("/"), ZUTEXT("/")));
+    EXPECT_FALSE(MakeDateStringEx(buffer, 9, nullptr, 0, ZUTEXT("/"), ZUTEXT("/")));
+    EXPECT_EQ(wstring16(buffer), ZUTEXT("as it was"));
 }
 
 TEST(MakeDateString, NothingBehindTheTerminatorIsTouched) {
@@ -134,27 +155,7 @@ TEST(MakeDateString, PrintsWhatPrintfPrints) {
 
 // ---- Pictures of the system
 
-constexpr uint32 English = 0x409;
-constexpr uint32 German = 0x407;
-constexpr uint32 Polish = 0x415;
-constexpr uint32 Japanese = 0x411;
-
-class FormatDate : public testing::Test {
-protected:
-    void SetUp() override {
-        ClearErrors();
-        former = platform::GetThreadLocale();
-        platform::SetThreadLocale(English);
-    }
-    void TearDown() override {
-        platform::SetThreadLocale(former);
-        ResetZULocaleInfo();
-        EXPECT_EQ(test::TakeErrors(), "");
-    }
-
-private:
-    uint32 former = 0;
-};
+class FormatDate : public test::DateNames {};
 
 // The text; the rest of the buffer has to be cleared.
 template <typename Picture>
@@ -194,7 +195,8 @@ TEST_F(FormatDate, IsCutAtTheSizeAndClearsTheRest) {
 TEST_F(FormatDate, RefusedDateLeavesTheBufferCleared) {
     for (const zuDATE& date :
          {zuDATE{1600, 12, 31}, zuDATE{987, 6, 5}, zuDATE{0, 0, 0}, zuDATE{2024, 2, 30}, zuDATE{2024, 13, 1},
-          zuDATE{2024, 0, 1}, zuDATE{2024, 1, 0}, zuDATE{-2024, 1, 1}, zuDATE{2024, -1, 1}, zuDATE{2024, 1, -1}}) {
+          zuDATE{2024, 0, 1}, zuDATE{2024, 1, 0}, zuDATE{-2024, 1, 1}, zuDATE{2024, -1, 1}, zuDATE{2024, 1, -1},
+          zuDATE{2023, 2, 29}, zuDATE{1900, 2, 29}, zuDATE{2023, 4, 31}}) {
         GuardedBuffer buffer(20);
         EXPECT_FALSE(FormatDateString(buffer.Start(), 20, date, ZUTEXT("d"))) << test::Told(date);
         EXPECT_EQ(buffer.Text(), ZUTEXT(""));
@@ -222,6 +224,12 @@ TEST_F(FormatDate, PictureIsTheOneOfTheLastRefreshAndTheNamesAreTheThreads) {
     platform::SetThreadLocale(German);
     EXPECT_EQ(Format(LeapDay, LongDate), ZUTEXT("Donnerstag, Februar 29, 2024"));
     EXPECT_EQ(Format(LeapDay, LongDate), ZUTEXT("Donnerstag, 29. Februar 2024"));  // which has asked for the locale
+}
+
+TEST_F(FormatDate, FailsWithoutABuffer) {
+    EXPECT_FALSE(FormatDateString(nullptr, 20, LeapDay, ZUTEXT("d")));
+    EXPECT_FALSE(FormatDateString(nullptr, 20, LeapDay, ShortDate));
+    EXPECT_TRUE(FormatDateString(nullptr, 0, LeapDay, ZUTEXT("d")));
 }
 
 TEST_F(FormatDate, UnknownItemLeavesTheBuffer) {

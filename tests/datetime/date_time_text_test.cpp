@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "support/guarded_buffer.h"
+#include "support/thread_locale.h"
 #include "support/time_locale.h"
 #include "support/times.h"
 
@@ -21,18 +22,14 @@ std::string Read(const wchar16* text) {
 
 class DateTimeText : public testing::Test {
 protected:
-    DateTimeText() {
-        platform::SetThreadLocale(0x0409);
-        ClearErrors();
-    }
+    DateTimeText() { ClearErrors(); }
     ~DateTimeText() override {
-        platform::SetThreadLocale(former);
         SetDateFormatCallback(nullptr);
         ClearErrors();
     }
 
 private:
-    const uint32 former = platform::GetThreadLocale();
+    const ThreadLocale english{0x0409};
 };
 
 // The current year, as the reader of dates puts it in.
@@ -107,6 +104,15 @@ TEST_F(DateTimeText, ADateThatFillsItsBufferIsASuccess) {
     EXPECT_EQ(Written(*dateTime, how, 11), Result(true, ZUTEXT("2024-02-29")));
     EXPECT_TRUE(dateTime->ToString(nullptr, 0, 2, ZUTEXT("-"), ZUTEXT("-"), nullptr, true));
     EXPECT_FALSE(dateTime->ToString(nullptr, 20, 2, ZUTEXT("-"), ZUTEXT("-"), nullptr, true));
+}
+
+TEST_F(DateTimeText, TakesASizeThatStandsForNoLimit) {
+    const std::unique_ptr<zuDateTime> moment(CreateDateTime(2024, 2, 29, 13, 5, 9));
+    for (const uint64 size : SizesWithoutALimit) {
+        wchar16 out[32];
+        EXPECT_TRUE(moment->ToString(out, size, 2, ZUTEXT("-"), ZUTEXT("-"), ZUTEXT("HH:mm:ss"), true));
+        EXPECT_EQ(wstring16(out), ZUTEXT("2024-02-29 13:05:09")) << size;
+    }
 }
 
 TEST_F(DateTimeText, ATimeThatDoesNotFitIsAFailureBehindTheDate) {

@@ -3,34 +3,20 @@
 #include <Utility/platform/host.h>
 #include <Utility/sql_dates.h>
 #include <gtest/gtest.h>
-#include <support/dates.h>
+#include <support/date_names.h>
 
 namespace {
 
 using namespace Torvo;
+using test::English;
+using test::German;
+using test::Russian;
 using test::TakeErrors;
 using test::Told;
 
 constexpr zuDATE LeapDay = {2024, 2, 29};
-constexpr uint32 English = 0x409;
-constexpr uint32 German = 0x407;
-constexpr uint32 Russian = 0x419;
 
-class SqlDates : public testing::Test {
-protected:
-    void SetUp() override {
-        ClearErrors();
-        former = platform::GetThreadLocale();
-        platform::SetThreadLocale(English);
-    }
-    void TearDown() override {
-        platform::SetThreadLocale(former);
-        EXPECT_EQ(TakeErrors(), "");
-    }
-
-private:
-    uint32 former = 0;
-};
+class SqlDates : public test::DateNames {};
 
 wstring16 Print(zuDATE date, const wchar16* format) {
     wstring16 buffer(300, '~');
@@ -148,6 +134,7 @@ TEST_F(SqlDates, TextMustFitWithItsTerminator) {
     EXPECT_TRUE(zuSQLDateToString(LeapDay, ZUTEXT(""), buffer, 1));
     EXPECT_EQ(wstring16(buffer), ZUTEXT(""));
     EXPECT_FALSE(zuSQLDateToString(LeapDay, nullptr, buffer, 11));
+    EXPECT_FALSE(zuSQLDateToString(LeapDay, ZUTEXT("d"), nullptr, 11));
 }
 
 TEST_F(SqlDates, LongFormatsArePrinted) {
@@ -253,6 +240,7 @@ TEST_F(SqlDates, LaterWordsOverwriteEarlierOnes) {
 TEST_F(SqlDates, NullTextsFailWithoutAnError) {
     EXPECT_EQ(Read(nullptr, ZUTEXT("d")), "");
     EXPECT_EQ(Read(ZUTEXT("d"), nullptr), "");
+    EXPECT_FALSE(zuSQLStringToDate(ZUTEXT("5"), ZUTEXT("d"), nullptr));
 }
 
 TEST_F(SqlDates, WhatIsPrintedIsReadBack) {

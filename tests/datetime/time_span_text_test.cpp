@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/guarded_buffer.h"
+#include "support/thread_locale.h"
 #include "support/time_locale.h"
 #include "support/times.h"
 
@@ -24,12 +25,8 @@ wstring16 Written(zuTimeSpan* made, bool dot, const wchar16* picture = nullptr, 
 }
 
 class TimeSpanText : public testing::Test {
-protected:
-    TimeSpanText() { platform::SetThreadLocale(0x0409); }
-    ~TimeSpanText() override { platform::SetThreadLocale(former); }
-
 private:
-    const uint32 former = platform::GetThreadLocale();
+    const ThreadLocale english{0x0409};
 };
 
 // ---- Writing
@@ -62,6 +59,15 @@ TEST_F(TimeSpanText, TheTimeHasAtMost31Units) {
     EXPECT_EQ(Written(CreateTimeSpan(5, 0, 0), false, longest.c_str()),
               ZUTEXT("0") + wstring16(29, 'x') + ZUTEXT("05"));
     EXPECT_EQ(Written(CreateTimeSpan(5, 0, 0), false, (longest + ZUTEXT(":")).c_str()), ZUTEXT("refused"));
+}
+
+TEST_F(TimeSpanText, TakesASizeThatStandsForNoLimit) {
+    const TimeSpan span(CreateTimeSpan(3, 12, 0, 0));
+    for (const uint64 size : SizesWithoutALimit) {
+        wchar16 out[32];
+        EXPECT_TRUE(span->ToString(out, size, nullptr, true));
+        EXPECT_EQ(wstring16(out), ZUTEXT("3.12:00:00.0000000")) << size;
+    }
 }
 
 TEST_F(TimeSpanText, IsRefusedWhereItDoesNotFit) {

@@ -392,6 +392,19 @@ TEST_F(Errors, AMessageIsCutToItsBuffer) {
     }
 }
 
+TEST_F(Errors, AFormatIsKeptWithoutABufferForTheMessage) {
+    SetError(ERRORLEVEL_ERROR, 46, nullptr, GuidOf(1), 4, ZUTEXT("x"), nullptr);
+    GetErrorMsg(ZUTEXT("Not found: ^0."), 0, nullptr, 10);
+    EXPECT_EQ(Message(0), ZUTEXT("Not found: x."));
+}
+
+TEST_F(Errors, ANullBufferIsOneOfSizeZero) {
+    EXPECT_FALSE(GetNextError(true, nullptr, 100));
+    Raise(1, ZUTEXT("one"));
+    EXPECT_TRUE(GetNextError(true, nullptr, 100));
+    EXPECT_EQ(Group(true), LostText());
+}
+
 TEST_F(Errors, ClearingLeavesTheResourceIdentifiers) {
     SetError(ERRORLEVEL_ERROR, 77, ZUTEXT("f"), GuidOf(1), 7, ZUTEXT("a"), nullptr);
     ClearErrors();

@@ -8,14 +8,13 @@
 #include <support/own_file_system.h>
 #include <support/temp_directory.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <thread>
 
 namespace {
 
 using namespace Torvo;
-using test::GuardedBuffer;
+using test::GuardedPath;
 using test::InDirectory;
 using test::OwnFileSystem;
 using test::TempDirectory;
@@ -157,10 +156,7 @@ TEST(ModuleDirectory, IsThatOfTheLibrary) {
 
 // The process's directory as text that the library uses.
 wstring16 Here() {
-    GuardedBuffer path(261);
-    *path.Start() = 0;
-    qualify_filename(path.Start());
-    return path.Text();
+    return GuardedPath(qualify_filename);
 }
 
 TEST(ChangeDirectory, GoesToTheDirectoryOfAFileAndBack) {
@@ -251,10 +247,9 @@ struct Found {
 };
 
 Found Search(const wstring16& name, FILETYPE type = ftNone) {
-    GuardedBuffer path(261);
-    *std::copy(name.begin(), name.end(), path.Start()) = 0;
-    const bool result = search_for_file(path.Start(), type);
-    return {result, path.Text()};
+    bool result = false;
+    const wstring16 path = GuardedPath([&](wchar16* out) { result = search_for_file(out, type); }, name);
+    return {result, path};
 }
 
 TEST(SearchForFile, FirstDirectoryWins) {

@@ -1,13 +1,12 @@
-#include <Utility/errors.h>
 #include <Utility/files.h>
 #include <Utility/instance.h>
 #include <Utility/paths.h>
 #include <gtest/gtest.h>
-#include <support/current_directory.h>
 #include <support/guarded_buffer.h>
 #include <support/own_file_system.h>
 #include <support/temp_directory.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <thread>
@@ -15,22 +14,17 @@
 namespace {
 
 using namespace Torvo;
-using test::GuardedBuffer;
-using test::InDirectory;
+using test::GuardedPath;
 using test::OwnFileSystem;
 using test::TempDirectory;
 
 namespace fs = std::filesystem;
 
 wstring16 TempName(const wchar16* directory, FILETYPE type) {
-    GuardedBuffer name(261);
-    tempname(name.Start(), directory, type);
-    return name.Text();
+    return GuardedPath([=](wchar16* path) { tempname(path, directory, type); });
 }
 wstring16 TempName(const wchar16* directory) {
-    GuardedBuffer name(261);
-    tempname(name.Start(), directory);
-    return name.Text();
+    return GuardedPath([=](wchar16* path) { tempname(path, directory); });
 }
 
 bool IsNumber(const wstring16& text) {
@@ -136,22 +130,15 @@ TEST(TempFile, IsRegisteredAndNotOpened) {
     FILE* const file = tempfile(directory.Path().c_str());
     ASSERT_NE(file, nullptr);
     EXPECT_EQ(fileno2(file), 1000);
-    GuardedBuffer path(261);
-    fhandle2path(1000, path.Start());
-    EXPECT_EQ(CountIn(path.Text(), ZUTEXT(".TMP")), 0);
-    EXPECT_EQ(path.Text().substr(0, directory.Path().size() + 1), directory.Path() + ZUTEXT("\\"));
-    EXPECT_EQ(is_file_registered(path.Text().c_str(), ftTab), 1000) << "with no type";
+    const wstring16 path = GuardedPath([](wchar16* out) { fhandle2path(1000, out); });
+    EXPECT_EQ(CountIn(path, ZUTEXT(".TMP")), 0);
+    EXPECT_EQ(path.substr(0, directory.Path().size() + 1), directory.Path() + ZUTEXT("\\"));
+    EXPECT_EQ(is_file_registered(path.c_str(), ftTab), 1000) << "with no type";
     EXPECT_TRUE(fs::is_empty(directory.Native()));
     FILE* const next = tempfile(directory.Path().c_str());
     EXPECT_EQ(fileno2(next), 1001);
     funregister_file(file);
     funregister_file(next);
-}
-
-wstring16 TileFolder() {
-    GuardedBuffer folder(261);
-    CreteTempFolderForZxtTile(folder.Start());
-    return folder.Text();
 }
 
 fs::path Native(const wstring16& path) {
@@ -170,7 +157,7 @@ protected:
         for (const wstring16& folder : made) fs::remove_all(Native(folder), ignored);
     }
     wstring16 Make() {
-        const wstring16 folder = TileFolder();
+        const wstring16 folder = GuardedPath(CreteTempFolderForZxtTile);
         made.insert(folder);
         return folder;
     }

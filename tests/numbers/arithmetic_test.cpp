@@ -251,6 +251,14 @@ TEST(Crc16, KnownValueAndEmptyInput) {
     EXPECT_EQ(calculate_crc16(nullptr, 0, table.data(), false, 256), 0);
 }
 
+TEST(Crc16, WithoutDataOrATableItIsZero) {
+    std::array<unsigned short, 256> table{};
+    EXPECT_EQ(calculate_crc16(Bytes("123456789"), 9, nullptr, true, 256), 0);
+    EXPECT_EQ(calculate_crc16(Bytes("123456789"), 9, nullptr, false, 256), 0);
+    EXPECT_EQ(calculate_crc16(nullptr, 9, table.data(), true, 256), 0);
+    EXPECT_EQ(table[1], 0xC0C1) << "built all the same";
+}
+
 TEST(Crc16, TheTableIsBuiltOnceAndUsedAgain) {
     std::array<unsigned short, 256> table{};
     EXPECT_EQ(calculate_crc16(nullptr, 0, table.data(), true, 256), 0);

@@ -89,6 +89,11 @@ TEST(DateTime, IsTheLocalTime) {
     EXPECT_LT(now.wMilliseconds, 1000);
 }
 
+TEST(DateTime, NoTimeIsNoHarm) {
+    GetDateTime(nullptr);
+    EXPECT_EQ(SetDateTime(nullptr), 0);
+}
+
 // Only times that no system takes: a test does not move the clock of the machine that it runs on.
 TEST(DateTime, WhatIsNoTimeIsRefused) {
     SYSTEMTIME base{};

@@ -172,6 +172,35 @@ TEST(NumberParsing, NumbersOutsideTheirRangeFail) {
     EXPECT_EQ(Ask<unsigned int>(ZUTEXT("4294967296"), StringToUnsignedInt), Failure<unsigned int>());
 }
 
+TEST(NumberParsing, ErrnoIsWhatTheRuntimesReaderLeaves) {
+    const auto left = [](auto read) {
+        errno = 5;
+        read();
+        return errno;
+    };
+    int32 value;
+    int16 small;
+    uint32 bits;
+    int64 wide;
+    double real;
+    EXPECT_EQ(left([&] { StringToShort(ZUTEXT("40000"), &small, nullptr); }), 0) << "it fits 32 bits";
+    EXPECT_EQ(left([&] { StringToShort(ZUTEXT("+40000"), &small, nullptr); }), 0);
+    EXPECT_EQ(left([&] { StringToShort(ZUTEXT("4000000000"), &small, nullptr); }), ERANGE);
+    EXPECT_EQ(left([&] { StringToInt32(ZUTEXT("21"), &value, nullptr, 10, 20); }), 0);
+    EXPECT_EQ(left([&] { StringToInt32(ZUTEXT("none"), &value, nullptr, 10, 20); }), 0);
+    EXPECT_EQ(left([&] { StringToInt32(ZUTEXT("-2147483649"), &value, nullptr, 10, 20); }), ERANGE);
+    EXPECT_EQ(left([&] { StringToUnsignedInt32(ZUTEXT("1"), &bits, nullptr, 37); }), EINVAL);
+    EXPECT_EQ(left([&] { StringToUnsignedInt32(ZUTEXT("1"), &bits, nullptr, 36); }), 0);
+    EXPECT_EQ(left([&] { StringToUnsignedInt(ZUTEXT("4294967296"), &bits, nullptr); }), ERANGE);
+    EXPECT_EQ(left([&] { StringToInt64(ZUTEXT("1"), &wide); }), 5);
+    EXPECT_EQ(left([&] { StringToInt64(ZUTEXT("99999999999999999999"), &wide); }), ERANGE);
+    EXPECT_EQ(left([&] { StringToDouble(ZUTEXT("1"), &real, nullptr); }), 0);
+    EXPECT_EQ(left([&] { StringToDouble(ZUTEXT("1e999"), &real, nullptr); }), ERANGE);
+    const wstring16 tooLong(200, '1');
+    EXPECT_EQ(left([&] { StringToIntFmtCtl(tooLong.c_str(), &value, true); }), 5) << "it is not read";
+    EXPECT_EQ(left([&] { StringToDoubleFmtCtl(tooLong.c_str(), &real, true); }), 5);
+}
+
 TEST(NumberParsing, UnsignedNumbersTakeAMinusAndABase) {
     EXPECT_EQ(UInt32(ZUTEXT("-1")), (Answer<uint32>{true, 4294967295u, 2}));
     EXPECT_EQ(Ask<unsigned int>(ZUTEXT("-1"), StringToUnsignedInt), (Answer<unsigned int>{true, 4294967295u, 2}));

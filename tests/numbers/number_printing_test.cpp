@@ -68,6 +68,7 @@ TEST(NumberPrinting, AutomaticPrecision) {
     EXPECT_EQ(Printed(1000000.125, -1, PRINTF_FORMAT_G), ZUTEXT("1000000.12"));
     EXPECT_EQ(Printed(1234.56789, -1, PRINTF_FORMAT_G), ZUTEXT("1234.57"));               // 3 + 3 digits
     EXPECT_EQ(Printed(12345.6789, -1, PRINTF_FORMAT_G), ZUTEXT("12345.68"));              // 4 + 3
+    EXPECT_EQ(Printed(123456.789, -1, PRINTF_FORMAT_G), ZUTEXT("123456.79"));             // 5 + 3
     EXPECT_EQ(Printed(123.456789, -1, PRINTF_FORMAT_G), ZUTEXT("123.457"));               // 5 is too few
     EXPECT_EQ(Printed(123456789012.34, -1, PRINTF_FORMAT_G), ZUTEXT("123456789012.34"));  // 14
     EXPECT_EQ(Printed(1234567890123.4, -1, PRINTF_FORMAT_G), ZUTEXT("1.23457e+12"));      // 15 is too many
@@ -120,7 +121,11 @@ TEST(NumberPrinting, WhatIsNoNumberHasItsOwnWord) {
         EXPECT_EQ(Printed(NaN, -1, format), ZUTEXT("nan"));
         EXPECT_EQ(Printed(-NaN, -1, format), ZUTEXT("-nan(ind)"));
     }
-    EXPECT_EQ(Printed(std::bit_cast<double>(0x7FFFFFFFFFFFFFFF), -1, PRINTF_FORMAT_G), ZUTEXT("nan"));
+    const auto printed = [](uint64 bits) { return Printed(std::bit_cast<double>(bits), -1, PRINTF_FORMAT_G); };
+    EXPECT_EQ(printed(0x7FFFFFFFFFFFFFFF), ZUTEXT("nan"));
+    EXPECT_EQ(printed(0xFFFFFFFFFFFFFFFF), ZUTEXT("-nan"));
+    EXPECT_EQ(printed(0x7FF0000000000001), ZUTEXT("nan(snan)"));
+    EXPECT_EQ(printed(0xFFF0000000000001), ZUTEXT("-nan(snan)"));
     EXPECT_EQ(Printed(Infinity, 3, PRINTF_FORMAT_F, 6, true), ZUTEXT("   inf"));
     EXPECT_EQ(Coordinate(NaN), ZUTEXT("nan"));
     EXPECT_EQ(Coordinate(-Infinity), ZUTEXT("-inf"));
@@ -152,6 +157,15 @@ TEST(NumberPrinting, ForAnEditControl) {
     EXPECT_EQ(printed(1234567.25, 64, false), ZUTEXT("1234567.25"));
 }
 
+TEST(NumberPrinting, ASizeOfZeroLeavesWhatStandsInTheBuffer) {
+    UserLocale german(',', '.', 3);
+    wchar16 buffer[] = ZUTEXT("1234.5");
+    DoubleToString(1.5, buffer, 0, true, -1, PRINTF_FORMAT_G, -1);
+    DoubleToStringEditCtl(1.5, buffer, 0, true);
+    DoubleToStringEditCtl(1.5, buffer, -1, true);
+    EXPECT_EQ(wstring16(buffer), ZUTEXT("1234.5"));
+}
+
 TEST(NumberPrinting, CoordinatesHaveNoNoise) {
     UserLocale german(',', '.', 3);  // makes no difference
     EXPECT_EQ(Coordinate(12.5), ZUTEXT("12.5"));
@@ -170,6 +184,8 @@ TEST(NumberPrinting, CoordinatesAreCutAtTwentyNineUnits) {
     EXPECT_EQ(Coordinate(1e20), ZUTEXT("100000000000000000000"));
     EXPECT_EQ(Coordinate(1e27), ZUTEXT("1000000000000000013287555072"));  // the point is the last unit that stays
     EXPECT_EQ(Coordinate(1e28), ZUTEXT("9999999999999999583119736832"));
+    EXPECT_EQ(Coordinate(-2e28), ZUTEXT("-1999999999999999916623947366"));  // the sign takes the place of a digit
+    EXPECT_EQ(Coordinate(1234567890123456.75), ZUTEXT("1234567890123456.75"));
     EXPECT_EQ(Coordinate(1e30), ZUTEXT("10000000000000000198846248386"));
     EXPECT_EQ(Coordinate(12.5, 4), ZUTEXT("12."));
     EXPECT_EQ(Coordinate(12.5, 1), ZUTEXT(""));

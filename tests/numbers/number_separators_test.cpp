@@ -113,6 +113,8 @@ TEST(NumberSeparators, InsertionStopsWhenTheBufferIsFull) {
     EXPECT_EQ(Formatted(ZUTEXT("1234567.25"), 12), ZUTEXT("1234.567,25"));
     EXPECT_EQ(Formatted(ZUTEXT("1234567.25"), 11), ZUTEXT("1234567,25"));  // one free unit: the decimal point alone
     EXPECT_EQ(Formatted(ZUTEXT("1234567.25"), 10), ZUTEXT("1234567,25"));
+    EXPECT_EQ(Formatted(ZUTEXT("1234.5"), 1), ZUTEXT("1234,5"));
+    EXPECT_EQ(Formatted(ZUTEXT("1234.5"), 0), ZUTEXT("1234,5"));
 }
 
 TEST(NumberSeparators, DeformattingRemovesAllSeparatorsAndTurnsTheLastDecimal) {

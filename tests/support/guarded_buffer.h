@@ -7,6 +7,10 @@
 
 namespace Torvo::test {
 
+// Sizes by which a caller says that there is no limit: from a half of all addresses on, the end of such a buffer would
+// wrap around.
+inline constexpr uint64 SizesWithoutALimit[] = {~uint64{0}, (uint64{1} << 63) + 1, (uint64{1} << 63) + 5};
+
 // A buffer that tells when anything but its first `size` units was touched.
 class GuardedBuffer {
 public:
@@ -28,5 +32,14 @@ private:
     const uint64 size;
     wstring16 units;
 };
+
+// What a call makes of a path in a buffer of the size that paths have: nothing else is touched.
+template <typename Call>
+wstring16 GuardedPath(Call call, const wstring16& before = {}) {
+    GuardedBuffer buffer(261);
+    *std::copy(before.begin(), before.end(), buffer.Start()) = 0;
+    call(buffer.Start());
+    return buffer.Text();
+}
 
 }  // namespace Torvo::test

@@ -1,6 +1,7 @@
 #include <Utility/text_tools.h>
 #include <gtest/gtest.h>
 #include <reference/plain_quoting.h>
+#include <support/guarded_buffer.h>
 #include <support/random.h>
 
 #include <algorithm>
@@ -113,6 +114,14 @@ TEST(Quoting, ReadsNoMoreThanFits) {
     wchar16 buffer[3];
     EXPECT_EQ(wstring16(quotestring(buffer, nothing.get(), 3, quote)), ZUTEXT("''"));
     EXPECT_EQ(InPlace(quotestring, ZUTEXT("abcd"), 4), ZUTEXT("'a'"));
+}
+
+TEST(Quoting, TakesASizeThatStandsForNoLimit) {
+    for (const uint64 size : test::SizesWithoutALimit) {
+        wchar16 buffer[12];
+        EXPECT_EQ(wstring16(quotestring(buffer, ZUTEXT("it's"), size, quote)), ZUTEXT("'it''s'")) << size;
+        EXPECT_EQ(wstring16(unquotestring(buffer, ZUTEXT("'it''s'"), size, quote)), ZUTEXT("it's")) << size;
+    }
 }
 
 TEST(Quoting, NullsAreRefused) {

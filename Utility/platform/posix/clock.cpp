@@ -2,6 +2,7 @@
 #include <Utility/platform/threads.h>
 #include <time.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace Torvo::platform {
@@ -27,6 +28,13 @@ tm ToTm(const SYSTEMTIME& time) {
     return parts;
 }
 
+// Zones that count leap seconds have a second 60, which the system's times do not have: it is told as 59.
+bool BreakDown(time_t time, tm* parts) {
+    if (::localtime_r(&time, parts) == nullptr) return false;
+    parts->tm_sec = std::min(parts->tm_sec, 59);
+    return true;
+}
+
 bool IsTimeOfDay(const SYSTEMTIME& time) {
     return time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60 && time.wMilliseconds < 1000;
 }
@@ -47,7 +55,7 @@ void GetLocalTime(SYSTEMTIME* time) {
     timespec now{};
     tm parts{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    ::localtime_r(&now.tv_sec, &parts);
+    BreakDown(now.tv_sec, &parts);
     *time = {static_cast<uint16>(parts.tm_year + FirstYearOfTm),
              static_cast<uint16>(parts.tm_mon + 1),
              static_cast<uint16>(parts.tm_wday),
@@ -81,9 +89,7 @@ bool _localtime64(int64 seconds, std::tm* parts) {
     constexpr int64 LastSecond = 32535215999;
     constexpr int64 HalfADay = 43200;
     std::tm broken{};
-    const time_t time = seconds;
-    if (seconds < -HalfADay || seconds > LastSecond + HalfADay || ::localtime_r(&time, &broken) == nullptr)
-        return false;
+    if (seconds < -HalfADay || seconds > LastSecond + HalfADay || !BreakDown(seconds, &broken)) return false;
     *parts = broken;
     return true;
 }

@@ -49,8 +49,7 @@ constexpr std::ptrdiff_t SourceAhead = 2 * Lanes + 1;
 class SingleEncoder {
 public:
     SingleEncoder(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules)
-        : page_(page),
-          encoder_(page, rules),
+        : encoder_(page, rules),
           linear_(page.Linear()),
           at_(source.text),
           end_(source.text + source.size),
@@ -124,7 +123,6 @@ private:
         return MayCombine(at_[Lanes]) ? Lanes - 1 : Lanes;
     }
 
-    const CodePage& page_;
     Encoder encoder_;
     const LinearLanes linear_;
     const wchar16* at_;
