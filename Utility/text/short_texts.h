@@ -5,28 +5,14 @@
 // page that the text lies in; a sanitizer cannot know that, so under one there are plain loops.
 #pragma once
 
-#include <Utility/platform/types.h>
-
-#include <bit>
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define TORVO_PLAIN_SHORT_TEXTS 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || __has_feature(memory_sanitizer)
-#define TORVO_PLAIN_SHORT_TEXTS 1
-#endif
-#endif
-
-#if !defined(TORVO_PLAIN_SHORT_TEXTS)
-#include <emmintrin.h>
-#endif
+#include <Utility/platform/text_scan.h>
 
 namespace Torvo {
 
 // Texts with fewer units are short.
 inline constexpr uint32 ShortTextUnits = 24;
 
-#if defined(TORVO_PLAIN_SHORT_TEXTS)
+#if defined(TORVO_PLAIN_LOOPS)
 
 inline bool CanReadAhead(const wchar16* /*text*/) {
     return true;

@@ -1,12 +1,13 @@
 #include <Utility/text/string_normalizer.h>
 
 #include <Utility/conversion.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/locale_info.h>
-#include <Utility/memory_blocks.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/strings.h>
 #include <Utility/text/narrow_text.h>
 #include <Utility/text/short_texts.h>
+#include <Utility/text/sign.h>
 
 #include <cstring>
 #include <limits>
@@ -31,10 +32,6 @@ constexpr uint64 ByteRoom(uint64 length) {
 constexpr uint16 ReportedCode(ZUCHARSET cs, uint16 code) {
     const bool goesUnderAlias = cs == csWindowsLatin1 && code == StringNormalizerImpl::Latin1Code;
     return goesUnderAlias ? StringNormalizerImpl::Latin1Alias : code;
-}
-
-int32 Sign(int difference) {
-    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
 }
 
 // Compares two units, each by itself: -1 or 1 if they decide, 0 if they fold alike, or Undecided. A unit that differs
@@ -91,16 +88,15 @@ StringNormalizerImpl::StringNormalizerImpl(ZUCHARSET cs, const NormalizationTabl
 bool StringNormalizerImpl::Normalize(const wchar16* source, wchar16** result, uint64* resultLength) {
     if (source == nullptr || result == nullptr) return false;
     const uint64 size = platform::wcslen(source) + 1;
-    void* block = nullptr;
-    falloc_(size * sizeof(wchar16), &block, false, false);
-    *result = static_cast<wchar16*>(block);
-    if (block == nullptr) return false;
-    std::memcpy(block, source, size * sizeof(wchar16));
-    if (!NormalizeInPlace(*result, 0)) {
-        ffree_(&block);
-        *result = nullptr;
+    *result = nullptr;
+    wchar16* const folded = NewBlock<wchar16>(size);
+    if (folded == nullptr) return false;
+    std::memcpy(folded, source, size * sizeof(wchar16));
+    if (!NormalizeInPlace(folded, 0)) {
+        FreeBlock(folded);
         return false;
     }
+    *result = folded;
     if (resultLength != nullptr) *resultLength = size;
     return true;
 }
@@ -111,14 +107,14 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
     if (length == 0 || FoldByUnits(units, text, length)) return true;
 
     char fixed[ByteRoom(FixedInPlaceUnits) + 1];
-    void* block = nullptr;
-    if (length > FixedInPlaceUnits && !falloc_(ByteRoom(length) + 1, &block, false, false)) return false;
-    char* const bytes = block != nullptr ? static_cast<char*>(block) : fixed;
+    char* const block = length > FixedInPlaceUnits ? NewBlock<char>(ByteRoom(length) + 1) : nullptr;
+    if (length > FixedInPlaceUnits && block == nullptr) return false;
+    char* const bytes = block != nullptr ? block : fixed;
     Fold(text, length, bytes);
     // The terminator may go on top of the size, which therefore leaves room for it. A folded text that would be longer
     // (a symbolic page may have two bytes to a character, which are folded one by one) leaves an empty one.
     ConvertMBCSCharToSystem(bytes, charset, text, length);
-    ffree_(&block);
+    FreeBlock(block);
     return true;
 }
 
@@ -154,14 +150,12 @@ int32 StringNormalizerImpl::CompareShort(const wchar16* a, uint64 lengthA, const
 
 // The block is asked for before anything is compared, since a text without one is compared in another way.
 int32 StringNormalizerImpl::CompareLong(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const {
-    const uint64 units16 = lengthA + lengthB + 2;
-    void* block = nullptr;
-    if (units16 > std::numeric_limits<uint32>::max() || !falloc_(units16 * sizeof(wchar16), &block, false, false)) {
-        return zuStrCmp(a, b);
-    }
+    const uint64 both = lengthA + lengthB + 2;
+    char* const block = both <= std::numeric_limits<uint32>::max() ? NewBlock<char>(2 * both) : nullptr;
+    if (block == nullptr) return zuStrCmp(a, b);
     int32 result = CompareByUnits(units, a, b);
-    if (result == Undecided) result = CompareConverted(a, lengthA, b, lengthB, static_cast<char*>(block));
-    ffree_(&block);
+    if (result == Undecided) result = CompareConverted(a, lengthA, b, lengthB, block);
+    FreeBlock(block);
     return result;
 }
 

@@ -1,23 +1,21 @@
-#include <Utility/conversion.h>
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/normalizers.h>
 #include <Utility/platform/locales.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/text/collation_loader.h>
 #include <Utility/text/collation_work.h>
+#include <Utility/text/icu_locale_name.h>
 #include <Utility/text/key_text.h>
+#include <Utility/text/sign.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
-#include <string_view>
 
 namespace Torvo {
 
 namespace {
-
-constexpr int32 LocaleNameSize = 85;
 
 using platform::CollationCalls;
 using platform::CollationStrength;
@@ -33,20 +31,6 @@ struct NamedLocale {
 
     uint32 lcid;
     wchar16 name[LocaleNameSize] = {};
-};
-
-// The name as ICU writes it, with an underline for each hyphen.
-class IcuLocaleName {
-public:
-    explicit IcuLocaleName(const wchar16* name) {
-        ConvertSystemToMBCSChar(name, bytes, system_charset(), LocaleNameSize, false);
-        std::replace(bytes, bytes + std::strlen(bytes), '-', '_');
-    }
-    const char* Text() const { return bytes; }
-    bool IsJapanese() const { return std::string_view(bytes).substr(0, 2) == "ja"; }
-
-private:
-    char bytes[LocaleNameSize + 1] = {};
 };
 
 // A collator of ICU's, owned.
@@ -107,20 +91,9 @@ const char* ComputedKey(sCollationWork& work) {
     return work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
 }
 
-int32 Sign(int difference) {
-    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
-}
-
 // Keys end at the first zero byte, and their bytes compare as unsigned ones: just what strcmp does.
 int32 CompareKeys(const char* a, const char* b) {
     return Sign(std::strcmp(a, b));
-}
-
-// A zeroed block of so many units, or null.
-wchar16* NewText(uint64 units) {
-    void* block = nullptr;
-    falloc_(units * sizeof(wchar16), &block, false, true);
-    return static_cast<wchar16*>(block);
 }
 
 }  // namespace
@@ -155,7 +128,7 @@ bool UtfStringNormalizerImpl::Normalize(const wchar16* source, wchar16** result,
     if (source == nullptr || result == nullptr || source[0] == 0) return false;
     if (keytext::HasMark(source)) {
         const uint64 units = platform::wcslen(source) + 1;
-        wchar16* const copy = NewText(units);
+        wchar16* const copy = NewBlock<wchar16>(units);
         if (copy == nullptr) return false;
         std::memcpy(copy, source, units * sizeof(wchar16));
         *result = copy;
@@ -164,7 +137,7 @@ bool UtfStringNormalizerImpl::Normalize(const wchar16* source, wchar16** result,
     sCollationWork& work = parts->first;
     if (!work.SetText(source) || !work.ComputeKey()) return false;
     const uint64 units = keytext::Units(work.KeySize());
-    wchar16* const text = NewText(units);
+    wchar16* const text = NewBlock<wchar16>(units, Content::Zero);
     if (text == nullptr) return false;
     keytext::Write(text, work.Key(), work.KeySize());
     *result = text;
