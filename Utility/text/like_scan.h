@@ -1,4 +1,4 @@
-// The loops of the pattern match that take eight units at a time (see <Utility/platform/text_scan.h>).
+// The loops of the pattern match that take sixteen units at a time (see <Utility/platform/text_scan.h>).
 //
 // A unit is plain here if it stands for itself in a pattern, and joins nothing: it is no mark and no surrogate. So it
 // begins a character wherever it is found.

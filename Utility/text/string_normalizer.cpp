@@ -37,10 +37,10 @@ constexpr uint16 ReportedCode(ZUCHARSET cs, uint16 code) {
 // Compares two units, each by itself: -1 or 1 if they decide, 0 if they fold alike, or Undecided. A unit that differs
 // decides only if no combining mark follows it.
 inline int32 CompareUnit(const UnitFolding& units, const wchar16* a, const wchar16* b) {
-    if (!UnitFolding::MayKnowBoth(*a, *b)) return Undecided;
-    const uint8 left = units.Byte(*a);
-    const uint8 right = units.Byte(*b);
-    if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
+    if (!UnitFolding::MayKnow(*a) || !UnitFolding::MayKnow(*b)) return Undecided;
+    const uint16 left = units.Fold(*a);
+    const uint16 right = units.Fold(*b);
+    if (left == UnitFolding::Unknown || right == UnitFolding::Unknown) return Undecided;
     // The units behind, or the terminator once more.
     const wchar16 nextA = a[left != 0 ? 1 : 0];
     const wchar16 nextB = b[right != 0 ? 1 : 0];
@@ -60,9 +60,9 @@ int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* 
 // Folds a text in place, unit by unit; false, with nothing done, where that does not decide.
 bool FoldByUnits(const UnitFolding& units, wchar16* text, uint64 length) {
     for (uint64 index = 0; index < length; ++index) {
-        if (!UnitFolding::MayKnow(text[index]) || units.Byte(text[index]) == 0) return false;
+        if (!UnitFolding::MayKnow(text[index]) || units.Fold(text[index]) == UnitFolding::Unknown) return false;
     }
-    for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Byte(text[index]));
+    for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Fold(text[index]));
     return true;
 }
 
@@ -128,11 +128,18 @@ int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (!CanReadAhead(a) || !CanReadAhead(b)) return CompareAny(a, b);
     const uint32 place = FirstDifference(a, b);
     if (place == ShortTextUnits) return CompareAny(a, b);
-    if (a[place] == b[place]) return 0;
-    const int32 result = CompareUnit(units, a + place, b + place);
-    const bool decides = result != 0 && result != Undecided;
-    const bool asByUnit = (result < 0) == (a[place] < b[place]);
-    return decides && IsShortText(a) && (asByUnit || IsShortText(b)) ? result : CompareAny(a, b);
+    const uint32 atA = UnitAndNext(a + place);
+    const uint32 atB = UnitAndNext(b + place);
+    const auto unitA = static_cast<wchar16>(atA);
+    const auto unitB = static_cast<wchar16>(atB);
+    if (unitA == unitB) return 0;
+    if (!UnitFolding::StandAlone(atA, atB)) return CompareAny(a, b);
+    const uint16 left = units.Fold(unitA);
+    const uint16 right = units.Fold(unitB);
+    if (left == right || (left | right) >= UnitFolding::Unknown) return CompareAny(a, b);
+    const bool asByUnit = (left < right) == (unitA < unitB);
+    if (!IsShortText(a) || !(asByUnit || IsShortText(b))) return CompareAny(a, b);
+    return left < right ? -1 : 1;
 }
 
 int32 StringNormalizerImpl::CompareAny(const wchar16* a, const wchar16* b) const {

@@ -76,6 +76,8 @@ struct UtfStringNormalizerImpl::Parts {
                                      name.IsJapanese() ? CollationStrength::Quaternary : StrengthFor(code));
     }
 
+    int32 Compare(const wchar16* a, const wchar16* b);
+
     const ZUCHARSET charset;
     const uint32 lcid;
     const uint16 code;  // not 0: the finer strength
@@ -87,16 +89,30 @@ struct UtfStringNormalizerImpl::Parts {
 namespace {
 
 // The key of the text in a work area; null if it cannot be had.
-const char* ComputedKey(sCollationWork& work) {
-    return work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
-}
-
-// Keys end at the first zero byte, and their bytes compare as unsigned ones: just what strcmp does.
-int32 CompareKeys(const char* a, const char* b) {
-    return Sign(std::strcmp(a, b));
+const uint8* ComputedKey(sCollationWork& work) {
+    return work.ComputeKey() ? work.Key() : nullptr;
 }
 
 }  // namespace
+
+// Not both of the two are key texts.
+//
+// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
+// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
+// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
+int32 UtfStringNormalizerImpl::Parts::Compare(const wchar16* a, const wchar16* b) {
+    const bool isKeyA = keytext::HasMark(a);
+    const bool isKeyB = keytext::HasMark(b);
+    if (!isKeyA && !first.SetText(a)) return 0;
+    if (!isKeyB && !second.SetText(b)) return 0;
+    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
+        return Sign(
+            collator.Calls().compare(collator.Get(), first.Text(), first.Length(), second.Text(), second.Length()));
+    }
+    const uint8* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
+    const uint8* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
+    return keyA != nullptr && keyB != nullptr ? keytext::CompareKeys(keyA, keyB) : 0;
+}
 
 UtfStringNormalizerImpl::UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code)
     : parts(new (std::nothrow) Parts(charset, NamedLocale(lcid), code)) {
@@ -158,25 +174,11 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
     return true;
 }
 
-// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
-// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
-// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
 int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
-    const bool isKeyA = keytext::HasMark(a);
-    const bool isKeyB = keytext::HasMark(b);
-    if (isKeyA && isKeyB) return CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
-    if (a == nullptr || b == nullptr) return 0;
-    sCollationWork& first = parts->first;
-    sCollationWork& second = parts->second;
-    if (!isKeyA && !first.SetText(a)) return 0;
-    if (!isKeyB && !second.SetText(b)) return 0;
-    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
-        return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
-                                                    second.Length()));
+    if (keytext::HasMark(a) && keytext::HasMark(b)) {
+        return keytext::CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
     }
-    const char* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
-    const char* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
-    return keyA != nullptr && keyB != nullptr ? CompareKeys(keyA, keyB) : 0;
+    return a != nullptr && b != nullptr ? parts->Compare(a, b) : 0;
 }
 
 uint32 UtfStringNormalizerImpl::GetLCID() {
