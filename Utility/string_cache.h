@@ -50,7 +50,7 @@ ZUAPI void GetCachedString(const wchar16* cache, uint32 position, wchar16* text,
 ZUAPI bool GetCachedStructure(const wchar16* cache, const wchar16* text, void* record, int size);
 
 // Reads an entry by its place in the cache's order, counted from 0, as GetCachedString does. False, with `text` empty
-// and `record` left alone, if there are not so many entries, and for a null cache.
+// and `record` left alone, if there are not so many entries, for a negative `index`, and for a null cache.
 ZUAPI bool GetIthCachedString(const wchar16* cache, int index, wchar16* text, int textSize, void* record, int size);
 
 }  // namespace Torvo

@@ -6,9 +6,9 @@
 // other call looks at every unit. White and blank are the classes of <Utility/bounded_copy.h>.
 //
 // Sizes, counts and lengths are in 16-bit units, except where a call says bytes. A null text is refused: searches and
-// comparisons find nothing, and edits do nothing; one that comes with a length may be null if that is 0. Nothing but
-// Like leaves an error record. None of the functions keeps state; all may be called on any thread with texts that no
-// other thread changes.
+// comparisons find nothing, and edits do nothing. (TextAddCrs takes null with a length of 0 for the empty text.) Nothing
+// but Like leaves an error record. None of the functions keeps state; all may be called on any thread with texts that
+// no other thread changes.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -45,8 +45,8 @@ ZUAPI uint64 rtrimA(char* s, int cs);
 
 // Quoting. A quoted text stands between two quote characters, and each quote character inside it is doubled. The quote
 // character is the first unit of `quote`; no other unit of that counts. When `quote` is empty, both calls are strcpyn
-// (<Utility/bounded_copy.h>). `dst` may be `src`, but must not overlap it in another way. A null `src` gives
-// the empty text.
+// (<Utility/bounded_copy.h>). `dst` may be `src`, but must not overlap it in another way. `quote` may lie in
+// `dst`; it is read before anything is written. A null `src` gives the empty text.
 
 // Quotes `src` into at most `size` units, terminator included, and returns `dst`. The closing quote and the terminator
 // are always written: what does not fit is cut off the text. Units behind the terminator are left as they are. `size`
@@ -76,7 +76,7 @@ ZUAPI void FilterNewline(wchar16* dst, const wchar16* src, uint64 length, bool d
 // Copies `length` units of `text` to a new block at *out, with a CR ahead of each LF and a terminator at the end, and
 // returns the length without it. A CR that is there already is not looked at: CR LF becomes CR CR LF. The caller frees
 // the block with ffree_ (<Utility/memory_blocks.h>); what *out held before is not looked at. 0, and null in *out, if
-// memory is short.
+// memory is short or `text` is refused.
 ZUAPI uint64 TextAddCrs(wchar16** out, const wchar16* text, uint64 length);
 
 // Removes each CR that stands before an LF, in place, and returns the new length. A lone CR stays, and of CR CR LF the

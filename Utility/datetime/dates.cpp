@@ -33,10 +33,10 @@ constexpr uint32 DaysBeforeMonth(uint32 month) {
 
 // The same for the months as dates have them, from day number 0 on.
 constexpr auto DaysBeforeUsualMonth = [] {
-    std::array<int16, 13> days{};
+    std::array<int32, 13> days{};
     for (uint32 month = 1; month <= 12; ++month) {
-        days[month] = static_cast<int16>(static_cast<int32>(DaysBeforeMonth(month < 3 ? month + 12 : month)) -
-                                         static_cast<int32>(DaysFromMarchToJanuary) - 1);
+        days[month] = static_cast<int32>(DaysBeforeMonth(month < 3 ? month + 12 : month)) -
+                      static_cast<int32>(DaysFromMarchToJanuary) - 1;
     }
     return days;
 }();
@@ -137,10 +137,13 @@ int32 MDY2Days(const zuDATE* date) {
     const bool isUsual = static_cast<uint32>(date->month - 1) < 12 && date->year > 0 && date->day != 0;
     if (!isUsual) [[unlikely]]
         return UnusualDayNumber(*date);
-    const uint32 month = static_cast<uint8>(date->month);
-    const uint32 year = static_cast<uint32>(date->year) - OneIf(month < 3);
+    const int32 month = date->month;
+    // One less in January and February, by the sign of a number.
+    const auto year = static_cast<uint32>(date->year + ((month - 3) >> 31));
     const uint32 century = year / 100;
-    return static_cast<int32>(1461 * year / 4 - century + century / 4) + DaysBeforeUsualMonth[month] + date->day;
+    const uint32 centuryDays = (3 * century + 3) / 4;  // century - century / 4
+    return static_cast<int32>(1461 * year / 4 - centuryDays) + DaysBeforeUsualMonth[static_cast<uint32>(month)] +
+           date->day;
 }
 
 bool Days2MDY(int32 days, zuDATE* date) {

@@ -1,6 +1,6 @@
 // Byte text in the machine's ANSI code page, and in UTF-8 for those who ask for it.
 
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/text_tools.h>
@@ -27,13 +27,6 @@ int ToUnits(const char* source, int bytes, wchar16* target, int units) {
 
 int ToBytes(uint32 codePage, const wchar16* source, int units, char* target, int bytes) {
     return platform::WideCharToMultiByte(codePage, 0, source, units, target, bytes, nullptr, nullptr);
-}
-
-template <typename Unit>
-Unit* NewBlock(uint64 count) {
-    void* block = nullptr;
-    falloc_(count * sizeof(Unit), &block, false, false);
-    return static_cast<Unit*>(block);
 }
 
 // A new block with all of `source`, and its size in `bytes`; null where the platform tells no size.

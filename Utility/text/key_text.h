@@ -6,7 +6,8 @@
 //   then           a zero unit
 #pragma once
 
-#include <Utility/platform/types.h>
+#include <Utility/platform/text_scan.h>
+#include <Utility/text/sign.h>
 
 #include <cstring>
 
@@ -27,9 +28,44 @@ inline bool HasMark(const wchar16* text) {
 }
 
 // The key in a text that has the mark. A zero byte ends it, that of the terminator at the latest.
-inline const char* KeyOf(const wchar16* text) {
-    return reinterpret_cast<const char*>(text) + sizeof Mark;
+inline const uint8* KeyOf(const wchar16* text) {
+    return reinterpret_cast<const uint8*>(text) + sizeof Mark;
 }
+
+// Compares two keys: -1, 0 or 1. They end at their first zero bytes, and their bytes compare as unsigned ones, just as
+// strcmp does it. The keys of most names have less than 48 bytes, which take less time than a call here (see
+// <Utility/platform/text_scan.h>).
+#if defined(TORVO_PLAIN_LOOPS)
+
+inline int32 CompareKeys(const uint8* a, const uint8* b) {
+    return Sign(std::strcmp(reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)));
+}
+
+#else
+
+// Whether the first 48 bytes can be read, however long the key is.
+inline bool CanReadAhead(const uint8* key) {
+    constexpr std::uintptr_t pageBytes = 4096;
+    return reinterpret_cast<std::uintptr_t>(key) % pageBytes <= pageBytes - 3 * platform::scan::BlockBytes;
+}
+
+inline int32 CompareKeys(const uint8* a, const uint8* b) {
+    using namespace platform::scan;
+    if (CanReadAhead(a) && CanReadAhead(b)) {
+        const uint8* const end = a + 3 * BlockBytes;
+        for (; a != end; a += BlockBytes, b += BlockBytes) {
+            const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a));
+            const __m128i same = _mm_cmpeq_epi8(left, _mm_loadu_si128(reinterpret_cast<const __m128i*>(b)));
+            const unsigned goesOn = Mask(_mm_andnot_si128(_mm_cmpeq_epi8(left, _mm_setzero_si128()), same));
+            if (goesOn == WholeMask) continue;
+            const int index = std::countr_zero(goesOn ^ WholeMask);
+            return (a[index] > b[index]) - (a[index] < b[index]);
+        }
+    }
+    return Sign(std::strcmp(reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b)));
+}
+
+#endif
 
 // Writes the mark and the key to `text`, whose units are zero from there on and enough.
 inline void Write(wchar16* text, const uint8* key, uint64 keyBytes) {

@@ -1,49 +1,54 @@
-// The loops of the pattern match that take eight units at a time (see <Utility/platform/text_scan.h>).
+// The loops of the pattern match that take sixteen units at a time (see <Utility/platform/text_scan.h>).
 //
 // A unit is plain here if it stands for itself in a pattern, and joins nothing: it is no mark and no surrogate. So it
 // begins a character wherever it is found.
 #pragma once
 
 #include <Utility/platform/text_scan.h>
+#include <Utility/text/like_match.h>
 #include <Utility/text/next_character.h>
 
 namespace Torvo::like {
 
-inline constexpr wchar16 anyRun = '%';
-inline constexpr wchar16 anyOne = '_';
-
-// The escape character, 0 where there is none. As wide as a register, which is read faster than half of one.
-using EscapeUnit = uint32;
+inline bool Joins(wchar16 unit) {
+    return unit >= firstJoiningUnit;
+}
 
 inline bool IsPlain(wchar16 unit, EscapeUnit escape) {
-    return unit != 0 && unit < firstJoiningUnit && unit != anyRun && unit != anyOne && unit != escape;
+    return unit != 0 && !Joins(unit) && unit != anyRun && unit != anyOne && unit != escape;
 }
 
 // Whether a unit of the pattern takes one of the text, where neither joins another: a plain unit its equal, and "_" any
 // but the terminator.
 inline bool Takes(wchar16 unit, wchar16 text, EscapeUnit escape) {
-    if (unit == anyOne && unit != escape) return text != 0 && text < firstJoiningUnit;
+    if (unit == anyOne && unit != escape) return text != 0 && !Joins(text);
     return unit == text && IsPlain(unit, escape);
 }
 
 #if defined(TORVO_PLAIN_LOOPS)
 
 // How many units at the start of the pattern take one of the text each.
-inline std::size_t CountTaken(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
-    std::size_t count = 0;
-    while (Takes(pattern[count], text[count], escape)) ++count;
-    return count;
-}
+class Taker {
+public:
+    explicit Taker(EscapeUnit escape) : escape_(escape) {}
 
-// Where in a text a part of the pattern may stand, as far as its first one or two units tell if they are plain. Between
-// the two there may be marks in the text, which belong to the first.
+    std::size_t Count(const wchar16* text, const wchar16* pattern) const {
+        std::size_t count = 0;
+        while (Takes(pattern[count], text[count], escape_)) ++count;
+        return count;
+    }
+
+private:
+    EscapeUnit escape_;
+};
+
+// Where in a text a part of the pattern may stand, as far as its first one or two units tell. Between the two there may
+// be marks in the text, which belong to the first.
 class PartStart {
 public:
+    // For a part that begins with a plain unit.
     PartStart(const wchar16* part, EscapeUnit escape)
-        : first_(part[0]),
-          hasFirst_(IsPlain(first_, escape)),
-          second_(hasFirst_ ? part[1] : wchar16{0}),
-          hasSecond_(IsPlain(second_, escape)) {}
+        : first_(part[0]), second_(part[1]), hasSecond_(IsPlain(second_, escape)) {}
 
     // The first place from `at` on, or the terminator.
     const wchar16* Find(const wchar16* at) const {
@@ -52,13 +57,9 @@ public:
     }
 
 private:
-    bool IsPlace(const wchar16* at) const {
-        if (!hasFirst_) return true;
-        return *at == first_ && (!hasSecond_ || at[1] == second_ || at[1] >= firstJoiningUnit);
-    }
+    bool IsPlace(const wchar16* at) const { return *at == first_ && (!hasSecond_ || at[1] == second_ || Joins(at[1])); }
 
     wchar16 first_;
-    bool hasFirst_;
     wchar16 second_;
     bool hasSecond_;
 };
@@ -67,72 +68,84 @@ private:
 
 namespace scan = platform::scan;
 
-// All ones where a unit is neither 0 nor one that joins.
-inline __m128i Stands(__m128i units) {
-    const __m128i fromZero = _mm_sub_epi16(units, scan::Broadcast(1));
+inline constexpr std::size_t lanes = 16;
+
+// Whether sixteen units, and so many more, can be read at `text`, whatever its length.
+inline bool CanRead(const wchar16* text, std::size_t more = 0) {
+    constexpr std::uintptr_t pageBytes = 4096;
+    return reinterpret_cast<std::uintptr_t>(text) % pageBytes <= pageBytes - (lanes + more) * sizeof(wchar16);
+}
+
+// Units made bytes: those that have none become the highest or the lowest one.
+inline __m128i Bytes(__m128i low, __m128i high) {
+    return _mm_packus_epi16(low, high);
+}
+
+inline __m128i EachByte(wchar16 unit) {
+    return Bytes(scan::Broadcast(unit), scan::Broadcast(unit));
+}
+
+inline __m128i LoadBytes(const wchar16* text) {
+    return Bytes(scan::LoadAny(text), scan::LoadAny(text + lanes / 2));
+}
+
+// All ones where a unit is neither the terminator nor one that joins.
+inline __m128i StandsAlone(__m128i units) {
+    const __m128i fromZero = _mm_add_epi16(units, scan::Broadcast(0xFFFF));
     return _mm_cmpeq_epi16(_mm_subs_epu16(fromZero, scan::Broadcast(firstJoiningUnit - 2)), _mm_setzero_si128());
 }
 
-inline bool HasBlock(const wchar16* text) {
-    return scan::UnitsInPage(text) >= scan::BlockUnits;
-}
-
-// So many units are looked at one by one first. Where no more are needed the processor guesses how many, and goes on,
-// while it would wait for what a block answers.
-inline constexpr std::ptrdiff_t oneByOne = 4;
-
-// Takes for eight units at a time.
-class BlockTaker {
+class Taker {
 public:
-    explicit BlockTaker(EscapeUnit escape) : escape_(scan::Broadcast(static_cast<wchar16>(escape))) {}
+    explicit Taker(EscapeUnit escape)
+        : escape_(escape), escapes_(EachByte(static_cast<wchar16>(std::min<EscapeUnit>(escape, 0xFF)))) {}
 
-    // Two bits for each unit that takes one.
-    unsigned operator()(__m128i pattern, __m128i text) const {
-        const __m128i isOne = _mm_cmpeq_epi16(pattern, scan::Broadcast(anyOne));
-        const __m128i isWildcard = _mm_or_si128(isOne, _mm_cmpeq_epi16(pattern, scan::Broadcast(anyRun)));
-        const __m128i isEqual = _mm_andnot_si128(isWildcard, _mm_cmpeq_epi16(pattern, text));
-        const __m128i takes = _mm_and_si128(_mm_or_si128(isEqual, isOne), Stands(text));
-        return scan::Mask(_mm_andnot_si128(_mm_cmpeq_epi16(pattern, escape_), takes));
+    std::size_t Count(const wchar16* text, const wchar16* pattern) const {
+        std::size_t count = 0;
+        for (;;) {
+            if (CanRead(text + count) && CanRead(pattern + count)) {
+                const unsigned others = TakesNot(pattern + count, text + count);
+                if (others != 0) return count + static_cast<unsigned>(std::countr_zero(others));
+                count += lanes;
+            } else {
+                if (!Takes(pattern[count], text[count], escape_)) return count;
+                ++count;
+            }
+        }
     }
 
 private:
-    __m128i escape_;
+    // One bit for each of sixteen units of the pattern that does not take the one of the text.
+    unsigned TakesNot(const wchar16* pattern, const wchar16* text) const {
+        const __m128i patternLow = scan::LoadAny(pattern);
+        const __m128i patternHigh = scan::LoadAny(pattern + lanes / 2);
+        const __m128i textLow = scan::LoadAny(text);
+        const __m128i textHigh = scan::LoadAny(text + lanes / 2);
+        const __m128i isEqual =
+            _mm_packs_epi16(_mm_cmpeq_epi16(patternLow, textLow), _mm_cmpeq_epi16(patternHigh, textHigh));
+        const __m128i isCharacter = _mm_packs_epi16(StandsAlone(textLow), StandsAlone(textHigh));
+        const __m128i units = Bytes(patternLow, patternHigh);
+        const __m128i isOne = _mm_cmpeq_epi8(units, _mm_set1_epi8(anyOne));
+        const __m128i isOther =
+            _mm_or_si128(_mm_cmpeq_epi8(units, _mm_set1_epi8(anyRun)), _mm_cmpeq_epi8(units, escapes_));
+        const __m128i takes = _mm_and_si128(_mm_or_si128(isEqual, isOne), isCharacter);
+        return scan::Mask(_mm_andnot_si128(isOther, takes)) ^ scan::WholeMask;
+    }
+
+    EscapeUnit escape_;
+    __m128i escapes_;
 };
 
-inline std::size_t CountTaken(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
-    std::size_t count = 0;
-    for (; count < static_cast<std::size_t>(oneByOne); ++count) {
-        if (!Takes(pattern[count], text[count], escape)) return count;
-    }
-    const BlockTaker takes(escape);
-    for (;;) {
-        if (!HasBlock(text + count) || !HasBlock(pattern + count)) {
-            if (!Takes(pattern[count], text[count], escape)) return count;
-            ++count;
-            continue;
-        }
-        const unsigned mask = takes(scan::LoadAny(pattern + count), scan::LoadAny(text + count));
-        if (mask != scan::WholeMask) return count + scan::FirstUnit(~mask);
-        count += scan::BlockUnits;
-    }
-}
-
-// Looks at sixteen units at a time, made bytes. Those that have no byte become the highest or the lowest one, so it may
-// also find a place that turns out to be none, but misses none.
+// Looks at units made bytes, so it may also find a place that turns out to be none, but misses none.
 class PartStart {
 public:
+    // For a part that begins with a plain unit.
     PartStart(const wchar16* part, EscapeUnit escape)
-        : hasFirst_(IsPlain(part[0], escape)),
-          unit_(part[0]),
-          first_(Byte(part[0])),
-          second_(Byte(hasFirst_ ? part[1] : wchar16{0})),
-          notLooked_(hasFirst_ && IsPlain(part[1], escape) ? lastUnit : scan::WholeMask) {}
+        : first_(EachByte(part[0])),
+          second_(EachByte(part[1])),
+          notLooked_(IsPlain(part[1], escape) ? lastUnit : scan::WholeMask) {}
 
     const wchar16* Find(const wchar16* at) const {
-        if (!hasFirst_) return at;
-        for (const wchar16* const farther = at + oneByOne; at != farther; ++at) {
-            if (*at == unit_ || *at == 0) return at;
-        }
         const auto before = reinterpret_cast<std::uintptr_t>(at) % (2 * scan::BlockBytes);
         const auto* blocks = reinterpret_cast<const __m128i*>(reinterpret_cast<std::uintptr_t>(at) - before);
         const unsigned head = Stops(blocks) >> before / sizeof(wchar16);
@@ -146,27 +159,32 @@ public:
 
 private:
     static constexpr unsigned lastUnit = 0x8000;
-    static constexpr wchar16 highest = 0xFF;
-
-    static __m128i Byte(wchar16 unit) { return _mm_set1_epi8(static_cast<char>(std::min(unit, highest))); }
 
     // One bit for each unit that may be a place, or the terminator. What is behind the last unit is not known.
     unsigned Stops(const __m128i* blocks) const {
-        const __m128i units = _mm_packus_epi16(_mm_load_si128(blocks), _mm_load_si128(blocks + 1));
+        const __m128i units = Bytes(_mm_load_si128(blocks), _mm_load_si128(blocks + 1));
         const __m128i lowest = _mm_cmpeq_epi8(units, _mm_setzero_si128());
-        const __m128i joins = _mm_or_si128(lowest, _mm_cmpeq_epi8(units, Byte(highest)));
+        const __m128i joins = _mm_or_si128(lowest, _mm_cmpeq_epi8(units, _mm_set1_epi8(-1)));
         const unsigned first = scan::Mask(_mm_cmpeq_epi8(units, first_));
         const unsigned follows = scan::Mask(_mm_or_si128(joins, _mm_cmpeq_epi8(units, second_)));
         return (first & (follows >> 1 | notLooked_)) | scan::Mask(lowest);
     }
 
-    bool hasFirst_;
-    wchar16 unit_;
     __m128i first_;
     __m128i second_;
     unsigned notLooked_;  // behind these units it is not looked whether the second one follows
 };
 
 #endif
+
+// How many units of the pattern, up to its end, take one unit each where the text joins nothing; 0 if there is anything
+// else among them.
+inline std::size_t CountToEnd(const wchar16* pattern, EscapeUnit escape) {
+    // Most parts that are not the last one are known by the run behind them.
+    if (*platform::scan::FindFirst(pattern, platform::scan::EitherOf(0, anyRun)) != 0) return 0;
+    std::size_t count = 0;
+    while (IsPlain(pattern[count], escape) || (pattern[count] == anyOne && anyOne != escape)) ++count;
+    return pattern[count] == 0 ? count : 0;
+}
 
 }  // namespace Torvo::like

@@ -1,16 +1,14 @@
 #include <Utility/conversion.h>
 
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/text/line_end_units.h>
 
 #include <algorithm>
 
 namespace Torvo {
 
 namespace {
-
-constexpr wchar16 CR = '\r';
-constexpr wchar16 LF = '\n';
 
 // The first unit of a line end at or after `text`, or the terminator.
 const wchar16* FindLineEnd(const wchar16* text) {
@@ -29,12 +27,6 @@ uint64 CountLineEnds(const wchar16* text) {
     return count;
 }
 
-wchar16* AllocateUnits(uint64 units) {
-    void* block = nullptr;
-    falloc_(units * sizeof(wchar16), &block, false, false);
-    return static_cast<wchar16*>(block);
-}
-
 // Copies `text`, terminator included, with `newline` for every line end.
 void CopyWithLineEnds(const wchar16* text, const wchar16* newline, wchar16* out) {
     const uint64 newlineLength = platform::wcslen(newline);
@@ -50,7 +42,7 @@ void CopyWithLineEnds(const wchar16* text, const wchar16* newline, wchar16* out)
 
 // The block for the rewritten text: the text's own length, `spare` units and the terminator.
 wchar16* Rewrite(const wchar16* text, const wchar16* newline, uint64 spare) {
-    wchar16* const block = AllocateUnits(platform::wcslen(text) + spare + 1);
+    wchar16* const block = NewBlock<wchar16>(platform::wcslen(text) + spare + 1);
     if (block != nullptr) CopyWithLineEnds(text, newline, block);
     return block;
 }

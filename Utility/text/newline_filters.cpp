@@ -1,5 +1,6 @@
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/platform/runtime.h>
+#include <Utility/text/line_end_units.h>
 #include <Utility/text_tools.h>
 
 #include <algorithm>
@@ -7,9 +8,6 @@
 namespace Torvo {
 
 namespace {
-
-constexpr wchar16 CR = '\r';
-constexpr wchar16 LF = '\n';
 
 struct UnitPair {
     wchar16 first;
@@ -33,6 +31,7 @@ void CopyWithPairs(wchar16* dst, const wchar16* src, uint64 length, UnitPair fro
 }  // namespace
 
 void FilterNewline(wchar16* dst, const wchar16* src, uint64 length, bool decode) {
+    if (dst == nullptr || src == nullptr) return;
     if (decode) {
         CopyWithPairs(dst, src, length, escaped, lineEnd);
     } else {
@@ -41,13 +40,14 @@ void FilterNewline(wchar16* dst, const wchar16* src, uint64 length, bool decode)
 }
 
 uint64 TextAddCrs(wchar16** out, const wchar16* text, uint64 length) {
+    if (out == nullptr) return 0;
+    *out = nullptr;
+    if (text == nullptr && length > 0) return 0;
     const wchar16* const last = text + length;
     const auto added = static_cast<uint64>(std::count(text, last, LF));
-    void* block = nullptr;
-    falloc_((added + length) * sizeof(wchar16) + sizeof(wchar16), &block, false, false);
-    *out = static_cast<wchar16*>(block);
-    if (block == nullptr) return 0;
-    wchar16* to = *out;
+    wchar16* to = NewBlock<wchar16>(added + length + 1);
+    *out = to;
+    if (to == nullptr) return 0;
     for (; text != last; ++text) {
         if (*text == LF) *to++ = CR;
         *to++ = *text;

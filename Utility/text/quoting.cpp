@@ -70,25 +70,27 @@ bool HasQuote(const wchar16* quote) {
 }  // namespace
 
 wchar16* quotestring(wchar16* dst, const wchar16* src, uint64 size, const wchar16* quote) {
-    if (src == nullptr) return Empty(dst, size);
+    if (dst == nullptr || src == nullptr) return Empty(dst, size);
     if (!HasQuote(quote)) return strcpyn(dst, src, size);
     if (size < frameUnits) return Empty(dst, size);
+    const wchar16 mark = *quote;  // it may lie in the target
     const uint64 room = size - frameUnits;
-    wchar16* const end = dst == src ? DoubleInPlace(dst, room, *quote) : DoubleApart(dst + 1, src, room, *quote);
-    dst[0] = *quote;
-    end[0] = *quote;
+    wchar16* const end = dst == src ? DoubleInPlace(dst, room, mark) : DoubleApart(dst + 1, src, room, mark);
+    dst[0] = mark;
+    end[0] = mark;
     end[1] = 0;
     return dst;
 }
 
 wchar16* unquotestring(wchar16* dst, const wchar16* src, uint64 size, const wchar16* quote) {
-    if (src == nullptr) return Empty(dst, size);
+    if (dst == nullptr || src == nullptr) return Empty(dst, size);
     if (!HasQuote(quote) || *src != *quote) return strcpyn(dst, src, size);
     if (size == 0) return dst;
+    const wchar16 mark = *quote;  // it may lie in the target
     wchar16* to = dst;
     const wchar16* const last = platform::BufferEnd(dst, size - 1);
     for (++src; to != last && *src != 0; ++src) {
-        if (*src == *quote && *++src != *quote) break;
+        if (*src == mark && *++src != mark) break;
         *to++ = *src;
     }
     *to = 0;

@@ -5,28 +5,16 @@
 // page that the text lies in; a sanitizer cannot know that, so under one there are plain loops.
 #pragma once
 
-#include <Utility/platform/types.h>
+#include <Utility/platform/text_scan.h>
 
-#include <bit>
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define TORVO_PLAIN_SHORT_TEXTS 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer) || __has_feature(memory_sanitizer)
-#define TORVO_PLAIN_SHORT_TEXTS 1
-#endif
-#endif
-
-#if !defined(TORVO_PLAIN_SHORT_TEXTS)
-#include <emmintrin.h>
-#endif
+#include <cstring>
 
 namespace Torvo {
 
 // Texts with fewer units are short.
 inline constexpr uint32 ShortTextUnits = 24;
 
-#if defined(TORVO_PLAIN_SHORT_TEXTS)
+#if defined(TORVO_PLAIN_LOOPS)
 
 inline bool CanReadAhead(const wchar16* /*text*/) {
     return true;
@@ -42,6 +30,10 @@ inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
     uint32 index = 0;
     while (index < ShortTextUnits && a[index] == b[index] && a[index] != 0) ++index;
     return index;
+}
+
+inline uint32 UnitAndNext(const wchar16* text) {
+    return *text == 0 ? 0 : uint32{*text} | uint32{text[1]} << 16;
 }
 
 #else
@@ -62,10 +54,10 @@ inline uint32 Mask(__m128i block) {
 
 }  // namespace shorttexts
 
-// Whether 24 units from here on can be loaded, whatever the text's length.
+// Whether 24 units from here on, and one more, can be loaded, whatever the text's length.
 inline bool CanReadAhead(const wchar16* text) {
     constexpr std::uintptr_t pageBytes = 4096;
-    return reinterpret_cast<std::uintptr_t>(text) % pageBytes <= pageBytes - ShortTextUnits * sizeof(wchar16);
+    return reinterpret_cast<std::uintptr_t>(text) % pageBytes < pageBytes - ShortTextUnits * sizeof(wchar16);
 }
 
 // Whether the text has fewer than 24 units. CanReadAhead must hold.
@@ -89,6 +81,14 @@ inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
         if (stops != 0) return number * BlockUnits + static_cast<uint32>(std::countr_zero(stops)) / 2;
     }
     return ShortTextUnits;
+}
+
+// One of the first 24 units, and in the upper half the one behind it, which is any where the unit is the terminator.
+// CanReadAhead must hold for the text.
+inline uint32 UnitAndNext(const wchar16* text) {
+    uint32 both;
+    std::memcpy(&both, text, sizeof both);
+    return both;
 }
 
 #endif

@@ -1,7 +1,7 @@
 #include <Utility/string_cache.h>
 
 #include <Utility/bounded_copy.h>
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text_scan.h>
 
@@ -92,9 +92,8 @@ void WriteEntry(wchar16* cache, uint64 position, const wchar16* text, uint64 len
 
 uint64 CacheFirst(wchar16** cache, const wchar16* text, const void* record, uint64 recordUnits) {
     const uint64 length = platform::wcslen(text);
-    void* block = nullptr;
-    if (!falloc_(BytesOf(UnitsWithLast(firstPosition, recordUnits, length)), &block, false, true)) return 0;
-    *cache = static_cast<wchar16*>(block);
+    *cache = NewBlock<wchar16>(UnitsWithLast(firstPosition, recordUnits, length), Content::Zero);
+    if (*cache == nullptr) return 0;
     WriteEntry(*cache, firstPosition, text, length, record, recordUnits);
     return firstPosition;
 }

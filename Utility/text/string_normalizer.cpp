@@ -1,12 +1,13 @@
 #include <Utility/text/string_normalizer.h>
 
 #include <Utility/conversion.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/locale_info.h>
-#include <Utility/memory_blocks.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/strings.h>
 #include <Utility/text/narrow_text.h>
 #include <Utility/text/short_texts.h>
+#include <Utility/text/sign.h>
 
 #include <cstring>
 #include <limits>
@@ -33,17 +34,13 @@ constexpr uint16 ReportedCode(ZUCHARSET cs, uint16 code) {
     return goesUnderAlias ? StringNormalizerImpl::Latin1Alias : code;
 }
 
-int32 Sign(int difference) {
-    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
-}
-
 // Compares two units, each by itself: -1 or 1 if they decide, 0 if they fold alike, or Undecided. A unit that differs
 // decides only if no combining mark follows it.
 inline int32 CompareUnit(const UnitFolding& units, const wchar16* a, const wchar16* b) {
-    if (!UnitFolding::MayKnowBoth(*a, *b)) return Undecided;
-    const uint8 left = units.Byte(*a);
-    const uint8 right = units.Byte(*b);
-    if ((left == 0 && *a != 0) || (right == 0 && *b != 0)) return Undecided;
+    if (!UnitFolding::MayKnow(*a) || !UnitFolding::MayKnow(*b)) return Undecided;
+    const uint16 left = units.Fold(*a);
+    const uint16 right = units.Fold(*b);
+    if (left == UnitFolding::Unknown || right == UnitFolding::Unknown) return Undecided;
     // The units behind, or the terminator once more.
     const wchar16 nextA = a[left != 0 ? 1 : 0];
     const wchar16 nextB = b[right != 0 ? 1 : 0];
@@ -63,9 +60,9 @@ int32 CompareByUnits(const UnitFolding& units, const wchar16* a, const wchar16* 
 // Folds a text in place, unit by unit; false, with nothing done, where that does not decide.
 bool FoldByUnits(const UnitFolding& units, wchar16* text, uint64 length) {
     for (uint64 index = 0; index < length; ++index) {
-        if (!UnitFolding::MayKnow(text[index]) || units.Byte(text[index]) == 0) return false;
+        if (!UnitFolding::MayKnow(text[index]) || units.Fold(text[index]) == UnitFolding::Unknown) return false;
     }
-    for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Byte(text[index]));
+    for (uint64 index = 0; index < length; ++index) text[index] = units.Unit(units.Fold(text[index]));
     return true;
 }
 
@@ -91,16 +88,15 @@ StringNormalizerImpl::StringNormalizerImpl(ZUCHARSET cs, const NormalizationTabl
 bool StringNormalizerImpl::Normalize(const wchar16* source, wchar16** result, uint64* resultLength) {
     if (source == nullptr || result == nullptr) return false;
     const uint64 size = platform::wcslen(source) + 1;
-    void* block = nullptr;
-    falloc_(size * sizeof(wchar16), &block, false, false);
-    *result = static_cast<wchar16*>(block);
-    if (block == nullptr) return false;
-    std::memcpy(block, source, size * sizeof(wchar16));
-    if (!NormalizeInPlace(*result, 0)) {
-        ffree_(&block);
-        *result = nullptr;
+    *result = nullptr;
+    wchar16* const folded = NewBlock<wchar16>(size);
+    if (folded == nullptr) return false;
+    std::memcpy(folded, source, size * sizeof(wchar16));
+    if (!NormalizeInPlace(folded, 0)) {
+        FreeBlock(folded);
         return false;
     }
+    *result = folded;
     if (resultLength != nullptr) *resultLength = size;
     return true;
 }
@@ -111,14 +107,14 @@ bool StringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 /*capacity*/) 
     if (length == 0 || FoldByUnits(units, text, length)) return true;
 
     char fixed[ByteRoom(FixedInPlaceUnits) + 1];
-    void* block = nullptr;
-    if (length > FixedInPlaceUnits && !falloc_(ByteRoom(length) + 1, &block, false, false)) return false;
-    char* const bytes = block != nullptr ? static_cast<char*>(block) : fixed;
+    char* const block = length > FixedInPlaceUnits ? NewBlock<char>(ByteRoom(length) + 1) : nullptr;
+    if (length > FixedInPlaceUnits && block == nullptr) return false;
+    char* const bytes = block != nullptr ? block : fixed;
     Fold(text, length, bytes);
     // The terminator may go on top of the size, which therefore leaves room for it. A folded text that would be longer
     // (a symbolic page may have two bytes to a character, which are folded one by one) leaves an empty one.
     ConvertMBCSCharToSystem(bytes, charset, text, length);
-    ffree_(&block);
+    FreeBlock(block);
     return true;
 }
 
@@ -132,11 +128,18 @@ int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (!CanReadAhead(a) || !CanReadAhead(b)) return CompareAny(a, b);
     const uint32 place = FirstDifference(a, b);
     if (place == ShortTextUnits) return CompareAny(a, b);
-    if (a[place] == b[place]) return 0;
-    const int32 result = CompareUnit(units, a + place, b + place);
-    const bool decides = result != 0 && result != Undecided;
-    const bool asByUnit = (result < 0) == (a[place] < b[place]);
-    return decides && IsShortText(a) && (asByUnit || IsShortText(b)) ? result : CompareAny(a, b);
+    const uint32 atA = UnitAndNext(a + place);
+    const uint32 atB = UnitAndNext(b + place);
+    const auto unitA = static_cast<wchar16>(atA);
+    const auto unitB = static_cast<wchar16>(atB);
+    if (unitA == unitB) return 0;
+    if (!UnitFolding::StandAlone(atA, atB)) return CompareAny(a, b);
+    const uint16 left = units.Fold(unitA);
+    const uint16 right = units.Fold(unitB);
+    if (left == right || (left | right) >= UnitFolding::Unknown) return CompareAny(a, b);
+    const bool asByUnit = (left < right) == (unitA < unitB);
+    if (!IsShortText(a) || !(asByUnit || IsShortText(b))) return CompareAny(a, b);
+    return left < right ? -1 : 1;
 }
 
 int32 StringNormalizerImpl::CompareAny(const wchar16* a, const wchar16* b) const {
@@ -154,14 +157,12 @@ int32 StringNormalizerImpl::CompareShort(const wchar16* a, uint64 lengthA, const
 
 // The block is asked for before anything is compared, since a text without one is compared in another way.
 int32 StringNormalizerImpl::CompareLong(const wchar16* a, uint64 lengthA, const wchar16* b, uint64 lengthB) const {
-    const uint64 units16 = lengthA + lengthB + 2;
-    void* block = nullptr;
-    if (units16 > std::numeric_limits<uint32>::max() || !falloc_(units16 * sizeof(wchar16), &block, false, false)) {
-        return zuStrCmp(a, b);
-    }
+    const uint64 both = lengthA + lengthB + 2;
+    char* const block = both <= std::numeric_limits<uint32>::max() ? NewBlock<char>(2 * both) : nullptr;
+    if (block == nullptr) return zuStrCmp(a, b);
     int32 result = CompareByUnits(units, a, b);
-    if (result == Undecided) result = CompareConverted(a, lengthA, b, lengthB, static_cast<char*>(block));
-    ffree_(&block);
+    if (result == Undecided) result = CompareConverted(a, lengthA, b, lengthB, block);
+    FreeBlock(block);
     return result;
 }
 

@@ -37,6 +37,7 @@ const wchar16* skipwhite(const wchar16* s) {
 }
 
 void* memrev(void* p, uint64 n) {
+    if (p == nullptr) return nullptr;
     auto* const bytes = static_cast<unsigned char*>(p);
     std::reverse(bytes, bytes + n);
     return p;

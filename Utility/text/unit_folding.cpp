@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace Torvo {
 
@@ -26,6 +27,8 @@ bool HasFixedPage(ZUCHARSET cs) {
 }  // namespace
 
 UnitFolding::UnitFolding(ZUCHARSET cs, const NormalizationTable& table) {
+    std::fill(std::begin(folds), std::end(folds), Unknown);
+    folds[0] = 0;
     if (!HasFixedPage(cs)) return;
     // In a multi-byte set only ASCII is certain to be one byte.
     const bool multiByte = CharsetDBCS(cs);
@@ -52,7 +55,8 @@ UnitFolding::UnitFolding(ZUCHARSET cs, const NormalizationTable& table) {
 
     std::copy_n(back, byteCount - 1, meanings + 1);
     for (uint32 unit = 1; unit < unitCount; ++unit) {
-        bytes[unit] = table.table[static_cast<uint8>(converted[2 * unit - 2])];
+        const uint8 folded = table.table[static_cast<uint8>(converted[2 * unit - 2])];
+        if (folded != 0) folds[unit] = folded;
     }
     ForgetMarks();
 }
@@ -60,7 +64,8 @@ UnitFolding::UnitFolding(ZUCHARSET cs, const NormalizationTable& table) {
 // A mark may make one byte with the letter before it, and so may the mark that a byte means on the way back.
 void UnitFolding::ForgetMarks() {
     for (uint32 unit = 1; unit < Known; ++unit) {
-        if (IsMark(static_cast<wchar16>(unit)) || IsMark(meanings[bytes[unit]])) bytes[unit] = 0;
+        const bool isKnown = folds[unit] != Unknown;
+        if (isKnown && (IsMark(static_cast<wchar16>(unit)) || IsMark(meanings[folds[unit]]))) folds[unit] = Unknown;
     }
 }
 

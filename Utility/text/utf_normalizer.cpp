@@ -1,23 +1,21 @@
-#include <Utility/conversion.h>
-#include <Utility/memory_blocks.h>
+#include <Utility/frame/new_block.h>
 #include <Utility/normalizers.h>
 #include <Utility/platform/locales.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/text/collation_loader.h>
 #include <Utility/text/collation_work.h>
+#include <Utility/text/icu_locale_name.h>
 #include <Utility/text/key_text.h>
+#include <Utility/text/sign.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
-#include <string_view>
 
 namespace Torvo {
 
 namespace {
-
-constexpr int32 LocaleNameSize = 85;
 
 using platform::CollationCalls;
 using platform::CollationStrength;
@@ -33,20 +31,6 @@ struct NamedLocale {
 
     uint32 lcid;
     wchar16 name[LocaleNameSize] = {};
-};
-
-// The name as ICU writes it, with an underline for each hyphen.
-class IcuLocaleName {
-public:
-    explicit IcuLocaleName(const wchar16* name) {
-        ConvertSystemToMBCSChar(name, bytes, system_charset(), LocaleNameSize, false);
-        std::replace(bytes, bytes + std::strlen(bytes), '-', '_');
-    }
-    const char* Text() const { return bytes; }
-    bool IsJapanese() const { return std::string_view(bytes).substr(0, 2) == "ja"; }
-
-private:
-    char bytes[LocaleNameSize + 1] = {};
 };
 
 // A collator of ICU's, owned.
@@ -92,6 +76,8 @@ struct UtfStringNormalizerImpl::Parts {
                                      name.IsJapanese() ? CollationStrength::Quaternary : StrengthFor(code));
     }
 
+    int32 Compare(const wchar16* a, const wchar16* b);
+
     const ZUCHARSET charset;
     const uint32 lcid;
     const uint16 code;  // not 0: the finer strength
@@ -103,27 +89,30 @@ struct UtfStringNormalizerImpl::Parts {
 namespace {
 
 // The key of the text in a work area; null if it cannot be had.
-const char* ComputedKey(sCollationWork& work) {
-    return work.ComputeKey() ? reinterpret_cast<const char*>(work.Key()) : nullptr;
-}
-
-int32 Sign(int difference) {
-    return (difference > 0 ? 1 : 0) - (difference < 0 ? 1 : 0);
-}
-
-// Keys end at the first zero byte, and their bytes compare as unsigned ones: just what strcmp does.
-int32 CompareKeys(const char* a, const char* b) {
-    return Sign(std::strcmp(a, b));
-}
-
-// A zeroed block of so many units, or null.
-wchar16* NewText(uint64 units) {
-    void* block = nullptr;
-    falloc_(units * sizeof(wchar16), &block, false, true);
-    return static_cast<wchar16*>(block);
+const uint8* ComputedKey(sCollationWork& work) {
+    return work.ComputeKey() ? work.Key() : nullptr;
 }
 
 }  // namespace
+
+// Not both of the two are key texts.
+//
+// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
+// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
+// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
+int32 UtfStringNormalizerImpl::Parts::Compare(const wchar16* a, const wchar16* b) {
+    const bool isKeyA = keytext::HasMark(a);
+    const bool isKeyB = keytext::HasMark(b);
+    if (!isKeyA && !first.SetText(a)) return 0;
+    if (!isKeyB && !second.SetText(b)) return 0;
+    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
+        return Sign(
+            collator.Calls().compare(collator.Get(), first.Text(), first.Length(), second.Text(), second.Length()));
+    }
+    const uint8* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
+    const uint8* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
+    return keyA != nullptr && keyB != nullptr ? keytext::CompareKeys(keyA, keyB) : 0;
+}
 
 UtfStringNormalizerImpl::UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code)
     : parts(new (std::nothrow) Parts(charset, NamedLocale(lcid), code)) {
@@ -155,7 +144,7 @@ bool UtfStringNormalizerImpl::Normalize(const wchar16* source, wchar16** result,
     if (source == nullptr || result == nullptr || source[0] == 0) return false;
     if (keytext::HasMark(source)) {
         const uint64 units = platform::wcslen(source) + 1;
-        wchar16* const copy = NewText(units);
+        wchar16* const copy = NewBlock<wchar16>(units);
         if (copy == nullptr) return false;
         std::memcpy(copy, source, units * sizeof(wchar16));
         *result = copy;
@@ -164,7 +153,7 @@ bool UtfStringNormalizerImpl::Normalize(const wchar16* source, wchar16** result,
     sCollationWork& work = parts->first;
     if (!work.SetText(source) || !work.ComputeKey()) return false;
     const uint64 units = keytext::Units(work.KeySize());
-    wchar16* const text = NewText(units);
+    wchar16* const text = NewBlock<wchar16>(units, Content::Zero);
     if (text == nullptr) return false;
     keytext::Write(text, work.Key(), work.KeySize());
     *result = text;
@@ -185,25 +174,11 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
     return true;
 }
 
-// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
-// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
-// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
 int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
-    const bool isKeyA = keytext::HasMark(a);
-    const bool isKeyB = keytext::HasMark(b);
-    if (isKeyA && isKeyB) return CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
-    if (a == nullptr || b == nullptr) return 0;
-    sCollationWork& first = parts->first;
-    sCollationWork& second = parts->second;
-    if (!isKeyA && !first.SetText(a)) return 0;
-    if (!isKeyB && !second.SetText(b)) return 0;
-    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
-        return Sign(parts->collator.Calls().compare(parts->collator.Get(), first.Text(), first.Length(), second.Text(),
-                                                    second.Length()));
+    if (keytext::HasMark(a) && keytext::HasMark(b)) {
+        return keytext::CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
     }
-    const char* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
-    const char* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
-    return keyA != nullptr && keyB != nullptr ? CompareKeys(keyA, keyB) : 0;
+    return a != nullptr && b != nullptr ? parts->Compare(a, b) : 0;
 }
 
 uint32 UtfStringNormalizerImpl::GetLCID() {

@@ -162,6 +162,8 @@ TEST_F(LikeTest, ACharacterIsKnownByItsFirstUnit) {
     EXPECT_EQ(Match(ZUTEXT("ex"), ZUTEXT("e\u0301x")), "yes");
     EXPECT_EQ(Match(ZUTEXT("abcde\u0301fgh"), ZUTEXT("abcdefgh")), "yes");
     EXPECT_EQ(Match(ZUTEXT("e\u0301x"), ZUTEXT("%\u0301x")), "yes") << "the mark belongs to the run";
+    EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%\u0301")), "yes") << "the mark belongs to the run of the pattern";
+    EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("%b%\u0301")), "yes");
     EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("_")), "yes");
     EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("\U0001F601")), "yes") << "the first halves are equal";
 }
@@ -270,31 +272,78 @@ wstring16 PatternFor(test::Random& random, const wstring16& text, const std::vec
     }
 }
 
+// Rounds with the texts and patterns at the end of pages; how many of them match.
+int CompareOnLongTexts(const std::vector<wstring16>& characters, int64 longest, int rounds) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    int matches = 0;
+    for (int i = 0; i < rounds; ++i) {
+        const wstring16 text = RandomFrom(random, characters, longest);
+        const wstring16 pattern = PatternFor(random, text, characters);
+        const Placed placedText(random, text);
+        const Placed placedPattern(random, pattern);
+        bool expected = true;
+        int errors = 0;
+        const bool isGood = PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
+        bool match = !expected;
+        EXPECT_EQ(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match), isGood);
+        EXPECT_EQ(match, expected) << i;
+        EXPECT_EQ(NumErrors(), errors);
+        if (testing::Test::HasFailure()) return -1;
+        if (errors != 0) ClearErrors();
+        matches += match;
+    }
+    return matches;
+}
+
 TEST_F(LikeTest, AnswersAsThePlainFormDoesOnLongTexts) {
     const std::vector<wstring16> plain = {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("b"), ZUTEXT("c")};
     std::vector<wstring16> joining = plain;
     for (const wchar16* const unit : {ZUTEXT("\u0301"), ZUTEXT("\u0436"), ZUTEXT("\u00FF"), ZUTEXT("\uFE20")}) {
         joining.push_back(unit);
     }
-    test::Random random;
-    SCOPED_TRACE(random.About());
-    int matches = 0;
-    for (int i = 0; i < 20'000; ++i) {
-        const std::vector<wstring16>& characters = i % 2 == 0 ? plain : joining;
-        const wstring16 text = RandomFrom(random, characters, 60);
-        const wstring16 pattern = PatternFor(random, text, characters);
-        const Placed placedText(random, text);
-        const Placed placedPattern(random, pattern);
-        bool expected = true;
-        int errors = 0;
-        PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
-        bool match = !expected;
-        ASSERT_TRUE(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match));
-        ASSERT_EQ(match, expected) << i;
-        matches += match;
+    for (const std::vector<wstring16>& characters : {plain, joining}) {
+        const int matches = CompareOnLongTexts(characters, 60, 10'000);
+        EXPECT_GT(matches, 2'500) << "the patterns fit often enough";
+        EXPECT_LT(matches, 9'500);
     }
-    EXPECT_GT(matches, 5'000) << "the patterns fit often enough";
-    EXPECT_LT(matches, 19'000);
+}
+
+// About as long as what is looked at in one go, with the highest units that have a byte and the first that have none.
+TEST_F(LikeTest, AnswersAsThePlainFormDoesOnTextsAboutAsLongAsABlock) {
+    const std::vector<wstring16> highest = {ZUTEXT("a"),      ZUTEXT("b"),      ZUTEXT("B"),     ZUTEXT("-"),
+                                            ZUTEXT("\u00FE"), ZUTEXT("\u00FD"), ZUTEXT("\u0080")};
+    EXPECT_GT(CompareOnLongTexts(highest, 36, 10'000), 2'500);
+    std::vector<wstring16> beyond(20, ZUTEXT("a"));
+    for (const wchar16* const unit : {ZUTEXT("\u00FF"), ZUTEXT("\u0100"), ZUTEXT("\u02FF"), ZUTEXT("\u8000")}) {
+        beyond.push_back(unit);
+    }
+    EXPECT_GT(CompareOnLongTexts(beyond, 36, 10'000), 2'500);
+}
+
+TEST_F(LikeTest, AnswersAsThePlainFormDoesWithEscapesOnLongTexts) {
+    EXPECT_GT(CompareOnLongTexts({ZUTEXT("a"), ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("!"), ZUTEXT("_")}, 40, 10'000), 100);
+    EXPECT_GT(CompareOnLongTexts({ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("c"), ZUTEXT("%")}, 12, 10'000), 1'000);
+}
+
+// The last part is looked for at the end of the text, where each character is one unit.
+TEST_F(LikeTest, TheLastPartStandsAtTheEndOfALongText) {
+    const wstring16 start(100, 'x');
+    EXPECT_EQ(Match(start + ZUTEXT("abc"), ZUTEXT("%a%b_")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("abc"), ZUTEXT("%x%xxb_")), "no");
+    EXPECT_EQ(Match(start + ZUTEXT("abcd"), ZUTEXT("%a%b_")), "no");
+    EXPECT_EQ(Match(start, ZUTEXT("%x%") + start), "no") << "as long as the whole text";
+    EXPECT_EQ(Match(start, ZUTEXT("%") + start), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("!"), ZUTEXT("%x%xx!!"), ZUTEXT("!")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("%"), ZUTEXT("%xxy%xx!%"), ZUTEXT("!")), "no");
+    EXPECT_EQ(Match(start, ZUTEXT("%x%xx!x"), ZUTEXT("!")), "bad");
+    const wchar16 marked[] = ZUTEXT("e\u0301x");
+    if (zuNextChar(marked) == marked + 1) GTEST_SKIP() << "this system's CharNextW does not step over combining marks";
+    EXPECT_EQ(Match(start + ZUTEXT("ae\u0301b"), ZUTEXT("%x%ae_")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("ae\u0301b"), ZUTEXT("%x%a__")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("aebe\u0301"), ZUTEXT("%x%e_e")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("aebe\u0301"), ZUTEXT("%x%e__")), "yes");
+    EXPECT_EQ(Match(start + ZUTEXT("aebe\u0301"), ZUTEXT("%x%a__")), "no");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <Utility/memory_blocks.h>
 #include <Utility/text_tools.h>
 #include <gtest/gtest.h>
+#include <support/owned_text.h>
 #include <support/random.h>
 
 #include <memory>
@@ -61,6 +62,15 @@ TEST(FilterNewlines, LengthOfNothingDoesNothing) {
     EXPECT_EQ(target[0], '#');
 }
 
+TEST(FilterNewlines, NullsAreRefused) {
+    wchar16 text[] = ZUTEXT("a\r\n");
+    for (const bool decode : {false, true}) {
+        FilterNewline(text, nullptr, 3, decode);
+        FilterNewline(nullptr, text, 3, decode);
+    }
+    EXPECT_EQ(wstring16(text), ZUTEXT("a\r\n"));
+}
+
 // The text with its CRs, out of a block that is freed as a caller does.
 wstring16 WithCrs(const wstring16& text) {
     const std::unique_ptr<wchar16[]> source(new wchar16[text.size()]);
@@ -88,6 +98,22 @@ TEST(AddCrs, ACrAlreadyThereIsNotLookedAt) {
 
 TEST(AddCrs, CountsByTheLengthAlone) {
     EXPECT_EQ(WithCrs(wstring16{'\n', 0, '\n', 'a'}), (wstring16{'\r', '\n', 0, '\r', '\n', 'a'}));
+}
+
+TEST(AddCrs, NullsAreRefused) {
+    wchar16 other[1];
+    wchar16* out = other;
+    EXPECT_EQ(TextAddCrs(&out, nullptr, 3), 0u);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(TextAddCrs(nullptr, ZUTEXT("a\n"), 2), 0u);
+    EXPECT_EQ(TextAddCrs(nullptr, nullptr, 2), 0u);
+}
+
+TEST(AddCrs, NullWithoutALengthIsTheEmptyText) {
+    test::OwnedText out;
+    EXPECT_EQ(TextAddCrs(out.Place(), nullptr, 0), 0u);
+    ASSERT_NE(out.Get(), nullptr);
+    EXPECT_EQ(out.Get()[0], 0);
 }
 
 wstring16 WithoutCrs(wstring16 text) {

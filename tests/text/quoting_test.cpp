@@ -137,6 +137,26 @@ TEST(Quoting, NullsAreRefused) {
     }
 }
 
+TEST(Quoting, ANullTargetIsRefused) {
+    for (const Call call : {quotestring, unquotestring}) {
+        for (const wchar16* const with : {quote, ZUTEXT(""), static_cast<const wchar16*>(nullptr)}) {
+            EXPECT_EQ(call(nullptr, ZUTEXT("'a'"), 4, with), nullptr);
+            EXPECT_EQ(call(nullptr, ZUTEXT("a"), 4, with), nullptr);
+        }
+    }
+}
+
+TEST(Quoting, TheQuoteMayLieInTheTarget) {
+    wchar16 quoted[20] = ZUTEXT("'it''s'");
+    EXPECT_EQ(wstring16(unquotestring(quoted, quoted, 20, quoted)), ZUTEXT("it's"));
+    wchar16 apart[20] = ZUTEXT("x'y");
+    EXPECT_EQ(wstring16(unquotestring(apart, ZUTEXT("'it''s'"), 20, apart + 1)), ZUTEXT("it's"));
+    wchar16 plain[20] = ZUTEXT("a'b");
+    EXPECT_EQ(wstring16(quotestring(plain, plain, 20, plain + 1)), ZUTEXT("'a''b'"));
+    wchar16 other[20] = ZUTEXT("x'y");
+    EXPECT_EQ(wstring16(quotestring(other, ZUTEXT("it's"), 20, other + 1)), ZUTEXT("'it''s'"));
+}
+
 TEST(Unquoting, GivesTheTextBack) {
     EXPECT_EQ(Apart(unquotestring, ZUTEXT("'it''s'"), 20), ZUTEXT("it's"));
     EXPECT_EQ(InPlace(unquotestring, ZUTEXT("'it''s'"), 20), ZUTEXT("it's"));

@@ -65,6 +65,8 @@ TEST(TextEdits, NullsAreRefused) {
     zuCharReplace(text, nullptr, 'b');
     EXPECT_EQ(wstring16(text), ZUTEXT("aba"));
     TextReplaceChar(nullptr, 'a', 'b');
+    EXPECT_EQ(memrev(nullptr, 0), nullptr);
+    EXPECT_EQ(memrev(nullptr, 3), nullptr);
     EXPECT_EQ(rtrimA(nullptr, csWindowsLatin1), 0u);
 }
 

@@ -1,0 +1,22 @@
+// The parts of the pattern match. Most matches are decided by looking at many units at once, in like.cpp and
+// like_short.cpp; everything else is left to MatchSteps, and all could be.
+#pragma once
+
+#include <Utility/platform/types.h>
+
+namespace Torvo::like {
+
+inline constexpr wchar16 anyRun = '%';
+inline constexpr wchar16 anyOne = '_';
+
+// The escape character, 0 where there is none. As wide as a register, which is read faster than half of one.
+using EscapeUnit = uint32;
+
+// Both answer as Like does, for texts that begin at the start of a character.
+//
+// Character by character (like_steps.cpp).
+bool MatchSteps(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool* match);
+// A pattern that begins with a run (like_short.cpp).
+bool MatchRun(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool* match);
+
+}  // namespace Torvo::like
