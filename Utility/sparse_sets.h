@@ -5,7 +5,8 @@
 // down, and turns a member into its ordinal and back.
 //
 // The words used below. A page is a stretch of 262144 (2^18) values; a page without members and a page that is full
-// take no memory, any other has a bitmap of 32768 bytes. A run is a stretch of consecutive members. The ordinal of a
+// take no memory, any other has a bitmap of 32768 bytes; ten million consecutive rows, which end inside a page, so take
+// 37 KB, and rows up to the end of a page 5 KB. A run is a stretch of consecutive members. The ordinal of a
 // member is its place in ascending order, and the lowest member has ordinal 1. Where a call gives an item or an
 // ordinal, -1 says that there is none.
 //

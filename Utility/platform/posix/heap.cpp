@@ -1,6 +1,7 @@
 #include <Utility/platform/runtime.h>
 
 #include <malloc.h>
+#include <sys/mman.h>
 
 #include <cstdlib>
 
@@ -24,6 +25,14 @@ void free(void* block) {
 
 std::size_t _msize(void* block) {
     return ::malloc_usable_size(block);
+}
+
+std::size_t LargePageBytes() {
+    return std::size_t{2} << 20;
+}
+
+void WantLargePages(void* begin, std::size_t size) {
+    ::madvise(begin, size, MADV_HUGEPAGE);
 }
 
 }  // namespace Torvo::platform
