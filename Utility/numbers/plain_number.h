@@ -20,24 +20,20 @@ inline uint64 DigitOf(wchar16 unit) {
     return static_cast<uint64>(unit - '0');
 }
 
-// Adds the digits at `cursor` to a number, modulo 2^64. Four at a time, so that the next ones need not wait for as many
-// products.
+// Adds the digits at `cursor` to a number, modulo 2^64.
 inline const wchar16* TakeDigits(const wchar16* cursor, uint64& number) {
-    for (; IsDigit(cursor[0]); cursor += 4) {
+    for (; IsDigit(*cursor); ++cursor) number = number * 10 + DigitOf(*cursor);
+    return cursor;
+}
+
+// The same where many digits are likely: two at a time, so that a digit waits for half as many products.
+inline const wchar16* TakeManyDigits(const wchar16* cursor, uint64& number) {
+    for (; IsDigit(cursor[0]); cursor += 2) {
         if (!IsDigit(cursor[1])) {
             number = number * 10 + DigitOf(cursor[0]);
             return cursor + 1;
         }
-        const uint64 pair = DigitOf(cursor[0]) * 10 + DigitOf(cursor[1]);
-        if (!IsDigit(cursor[2])) {
-            number = number * 100 + pair;
-            return cursor + 2;
-        }
-        if (!IsDigit(cursor[3])) {
-            number = number * 1000 + pair * 10 + DigitOf(cursor[2]);
-            return cursor + 3;
-        }
-        number = number * 10000 + pair * 100 + DigitOf(cursor[2]) * 10 + DigitOf(cursor[3]);
+        number = number * 100 + (DigitOf(cursor[0]) * 10 + DigitOf(cursor[1]));
     }
     return cursor;
 }
@@ -113,7 +109,7 @@ inline const wchar16* ReadPlainDouble(const wchar16* text, double* value) {
     std::ptrdiff_t places = 0;
     if (*end == '.') {
         const wchar16* const fraction = end + 1;
-        end = plain::TakeDigits(fraction, integer);
+        end = plain::TakeManyDigits(fraction, integer);
         places = end - fraction;
         digits += places;
     }
