@@ -3,6 +3,7 @@
 #include <malloc.h>
 #include <sys/mman.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 namespace Torvo::platform {
@@ -32,7 +33,9 @@ std::size_t LargePageBytes() {
 }
 
 void WantLargePages(void* begin, std::size_t size) {
+    const int error = errno;
     ::madvise(begin, size, MADV_HUGEPAGE);
+    errno = error;
 }
 
 }  // namespace Torvo::platform
