@@ -5,10 +5,13 @@
 // down, and turns a member into its ordinal and back.
 //
 // The words used below. A page is a stretch of 262144 (2^18) values; a page without members and a page that is full
-// take no memory, any other has a bitmap of 32768 bytes; ten million consecutive rows, which end inside a page, so take
-// 37 KB, and rows up to the end of a page 5 KB. A run is a stretch of consecutive members. The ordinal of a
+// take no memory, any other has a bitmap of 32768 bytes. A run is a stretch of consecutive members. The ordinal of a
 // member is its place in ascending order, and the lowest member has ordinal 1. Where a call gives an item or an
 // ordinal, -1 says that there is none.
+//
+// Memory. An empty list takes 5 KB, and 16 bytes more for each further page once it is to hold values from 65,536,000
+// on. What is added are bitmaps: none for rows that fill their pages, one for ten million consecutive rows, which end
+// inside a page and so take 38 KB, and one for each page where a lone row lies.
 //
 // Failures. Every call takes a null list and a list whose `capacity` is 0 (an invalid list) and answers as for an empty
 // set, or with false. No call throws and none leaves an error record. When memory runs short, an add or a remove
