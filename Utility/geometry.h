@@ -208,7 +208,8 @@ ZUAPI double NormL1Vec(DPNT a);
 // first points, p + t * d = q + u * e is solved by Cramer's rule, and t and u must lie in 0..1. The segments count as
 // parallel, and the result is false, when the determinant is at most 1e-10 of the square of |d.x| + |d.y|; only the
 // first segment enters that measure, so a first segment of no length is parallel to everything, and the answer may
-// change when the two are exchanged. `out` is untouched when the result is false.
+// change when the two are exchanged. `out` is untouched when the result is false. A NaN lies outside of nothing: with
+// one among the coordinates the result is true, and `out` is a NaN.
 ZUAPI bool CrossDLines(DPNT p1, DPNT p2, DPNT q1, DPNT q2, DPNT& out);
 
 // Whether a, b, c turn clockwise, with y growing upwards: the doubled signed area is at most 0. Three points on a line

@@ -64,7 +64,7 @@ ZUAPI bool LLEnum_Reset(LINKEDLIST_ENUMERATOR* enumerator);
 // Steps on until the last node, or until a node with a null item.
 ZUAPI void LLEnum_MoveToEnd(LINKEDLIST_ENUMERATOR* enumerator);
 
-// Frees the enumerator and sets the pointer to null.
+// Frees the enumerator and sets the pointer to null. A null argument is left at that.
 ZUAPI void LLEnum_Delete(LINKEDLIST_ENUMERATOR** enumerator);
 
 }  // namespace Torvo

@@ -8,8 +8,8 @@
 // The words used below. `where` is 0 for the front and 1 for the back. Positions count from 0 at the front. The link
 // leads one way, so whatever needs the element before another walks from the front.
 //
-// No call allocates but DuplicateBlock, none throws, and none leaves an error record. A queue may not be null. Calls on
-// one queue may not overlap.
+// No call allocates but DuplicateBlock, none throws, and none leaves an error record. A queue may not be null. A null
+// element is not put in. Calls on one queue may not overlap.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -74,7 +74,8 @@ ZUAPI Q_ELEM* GetQueueElement(const QUEUE* queue, int32 index);
 ZUAPI int32 InQueuePosition(const QUEUE* queue, const Q_ELEM* element);
 
 // Puts all elements of the source before (0) or behind (1) those of the target, in their order. Any other `where` does
-// nothing. The source is left as it is and leads to the same elements: InitQueue it before using it again.
+// nothing, nor does a queue merged with itself. The source is left as it is and leads to the same elements: InitQueue
+// it before using it again.
 ZUAPI void MergeQueues(QUEUE* target, QUEUE* source, int where);
 
 // Deletes every element through its destructor, and makes the queue empty.

@@ -16,7 +16,7 @@ namespace Torvo {
 ZUAPI HRGN rgn_create(const LRECT* rect);
 // Frees the region; nothing for null.
 ZUAPI void rgn_destroy(HRGN region);
-// Stores the bounds of the region in *rect; four zeros for null, and for an empty region.
+// Stores the bounds of the region in *rect; four zeros for null, and for an empty region. Nothing for a null `rect`.
 ZUAPI void rgn_bounding_rect(HRGN region, LRECT* rect);
 // Whether two regions cover the same. Two nulls are equal, and null is unequal to any region.
 ZUAPI bool rgn_equal(HRGN a, HRGN b);

@@ -18,8 +18,17 @@ int32 ReadItem(fuzz::OperationStream& stream) {
     return static_cast<int32>(page * 262144 + stream.Word() % 600) - 300;
 }
 
+// One item in each of many pages, so that there are more bitmaps than a list has in blocks of their own; or none in
+// each.
+void Strew(fuzz::OperationStream& stream, flist* list, test::PlainSparseSet& plain, int32 item) {
+    const bool adds = stream.Byte() % 2 == 0;
+    for (uint32 pages = stream.Byte(); pages > 0 && item >= 0 && item < 250 * 262144; --pages, item += 262144) {
+        Require(adds ? flist_add(list, item) == plain.Add(item) : flist_remove(list, item) == plain.Remove(item));
+    }
+}
+
 void Step(fuzz::OperationStream& stream, flist* list, test::PlainSparseSet& plain) {
-    const uint32 operation = stream.Byte() % 8;
+    const uint32 operation = stream.Byte() % 9;
     const int32 item = ReadItem(stream);
     int32 first = 0;
     int32 last = 0;
@@ -44,6 +53,8 @@ void Step(fuzz::OperationStream& stream, flist* list, test::PlainSparseSet& plai
         case 6:
             Require(flist_member_in_range(list, item) == plain.MemberInRange(item));
             return Require(flist_getindex(list, item) == plain.GetIndex(item));
+        case 7:
+            return Strew(stream, list, plain, item);
         default: {
             const auto ordinal = static_cast<int32>(stream.Word() % 2000) - 5;
             return Require(flist_getbyindex(list, ordinal) == plain.GetByIndex(ordinal));

@@ -80,6 +80,7 @@ void LLEnum_MoveToEnd(LINKEDLIST_ENUMERATOR* enumerator) {
 }
 
 void LLEnum_Delete(LINKEDLIST_ENUMERATOR** enumerator) {
+    if (enumerator == nullptr) return;
     void* block = *enumerator;
     ffree_(&block);
     *enumerator = nullptr;

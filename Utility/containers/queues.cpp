@@ -84,11 +84,13 @@ Q_ELEM* QueueNext(const Q_ELEM* element) {
 }
 
 void Enqueue(QUEUE* queue, Q_ELEM* element, int where) {
+    if (element == nullptr) return;
     if (where == kFront) PushFront(queue, element);
     if (where == kBack) PushBack(queue, element);
 }
 
 void EnqueueAtIndex(QUEUE* queue, Q_ELEM* element, int32 index) {
+    if (element == nullptr) return;
     // A negative index is larger than any position.
     auto rest = static_cast<uint32>(index);
     Q_ELEM* previous = nullptr;
@@ -97,6 +99,7 @@ void EnqueueAtIndex(QUEUE* queue, Q_ELEM* element, int32 index) {
 }
 
 void EnqueueSorted(QUEUE* queue, Q_ELEM* element, int (*compare)(Q_ELEM*, Q_ELEM*)) {
+    if (element == nullptr) return;
     if (queue->head == nullptr || compare(element, queue->head) <= 0) return PushFront(queue, element);
     if (compare(element, queue->tail) >= 1) return PushBack(queue, element);
     Q_ELEM* previous = nullptr;
@@ -144,7 +147,8 @@ int32 InQueuePosition(const QUEUE* queue, const Q_ELEM* element) {
 }
 
 void MergeQueues(QUEUE* target, QUEUE* source, int where) {
-    if (source->head == nullptr || (where != kFront && where != kBack)) return;
+    // Merged with itself, a queue would become a ring.
+    if (target == source || source->head == nullptr || (where != kFront && where != kBack)) return;
     if (target->head == nullptr) {
         *target = *source;
     } else if (where == kFront) {

@@ -79,6 +79,8 @@ const uint16* RankIndex::StretchesOf(const flist_page& page, uint32 pageNumber) 
 }
 
 uint32 RankIndex::RankInPage(const flist_page& page, uint32 pageNumber, uint32 place) {
+    // The bounds of a list may lie on a page without members, after an add that found no memory.
+    if (pages::IsEmpty(page)) return 0;
     if (pages::IsFull(page)) return place + 1;
     const uint16* const stretches = StretchesOf(page, pageNumber);
     if (stretches == nullptr) return pages::CountOfRange(page, 0, place);
@@ -96,12 +98,7 @@ uint32 RankIndex::PlaceInPage(const flist_page& page, uint32 pageNumber, uint32 
         for (; rank >= stretches[stretch]; ++stretch) rank -= stretches[stretch];
         word = stretch * kStretchWords;
     }
-    for (;; ++word) {
-        const uint64 bitsOfWord = bits::LoadWord(page.bits, word);
-        const uint32 count = bits::CountOf(bitsOfWord);
-        if (rank < count) return word * bits::kWordBits + bits::PlaceOf(bitsOfWord, rank);
-        rank -= count;
-    }
+    return pages::PlaceOfRank(page.bits, word, rank);
 }
 
 }  // namespace Torvo

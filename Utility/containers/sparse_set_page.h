@@ -9,6 +9,7 @@
 #pragma once
 
 #include <Utility/containers/bit_words.h>
+#include <Utility/containers/bitmap_store.h>
 #include <Utility/sparse_sets.h>
 
 namespace Torvo::pages {
@@ -19,6 +20,7 @@ constexpr uint32 kBitmapBytes = kPlaces / 8;
 constexpr uint32 kWords = kPlaces / bits::kWordBits;
 constexpr uint32 kMapBytes = kWords / 8;
 constexpr uint32 kMapWords = kWords / bits::kWordBits;
+static_assert(kBitmapBytes + kMapBytes == BitmapStore::kContentBytes);
 // What a search says when it found nothing: the place behind the last.
 constexpr uint32 kNone = kPlaces;
 
@@ -59,62 +61,40 @@ inline bool Holds(const flist_page& page, uint32 place) {
 }
 
 // Gives an empty page a bitmap of zeros; false if memory is short.
-bool MakeBitmap(flist_page& page);
+bool MakeBitmap(BitmapStore& store, flist_page& page);
 // Gives a full page a bitmap of ones; false if memory is short.
-bool MakeFullBitmap(flist_page& page);
+bool MakeFullBitmap(BitmapStore& store, flist_page& page);
 // Frees the bitmap, if there is one; the count stays.
-void FreeBitmap(flist_page& page);
+void FreeBitmap(BitmapStore& store, flist_page& page);
 
 // Adds a place; whether it was newly added. False too if memory is short: then the place is no member.
-inline bool Add(flist_page& page, uint32 place) {
+inline bool Add(BitmapStore& store, flist_page& page, uint32 place) {
     if (IsFull(page)) return false;
-    if (page.bits == nullptr && !MakeBitmap(page)) return false;
+    if (page.bits == nullptr && !MakeBitmap(store, page)) return false;
     uint16& word = page.bits[place >> 4];
     const uint32 bit = uint32{1} << (place & 15);
     if ((word & bit) != 0) return false;
     word = static_cast<uint16>(word | bit);
     MarkWordOf(page.bits, place);
-    if (++page.count == kPlaces) FreeBitmap(page);
+    if (++page.count == kPlaces) FreeBitmap(store, page);
     return true;
 }
 
 // Removes a place; whether it was removed. False too if memory is short: then the place is still a member.
-bool Remove(flist_page& page, uint32 place);
+bool Remove(BitmapStore& store, flist_page& page, uint32 place);
 
 // Adds [first, last]; false, with nothing changed, if memory is short. A page that becomes full needs no memory.
-bool AddRange(flist_page& page, uint32 first, uint32 last);
+bool AddRange(BitmapStore& store, flist_page& page, uint32 first, uint32 last);
 
 // Makes an empty page hold the members that `source` has in [first, last]; false if memory is short.
-bool CopyRange(flist_page& page, const flist_page& source, uint32 first, uint32 last);
-
-// The lowest place above this one's word that is set in the bitmap, or kNone.
-uint32 SetBitBehindWordOf(const uint16* bitmap, uint32 place);
-
-// The bits of a place's word from the place on, the place's own in the least significant bit.
-inline uint64 RestOfWord(const uint16* bitmap, uint32 place) {
-    return bits::LoadWord(bitmap, place / bits::kWordBits) >> (place % bits::kWordBits);
-}
-
-// The lowest place at or above this one that is set in the bitmap, or kNone.
-inline uint32 SetBitFrom(const uint16* bitmap, uint32 place) {
-    const uint64 rest = RestOfWord(bitmap, place);
-    return rest != 0 ? place + static_cast<uint32>(std::countr_zero(rest)) : SetBitBehindWordOf(bitmap, place);
-}
-
-// The lowest place that is set in the bitmap, or kNone, at the start of a walk through it.
-uint32 FirstSetBit(const uint16* bitmap);
-
-// The lowest member at or above the place, or kNone.
-inline uint32 MemberFrom(const flist_page& page, uint32 place) {
-    if (IsFull(page)) return place;
-    if (IsEmpty(page)) return kNone;
-    return place == 0 ? FirstSetBit(page.bits) : SetBitFrom(page.bits, place);
-}
+bool CopyRange(BitmapStore& store, flist_page& page, const flist_page& source, uint32 first, uint32 last);
 
 // The highest member at or below the place, or kNone.
 uint32 MemberDownFrom(const flist_page& page, uint32 place);
 // The lowest place at or above this one that is no member, or kNone.
 uint32 GapFrom(const flist_page& page, uint32 place);
+// The place of the member of which `rank` members are below, from the start of this word on; there is such a member.
+uint32 PlaceOfRank(const uint16* bitmap, uint32 word, uint32 rank);
 // How many members are in [first, last].
 uint32 CountOfRange(const flist_page& page, uint32 first, uint32 last);
 

@@ -1,3 +1,4 @@
+#include <Utility/containers/bitmap_walk.h>
 #include <Utility/containers/rank_index.h>
 #include <Utility/containers/sparse_set_page.h>
 #include <Utility/memory_blocks.h>
@@ -30,15 +31,18 @@ struct WalkNotes {
     // All of [runFirst, runFirst + runSteps] are members, up to `max` at most.
     int32 runFirst;
     uint32 runSteps;
-    // The bitmap of the page with that number less one; 0 for none.
-    uint32 pagePlusOne;
-    const uint16* bitmap;
+    // The member that a walk through the bitmaps stands at, or kNowhere.
+    int64 member;
+    BitmapWalk bitmaps;
 };
+
+constexpr int64 kNowhere = -(int64{1} << 40);
 
 // What flist_init allocates: the published fields, and behind them, out of the caller's sight, notes of our own.
 struct OwnedList : flist {
     WalkNotes walk;
     RankIndex* ranks;  // null until the list is asked for an ordinal
+    BitmapStore bitmaps;
 };
 
 WalkNotes& WalkOf(flist* list) {
@@ -49,9 +53,13 @@ RankIndex*& RanksOf(flist* list) {
     return static_cast<OwnedList*>(list)->ranks;
 }
 
+BitmapStore& BitmapsOf(flist* list) {
+    return static_cast<OwnedList*>(list)->bitmaps;
+}
+
 void ForgetWalk(flist* list) {
     WalkOf(list).runSteps = 0;
-    WalkOf(list).pagePlusOne = 0;
+    WalkOf(list).member = kNowhere;
 }
 
 uint32 PageOf(int32 item) {
@@ -71,14 +79,18 @@ uint32 SlotsOf(const flist* list) {
     return list->pages != nullptr ? list->capacity : 0;
 }
 
-void RequireList(const flist* list) {
-    if (list == nullptr) throw std::invalid_argument("null pList");
-    if (list->capacity == 0) throw std::invalid_argument("invalid pList");
+[[noreturn]] void RefuseList(const flist* list) {
+    throw std::invalid_argument(list == nullptr ? "null pList" : "invalid pList");
+}
+
+inline void RequireList(const flist* list) {
+    if (list == nullptr || list->capacity == 0) RefuseList(list);
 }
 
 // The bitmaps of all pages, and the array.
 void FreePages(flist* list, flist_page* pageArray, uint32 slots) {
-    for (uint32 page = 0; page < slots; ++page) pages::FreeBitmap(pageArray[page]);
+    for (uint32 page = 0; page < slots; ++page) pages::FreeBitmap(BitmapsOf(list), pageArray[page]);
+    BitmapsOf(list).Close();
     void* block = pageArray;
     ffree_(&block);
     list->pages = nullptr;
@@ -121,7 +133,7 @@ void AddToCount(flist* list, uint32 delta) {
 bool AddRangeInPage(flist* list, uint32 page, uint32 first, uint32 last) {
     flist_page& slot = PageFor(list, page);
     const uint32 before = slot.count;
-    const bool done = pages::AddRange(slot, first, last);
+    const bool done = pages::AddRange(BitmapsOf(list), slot, first, last);
     Widen(list, ItemAt(page, first), ItemAt(page, done ? last : first));
     const uint32 added = slot.count - before;
     if (added > 0) {
@@ -137,37 +149,42 @@ void NoteRun(flist* list, int32 first, int32 last) {
     WalkOf(list).runSteps = static_cast<uint32>(last - first);
 }
 
+// Runs that are shorter do not pay for being noted.
+constexpr uint32 kShortestRun = 8;
+
+// The next member of a walk through bitmaps whose current word has one, noted. A run at the start of what is left of
+// the word is noted as a whole.
+int32 StepIntoWord(flist* list) {
+    WalkNotes& walk = WalkOf(list);
+    const uint32 run = walk.bitmaps.RunInWord();
+    const int32 member = walk.bitmaps.NextInWord();
+    walk.member = member;
+    if (run >= kShortestRun) {
+        const int32 last = member + static_cast<int32>(run) - 1;
+        walk.bitmaps.SkipInWord(run - 1);
+        walk.member = last;
+        NoteRun(list, member, std::min(last, list->max));
+    }
+    return member;
+}
+
 // The lowest member from the item on, which is at most `max`, or -1; with notes for the next step.
 int32 MemberFrom(flist* list, int32 item) {
     WalkNotes& walk = WalkOf(list);
+    walk.member = kNowhere;
     const uint32 end = std::min(PageOf(list->max) + 1, SlotsOf(list));
     uint32 place = PlaceOf(item);
     for (uint32 page = PageOf(item); page < end; ++page, place = 0) {
         const flist_page& slot = list->pages[page];
-        const uint32 found = pages::MemberFrom(slot, place);
-        if (found == pages::kNone) continue;
-        const int32 member = ItemAt(page, found);
-        walk.pagePlusOne = pages::IsFull(slot) ? 0 : page + 1;
-        walk.bitmap = slot.bits;
-        if (pages::IsFull(slot)) NoteRun(list, member, std::min(ItemAt(page, pages::kPlaces - 1), list->max));
-        return member;
+        if (pages::IsEmpty(slot)) continue;
+        if (pages::IsFull(slot)) {
+            NoteRun(list, ItemAt(page, place), std::min(ItemAt(page, pages::kPlaces - 1), list->max));
+            return ItemAt(page, place);
+        }
+        walk.bitmaps.Start(list->pages, end, page, place);
+        if (walk.bitmaps.WordGoesOn() || walk.bitmaps.NextWord()) return StepIntoWord(list);
     }
     return -1;
-}
-
-// The lowest member from the item on, likely in the bitmap that the last step ended in.
-int32 NextFrom(flist* list, int32 item) {
-    WalkNotes& walk = WalkOf(list);
-    if (walk.pagePlusOne != PageOf(item) + 1) return MemberFrom(list, item);
-    const uint64 rest = pages::RestOfWord(walk.bitmap, PlaceOf(item));
-    if (rest == 0) {
-        const uint32 found = pages::SetBitBehindWordOf(walk.bitmap, PlaceOf(item));
-        return found != pages::kNone ? ItemAt(PageOf(item), found) : MemberFrom(list, item);
-    }
-    if (static_cast<uint8>(rest) == 0xFF) {
-        NoteRun(list, item, std::min(item + std::countr_one(rest) - 1, list->max));
-    }
-    return item + std::countr_zero(rest);
 }
 
 // The highest member at or below the item, or -1.
@@ -226,9 +243,7 @@ uint32 RankInPage(const flist* list, RankIndex* ranks, uint32 page, uint32 place
 uint32 PlaceInPage(const flist* list, RankIndex* ranks, uint32 page, uint32 rank) {
     const flist_page& slot = list->pages[page];
     if (ranks != nullptr) return ranks->PlaceInPage(slot, page, rank);
-    uint32 place = pages::MemberFrom(slot, 0);
-    for (; rank > 0; --rank) place = pages::MemberFrom(slot, place + 1);
-    return place;
+    return pages::IsFull(slot) ? rank : pages::PlaceOfRank(slot.bits, 0, rank);
 }
 
 // The steps that are left of a walk, and the page that it goes on from.
@@ -314,7 +329,7 @@ bool CopyMembers(flist* copy, const flist* list, int32 first) {
             const uint32 high = page == lastPage ? PlaceOf(list->max) : pages::kPlaces - 1;
             if (pages::CountOfRange(source, low, high) == 0) continue;
             flist_page& target = PageFor(copy, page);
-            if (!pages::CopyRange(target, source, low, high)) return false;
+            if (!pages::CopyRange(BitmapsOf(copy), target, source, low, high)) return false;
             copy->max = ItemAt(page, pages::MemberDownFrom(target, high));
             AddToCount(copy, target.count);
         }
@@ -338,6 +353,7 @@ flist* flist_init() {
     }
     list->capacity = kFirstCapacity;
     list->pages = static_cast<flist_page*>(pageArray);
+    ForgetWalk(list);
     return list;
 }
 
@@ -365,7 +381,7 @@ bool flist_add(flist* list, int32 item) {
         if (item < 0) throw std::invalid_argument("invalid item");
         ForgetWalk(list);
         flist_page& page = PageFor(list, PageOf(item));
-        const bool added = pages::Add(page, PlaceOf(item));
+        const bool added = pages::Add(BitmapsOf(list), page, PlaceOf(item));
         Widen(list, item, item);
         if (!added) return pages::Holds(page, PlaceOf(item));
         AddToCount(list, 1);
@@ -398,7 +414,7 @@ bool flist_remove(flist* list, int32 item) {
         RequireList(list);
         if (item < 0 || PageOf(item) >= SlotsOf(list)) return false;
         ForgetWalk(list);
-        const bool removed = pages::Remove(list->pages[PageOf(item)], PlaceOf(item));
+        const bool removed = pages::Remove(BitmapsOf(list), list->pages[PageOf(item)], PlaceOf(item));
         if (removed) {
             AddToCount(list, ~uint32{0});
             if (RankIndex* const ranks = RanksOf(list)) ranks->MemberChanged(item, -1);
@@ -457,13 +473,25 @@ bool flist_minmax(flist* list, int32* min, int32* max) {
 int32 flist_next(flist* list, int32 item) {
     try {
         RequireList(list);
-        if (static_cast<uint32>(item) - static_cast<uint32>(WalkOf(list).runFirst) < WalkOf(list).runSteps) {
-            return item + 1;
+        WalkNotes& walk = WalkOf(list);
+        if (static_cast<uint32>(item) - static_cast<uint32>(walk.runFirst) < walk.runSteps) return item + 1;
+        if (walk.member == item && item < list->max) {
+            if (walk.bitmaps.WordGoesOn()) {
+                const int32 member = walk.bitmaps.NextInWord();
+                walk.member = member;
+                return member;
+            }
+            if (walk.bitmaps.NextWord()) {
+                if (!walk.bitmaps.HasOneInWord()) return StepIntoWord(list);
+                const int32 member = walk.bitmaps.NextInWord();
+                walk.member = member;
+                return member;
+            }
         }
         if (list->count < 1) return -1;
         if (item < 0 || item < list->min) return list->min;
         if (item >= list->max) return -1;
-        return NextFrom(list, item + 1);
+        return MemberFrom(list, item + 1);
     } catch (const std::exception&) {
         return -1;
     }

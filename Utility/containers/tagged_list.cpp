@@ -31,14 +31,15 @@ public:
         item = -1;
         const int32* const words = walk_.Peek(passed_);
         if (words == nullptr) return false;
-        const Entry entry = TaggedWords::Read(words);
-        const bool single = entry.IsSingle();
-        item = passed_ = Choose(single || current_ == -1, entry.low, current_);
-        // Above it only in a list that has changed under the walk.
-        const bool done = item >= entry.high;
-        current_ = Choose(single, current_, Choose(done, -1, item + !done));
-        high_ = Choose(done, -1, entry.high);
-        walk_.Step(done ? entry.Words() : 0);
+        // Where the next step begins hangs on as little as possible, since that step waits for it.
+        const bool single = TaggedWords::IsTagged(words[0]);
+        const int32 high = words[1];
+        // Above the high only in a list that has changed under the walk.
+        const bool ends = single | (current_ >= high);
+        walk_.Step(single ? 1u : 2u * ends);
+        item = passed_ = Choose(single | (current_ == -1), TaggedWords::ValueOf(words[0]), current_);
+        current_ = Choose(single, current_, Choose(ends, -1, item + !ends));
+        high_ = Choose(ends, -1, high);
         return true;
     }
 

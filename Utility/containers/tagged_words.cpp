@@ -23,7 +23,7 @@ uint32 TagsOf(const int32* words) {
 }
 
 uint64 BytesFor(uint64 used) {
-    return (used + 1) * sizeof(int32);
+    return (1 + used + 1) * sizeof(int32);
 }
 
 }  // namespace

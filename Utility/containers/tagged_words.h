@@ -2,7 +2,8 @@
 //
 // Word 0 is the number of words that follow. From word 1 on come the entries, in ascending order: a lone value is one
 // word with bit 31 set; a run of two or more is two words with bit 31 clear, its low and its high. No two entries
-// touch. The block is resized to its need, give or take what the heap gives anyway and a few words after a removal.
+// touch. A word behind the last one may be read and means nothing. The block is resized to its need, give or take what
+// the heap gives anyway and a few words after a removal.
 //
 // With bit 31 masked off, the words ascend, so a value is found by a binary search over words that does not care about
 // entries. What it ends at is a lone value, a low or a high; which of the two last is told by the nearest lone value
@@ -48,6 +49,8 @@ public:
     uint64 Used() const { return static_cast<uint32>(words_[0]); }
     const int32* Words() const { return words_; }
 
+    static bool IsTagged(int32 word) { return word < 0; }
+    static int32 ValueOf(int32 word) { return word & 0x7FFFFFFF; }
     // The entry that starts with these words, and the one that starts at an index, kBegin <= at < End().
     static Entry Read(const int32* words) {
         const auto high = words[IsTagged(words[0]) ? 0 : 1];
@@ -82,8 +85,6 @@ public:
     }
 
 private:
-    static bool IsTagged(int32 word) { return word < 0; }
-    static int32 ValueOf(int32 word) { return word & 0x7FFFFFFF; }
     static int32 Tagged(int32 value) { return static_cast<int32>(static_cast<uint32>(value) | 0x80000000u); }
     static uint64 Write(Entry entry, int32* words);
 

@@ -37,6 +37,7 @@ void rgn_destroy(HRGN region) {
 }
 
 void rgn_bounding_rect(HRGN region, LRECT* rect) {
+    if (rect == nullptr) return;
     *rect = region == nullptr ? LRECT{} : BoundsOf(region);
 }
 

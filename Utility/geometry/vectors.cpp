@@ -16,8 +16,9 @@ constexpr double ParallelTolerance = 1e-10;
 // Circles are held at this distance from the origin.
 constexpr int32 CircleLimit = 1000000000;
 
-bool IsFraction(double value) {
-    return value >= 0.0 && value <= 1.0;
+// A NaN lies outside of nothing.
+bool LiesOutside(double value) {
+    return value < 0.0 || value > 1.0;
 }
 
 }  // namespace
@@ -50,9 +51,9 @@ bool CrossDLines(DPNT p1, DPNT p2, DPNT q1, DPNT q2, DPNT& out) {
     const double length = NormL1Vec(d);
     if (length * ParallelTolerance * length >= std::fabs(determinant)) return false;
     const double t = (between.x * e.y - between.y * e.x) / determinant;
-    if (!IsFraction(t)) return false;
+    if (LiesOutside(t)) return false;
     const double u = (between.x * d.y - between.y * d.x) / determinant;
-    if (!IsFraction(u)) return false;
+    if (LiesOutside(u)) return false;
     out = {p1.x + d.x * t, p1.y + d.y * t};
     return true;
 }

@@ -16,45 +16,72 @@ inline bool IsDigit(wchar16 unit) {
     return static_cast<unsigned>(unit - '0') < 10;
 }
 
+inline uint64 DigitOf(wchar16 unit) {
+    return static_cast<uint64>(unit - '0');
+}
+
 // Adds the digits at `cursor` to a number, modulo 2^64.
 inline const wchar16* TakeDigits(const wchar16* cursor, uint64& number) {
-    for (; IsDigit(*cursor); ++cursor) number = number * 10 + static_cast<uint64>(*cursor - '0');
+    for (; IsDigit(*cursor); ++cursor) number = number * 10 + DigitOf(*cursor);
     return cursor;
 }
 
-// Powers of ten that a double holds exactly.
-inline constexpr double ExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
-// What a product of doubles loses by rounding, exactly (T. J. Dekker, A floating-point technique for extending the
-// available precision, 1971).
-inline double ProductError(double a, double b, double product) {
-    constexpr double Splitter = 134217729.0;  // 2^27 + 1
-    const double aTimes = Splitter * a;
-    const double aHigh = aTimes - (aTimes - a);
-    const double aLow = a - aHigh;
-    const double bTimes = Splitter * b;
-    const double bHigh = bTimes - (bTimes - b);
-    const double bLow = b - bHigh;
-    return ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow;
+// The same where many digits are likely: two at a time, so that a digit waits for half as many products.
+inline const wchar16* TakeManyDigits(const wchar16* cursor, uint64& number) {
+    for (; IsDigit(cursor[0]); cursor += 2) {
+        if (!IsDigit(cursor[1])) {
+            number = number * 10 + DigitOf(cursor[0]);
+            return cursor + 1;
+        }
+        number = number * 100 + (DigitOf(cursor[0]) * 10 + DigitOf(cursor[1]));
+    }
+    return cursor;
 }
 
+// A double as a sum of two of half the length, so that products of halves are exact (T. J. Dekker, A floating-point
+// technique for extending the available precision, 1971).
+struct Halves {
+    explicit constexpr Halves(double value) : high(Splitter * value - (Splitter * value - value)), low(value - high) {}
+
+    static constexpr double Splitter = 134217729.0;  // 2^27 + 1
+    double high;
+    double low;
+};
+
+// What a product of doubles loses by rounding, exactly (the same).
+inline double ProductError(Halves a, Halves b, double product) {
+    return ((a.high * b.high - product) + a.high * b.low + a.low * b.high) + a.low * b.low;
+}
+
+// A power of ten that a double holds exactly.
+struct ExactPower {
+    constexpr ExactPower(double power, double inversePower) : value(power), inverse(inversePower), halves(power) {}
+
+    double value;
+    double inverse;  // rounded
+    Halves halves;
+};
+inline constexpr ExactPower ExactPowers[] = {{1e0, 1e0},    {1e1, 1e-1},   {1e2, 1e-2},   {1e3, 1e-3},   {1e4, 1e-4},
+                                             {1e5, 1e-5},   {1e6, 1e-6},   {1e7, 1e-7},   {1e8, 1e-8},   {1e9, 1e-9},
+                                             {1e10, 1e-10}, {1e11, 1e-11}, {1e12, 1e-12}, {1e13, 1e-13}, {1e14, 1e-14},
+                                             {1e15, 1e-15}, {1e16, 1e-16}, {1e17, 1e-17}, {1e18, 1e-18}, {1e19, 1e-19}};
+
 // integer / power, correctly rounded. An integer of up to 53 bits is an exact double, so the division rounds once and
-// rightly (W. D. Clinger, How to read floating point numbers accurately, 1990). A longer one is a sum of two doubles;
-// the quotient is then one too, good to some hundred bits, and false is answered in the rare case that this leaves two
-// results possible.
-inline bool Divide(uint64 integer, double power, double* value) {
+// rightly (W. D. Clinger, How to read floating point numbers accurately, 1990). A longer one is a sum of two doubles.
+// A quotient that is off by a few units in the last place is had by a product; what it lacks is then known to some
+// fifty bits, which settles the rounding but for the rare case where two results are possible: false, then.
+inline bool Divide(uint64 integer, const ExactPower& power, double* value) {
     const auto high = static_cast<double>(integer);
     if (integer <= uint64{1} << 53) {
-        *value = high / power;
+        *value = high / power.value;
         return true;
     }
     const auto low = static_cast<double>(static_cast<int64>(integer - static_cast<uint64>(high)));
-    const double quotient = high / power;
-    const double product = quotient * power;
-    const double rest = (high - product) - ProductError(quotient, power, product) + low;
-    const double correction = rest / power;
-    const double doubt = std::fabs(correction) * 0x1p-48;
+    const double quotient = high * power.inverse;
+    const double product = quotient * power.value;
+    const double rest = (high - product) - ProductError(Halves(quotient), power.halves, product) + low;
+    const double correction = rest * power.inverse;
+    const double doubt = std::fabs(correction) * 0x1p-44;
     *value = quotient + correction;
     return quotient + (correction - doubt) == *value && quotient + (correction + doubt) == *value;
 }
@@ -82,7 +109,7 @@ inline const wchar16* ReadPlainDouble(const wchar16* text, double* value) {
     std::ptrdiff_t places = 0;
     if (*end == '.') {
         const wchar16* const fraction = end + 1;
-        end = plain::TakeDigits(fraction, integer);
+        end = plain::TakeManyDigits(fraction, integer);
         places = end - fraction;
         digits += places;
     }

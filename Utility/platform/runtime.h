@@ -12,6 +12,11 @@ void* realloc(void* block, std::size_t size);
 void free(void* block);
 // The size of a block as the heap knows it; not for null.
 std::size_t _msize(void* block);
+// The size of the large pages that the system gives a part of a heap block on request; 0 if it gives none.
+std::size_t LargePageBytes();
+// Asks for large pages behind this memory, which begins at the border of one and was not used yet. A wish: memory that
+// does not get them is as good.
+void WantLargePages(void* begin, std::size_t size);
 
 // Text of 16-bit units. Results point into the first argument where the C library's do.
 std::size_t wcslen(const wchar16* text);

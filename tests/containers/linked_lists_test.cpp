@@ -111,6 +111,7 @@ TEST(LinkedList, DeleteNullsThePointer) {
     LLEnum_Delete(&walk);
     EXPECT_EQ(walk, nullptr);
     LLEnum_Delete(&walk);
+    LLEnum_Delete(nullptr);
 }
 
 TEST(LinkedList, MoveToEnd) {

@@ -341,6 +341,36 @@ TEST(Queue, MergeElsewhereDoesNothing) {
     EXPECT_TRUE(NullQueue(&empty));
 }
 
+TEST(Queue, MergeWithItselfDoesNothing) {
+    for (const int where : {0, 1}) {
+        Queue queue{1, 2, 3};
+        MergeQueues(&queue, &queue, where);
+        EXPECT_EQ(CountQueueElements(&queue), 3);
+        EXPECT_EQ(ValuesOf(queue), (Values{1, 2, 3}));
+        ExpectSound(queue);
+    }
+}
+
+TEST(Queue, NullIsNoElement) {
+    const auto never = [](Q_ELEM*, Q_ELEM*) {
+        ADD_FAILURE() << "nothing to compare";
+        return 0;
+    };
+    Queue empty;
+    Queue queue{1, 2};
+    for (QUEUE* const each : {static_cast<QUEUE*>(&empty), static_cast<QUEUE*>(&queue)}) {
+        Enqueue(each, nullptr, 0);
+        Enqueue(each, nullptr, 1);
+        EnqueueAtIndex(each, nullptr, 0);
+        EnqueueAtIndex(each, nullptr, 1);
+        EnqueueAtIndex(each, nullptr, 9);
+        EnqueueSorted(each, nullptr, never);
+    }
+    EXPECT_TRUE(NullQueue(&empty));
+    EXPECT_EQ(ValuesOf(queue), (Values{1, 2}));
+    ExpectSound(queue);
+}
+
 TEST(Queue, DeleteCallsTheDestructors) {
     int deleted = 0;
     QUEUE queue;

@@ -168,6 +168,40 @@ TEST_F(SparseSetFailures, CopyIsWholeOrNull) {
     flist_destroy(list);
 }
 
+TEST_F(SparseSetFailures, OrdinalsAreFoundWhereABoundLiesOnAnEmptyPage) {
+    flist* list = flist_init();
+    flist_add_range(list, 0, kPage - 1);
+    EXPECT_EQ(flist_getindex(list, 5), 6);
+    {
+        const FailingHeap heap(1);
+        EXPECT_FALSE(flist_remove(list, 0));
+        EXPECT_FALSE(flist_add(list, 2 * kPage + 75712));
+    }
+    EXPECT_EQ(list->min, 1);
+    EXPECT_EQ(list->max, 2 * kPage + 75712);
+    EXPECT_EQ(flist_getbyindex(list, kPage), -1);
+    EXPECT_EQ(flist_getbyindex(list, kPage - 1), kPage - 1);
+    // The same at the lower end.
+    {
+        const FailingHeap heap(1);
+        EXPECT_FALSE(flist_add(list, 250 * kPage - 1));
+    }
+    EXPECT_EQ(flist_getbyindex(list, kPage - 1), kPage - 1);
+    flist_destroy(list);
+
+    list = flist_init();
+    flist_add(list, 3 * kPage + 7);
+    {
+        const FailingHeap heap(1);
+        EXPECT_FALSE(flist_add(list, kPage + 9));
+    }
+    EXPECT_EQ(list->min, kPage + 9);
+    EXPECT_EQ(flist_getbyindex(list, 1), 3 * kPage + 7);
+    EXPECT_EQ(flist_getindex(list, 3 * kPage + 7), 1);
+    EXPECT_EQ(flist_getindex(list, kPage + 9), -1);
+    flist_destroy(list);
+}
+
 TEST_F(SparseSetFailures, OrdinalsNeedNoMemory) {
     for (const uint64 granted : {uint64{0}, uint64{1}}) {
         flist* list = flist_init();
@@ -233,8 +267,11 @@ TEST_F(SparseSetFailures, AnswersAsThePlainFormDoes) {
     for (int round = 0; round < 20; ++round) {
         flist* list = flist_init();
         PlainSparseSet plain;
-        flist_add_range(list, kPage, 2 * kPage - 1);
-        plain.AddRange(kPage, 2 * kPage - 1);
+        // One full page or two, the lowest of all among them or not.
+        const int32 firstFull = round % 2;
+        const int32 full = 1 + round / 2 % 2;
+        flist_add_range(list, firstFull * kPage, (firstFull + full) * kPage - 1);
+        plain.AddRange(firstFull * kPage, (firstFull + full) * kPage - 1);
         for (int i = 0; i < test::kRandomOperations / 2000; ++i) {
             const auto item = static_cast<int32>(random.Between(0, 4) * kPage + random.Between(-3, 3));
             plain.heapExhausted = random.OneIn(2);

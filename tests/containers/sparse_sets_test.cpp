@@ -675,6 +675,30 @@ TEST(SparseSetProperty, WholePagesAnswerAsThePlainFormDoes) {
     }
 }
 
+// More partly filled pages than a list has blocks for, whose bitmaps come and go.
+TEST(SparseSetProperty, ManyPagesComeAndGo) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    const List list;
+    PlainSparseSet plain;
+    for (int i = 0; i < 40'000; ++i) {
+        // By turns mostly adding and mostly removing, so that the list empties in between.
+        const bool adds = i / 10'000 % 2 == 0;
+        const auto item = static_cast<int32>(random.Between(0, 400) * kPage + random.Between(0, 1) * (kPage - 1));
+        if (random.OneIn(8) != adds) {
+            ASSERT_EQ(flist_add(list, item), plain.Add(item));
+        } else {
+            ASSERT_EQ(flist_remove(list, item), plain.Remove(item));
+        }
+        ASSERT_EQ(flist_next(list, item), plain.Next(item));
+        ASSERT_EQ(flist_prev(list, item), plain.Prev(item));
+        ExpectSame(list, plain);
+        if (i % 5'000 == 0) CompareCopies(list, plain);
+        if (HasFatalFailure()) return;
+    }
+    ASSERT_EQ(MembersOf(list), plain.members);
+}
+
 // Ordinals over many groups of pages, full, partly filled and empty, while the set changes.
 TEST(SparseSetProperty, OrdinalsHoldOverTheWholeValueSpace) {
     test::Random random;

@@ -50,6 +50,13 @@ TEST(Regions, NullHasZeroBounds) {
     EXPECT_EQ(rgn_create(nullptr), nullptr);
 }
 
+TEST(Regions, BoundsAreStoredNowhereForNull) {
+    const Region region(LRECT{1, 2, 30, 40});
+    rgn_bounding_rect(region.Get(), nullptr);
+    rgn_bounding_rect(nullptr, nullptr);
+    EXPECT_EQ(region.Bounds(), (LRECT{1, 2, 30, 40}));
+}
+
 TEST(Regions, EqualityOfNulls) {
     const Region region(LRECT{0, 0, 1, 1});
     EXPECT_TRUE(rgn_equal(nullptr, nullptr));

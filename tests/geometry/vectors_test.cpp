@@ -78,8 +78,11 @@ TEST(CrossDLines, OnlyTheFirstSegmentEntersTheTestForParallels) {
     EXPECT_TRUE(Crossing(shortSegment[0], shortSegment[1], longSegment[0], longSegment[1]).found);
 }
 
-TEST(CrossDLines, NaNIsNoCrossing) {
-    EXPECT_FALSE(Crossing({0, GetNaN()}, {10, 10}, {0, 10}, {10, 0}).found);
+TEST(CrossDLines, NaNIsNotOutside) {
+    const Crossing crossing({0, GetNaN()}, {10, 10}, {0, 10}, {10, 0});
+    EXPECT_TRUE(crossing.found);
+    EXPECT_TRUE(IsNaN(crossing.point.x));
+    EXPECT_TRUE(IsNaN(crossing.point.y));
 }
 
 TEST(CrossDLines, RandomCrossingsLieOnBothSegments) {

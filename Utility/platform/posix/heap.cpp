@@ -1,7 +1,9 @@
 #include <Utility/platform/runtime.h>
 
 #include <malloc.h>
+#include <sys/mman.h>
 
+#include <cerrno>
 #include <cstdlib>
 
 namespace Torvo::platform {
@@ -24,6 +26,16 @@ void free(void* block) {
 
 std::size_t _msize(void* block) {
     return ::malloc_usable_size(block);
+}
+
+std::size_t LargePageBytes() {
+    return std::size_t{2} << 20;
+}
+
+void WantLargePages(void* begin, std::size_t size) {
+    const int error = errno;
+    ::madvise(begin, size, MADV_HUGEPAGE);
+    errno = error;
 }
 
 }  // namespace Torvo::platform

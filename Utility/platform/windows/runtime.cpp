@@ -29,6 +29,13 @@ std::size_t _msize(void* block) {
     return ::_msize(block);
 }
 
+// Large pages are a privilege there, and not to be had for a part of the heap.
+std::size_t LargePageBytes() {
+    return 0;
+}
+
+void WantLargePages(void* /*begin*/, std::size_t /*size*/) {}
+
 std::size_t wcslen(const wchar16* text) {
     return std::wcslen(text);
 }
