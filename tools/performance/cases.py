@@ -28,6 +28,7 @@ import tomllib
 
 from units import parse_limit, show_bytes, show_figure, show_ratio, show_size
 
+KEYS = {"name", "ours", "peers", "against", "metric", "cold", "grows", "memory", "words", "bar"}
 PLACEHOLDER = re.compile(r"\{(\w+)(?::([^}]*))?\}")
 
 
@@ -97,7 +98,7 @@ class Row:
         return any(not bar.is_met for bar in self.bars)
 
     def verdict(self):
-        """Who wins: "ours", "peer", "even" where the difference is within the spread and small, or "" without a peer."""
+        """Who wins: "ours", "peer", "even" if the difference is small and within the spread, "" without a peer."""
         if not self.peers:
             return ""
         ratio = self.ratio(self.best_peer())
@@ -116,8 +117,7 @@ def load_families(directory):
 def load_family(path):
     table = tomllib.loads(path.read_text(encoding="utf-8"))
     for case in table["case"]:
-        unknown = case.keys() - {"name", "ours", "peers", "against", "metric", "cold", "grows", "memory", "words", "bar"}
-        if unknown:
+        if unknown := case.keys() - KEYS:
             raise BadTable(f"{path.name}: {case['name']}: what is {', '.join(sorted(unknown))}?")
     return Family(path.stem, table["title"], " ".join(table["about"].split()), table["programs"], table["case"],
                   table.get("proved", []), table.get("run", {}))
@@ -231,7 +231,7 @@ def make_row(family, case, name, values, benchmarks):
         ours=figures_of(name, metric),
         peers=measured(case.get("peers", {}), metric),
         against=measured(case.get("against", {}), metric),
-        counters={counter: statistics.median(each[counter] for each in benchmarks[name]) for counter in benchmarks[name][0]},
+        counters={each: statistics.median(figures_of(name, each)) for each in benchmarks[name][0]},
         memory={label: statistics.median(each) for label, each in memory.items()},
     )
 

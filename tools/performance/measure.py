@@ -40,7 +40,9 @@ QUICK = Plan(rounds=2, min_time=0.004, warm_up=0.001)
 
 def run(families, binaries, results, plan):
     """Writes results/round-N/PROGRAM.json for each program and round, and results/machine.json."""
-    settings = {program: plan.settings(family.run.get(program, {})) for family in families for program in family.programs}
+    settings = {}
+    for family in families:
+        settings |= {program: plan.settings(family.run.get(program, {})) for program in family.programs}
     programs = list(settings)
     for program in programs:
         for old in results.glob(f"round-*/{program}.json"):
@@ -138,4 +140,5 @@ def versions(packages):
 def output(*command):
     if shutil.which(command[0]) is None:
         return ""
-    return subprocess.run(command, capture_output=True, text=True, check=False, cwd=pathlib.Path(__file__).parent).stdout
+    here = pathlib.Path(__file__).parent
+    return subprocess.run(command, capture_output=True, text=True, check=False, cwd=here).stdout

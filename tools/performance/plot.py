@@ -3,6 +3,7 @@
 import math
 from xml.sax.saxutils import escape
 
+from cases import fits
 from units import show_ratio
 
 LABELS = 420  # width of the column with the names
@@ -42,7 +43,7 @@ def colour(row):
 def bar_place(row, peer):
     """The ratio that a bar asks of the best peer, if one does."""
     for bar in row.case.get("bar", []):
-        if bar.get("peer") == peer and all(row.values[name] in allowed for name, allowed in bar.get("only", {}).items()):
+        if bar.get("peer") == peer and fits(row.values, bar.get("only", {})):
             return bar["at_least"] if "at_least" in bar else 1 / bar["at_most"]
     return None
 

@@ -35,7 +35,7 @@ HOW_TO_READ = """\
 - **Warm** cases find all that they use in memory that was used before. **Cold** ones are the first of their kind: a new
   thread, an empty container, a cache that does not hold the file, an array beyond the caches.
 - A time below 2 ns is that of a few instructions: what the compiler made of the loop around it counts as much.
-- In the plots a dot is a ratio, the line through it its spread, the tick its bar. Right of the line at 1 ours is faster.
+- In the plots a dot is a ratio, the line through it its spread, the tick its bar. Right of 1 ours is faster.
 """
 
 GROWTH = """\
@@ -117,7 +117,7 @@ def lost_section(families, reasons):
 
 
 def count(rows, verdict):
-    return str(sum(row.verdict() == verdict for row in rows))
+    return sum(row.verdict() == verdict for row in rows)
 
 
 def overview(families):
@@ -126,10 +126,9 @@ def overview(families):
     for family, rows in families:
         bars = [bar for row in rows for bar in row.bars]
         met = sum(bar.is_met for bar in bars)
-        cells.append([
-            f"[{family.title}](#{anchor(family.title)})", str(len(rows)), str(sum(bool(row.peers) for row in rows)),
-            count(rows, "ours"), count(rows, "even"), count(rows, "peer"), str(len(bars)), str(met), str(len(bars) - met),
-        ])
+        wins = [count(rows, verdict) for verdict in ("ours", "even", "peer")]
+        numbers = [len(rows), sum(bool(row.peers) for row in rows), *wins, len(bars), met, len(bars) - met]
+        cells.append([f"[{family.title}](#{anchor(family.title)})", *map(str, numbers)])
     totals = [str(sum(int(row[column]) for row in cells)) for column in range(1, len(head))]
     return "## Overview\n\n" + table(head, cells + [["all", *totals]])
 
@@ -200,7 +199,8 @@ def family_section(family, rows):
         some = [row for row in rows if row.is_cold() == is_cold]
         if some:
             parts.append(f"### {title}\n\n" + table(head, map(row_cells, lost_first(some))))
-    return "\n".join(parts + [part for part in (growth_section(rows), memory_section(rows), proved_section(family)) if part])
+    parts += [growth_section(rows), memory_section(rows), proved_section(family)]
+    return "\n".join(part for part in parts if part)
 
 
 def machine_section(machine):
@@ -228,7 +228,9 @@ def summary(families):
     lines = [f"  {row.key()}: {ours_cell(row)}, {peer_cell(row)}; {bars_cell(row)}" for row in rows if is_lost(row)]
     if lines:
         lines.insert(0, "a peer wins or a bar is missed:")
-    lines.append(f"{len(rows)} cases, {len(ratios)} with a peer, of which {sum(ratio >= 1 for ratio in ratios)} are faster "
-                 f"here (median ratio {show_ratio(statistics.median(ratios or [1]))}); "
-                 f"{sum(bar.is_met for bar in bars)} bars met, {sum(not bar.is_met for bar in bars)} missed")
+    faster = sum(ratio >= 1 for ratio in ratios)
+    middle = show_ratio(statistics.median(ratios or [1]))
+    met = sum(bar.is_met for bar in bars)
+    lines.append(f"{len(rows)} cases, {len(ratios)} with a peer, of which {faster} are faster here (median ratio "
+                 f"{middle}); {met} bars met, {len(bars) - met} missed")
     return "\n".join(lines)

@@ -7,7 +7,7 @@ import statistics
 from units import SECONDS
 
 # What Google Benchmark adds to a name to say how it ran.
-HOW_IT_RAN = re.compile(r"/(iterations|repeats|min_time|min_warmup_time|threads):[^/]*|/(real_time|process_time|manual_time)")
+HOW_IT_RAN = re.compile(r"/((iterations|repeats|min_time|min_warmup_time|threads):[^/]*|(real|process|manual)_time)")
 
 
 class BadResults(Exception):
@@ -15,7 +15,7 @@ class BadResults(Exception):
 
 
 class Results:
-    """`machine` tells where and how the figures were made; `rounds` is a list of {program: {benchmark: {metric: value}}}.
+    """`machine` tells where and how the figures were made; a round is {program: {benchmark: {metric: value}}}.
 
     The metrics of a benchmark are `time`, its time in seconds; `items` and `bytes`, the time of one of them; and its
     counters under their own names.
