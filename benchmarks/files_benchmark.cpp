@@ -1,6 +1,6 @@
 // Registered files: the registry, the budget of open handles, and bytes through the block cache, beside the runtime's
-// streams and the system's own calls on the same files. The files lie in the directory for temporary files and are in
-// the system's page cache, but for those called cold.
+// streams, the system's own calls and GDAL's cached reader on the same files. The files lie in the directory for
+// temporary files and are in the system's page cache, but for those that are read from the disk.
 //
 // Registry: the time is for all 100,000. OpenReadClose, of one file among as many registered: compare the two.
 // RoundRobin opens, reads 16 bytes of and closes one after the other of 10,000 files, with 64 handles; its peer does
@@ -8,8 +8,12 @@
 //
 // Reading and writing: one item is one call. WriteInOrder writes over what is there; WriteGrowing lets the file grow,
 // which the library does in steps of 512 bytes at most, and its peer in those of its buffer.
+//
+// ReadCold reads a file that the library's cache does not hold, and the system's does. ReadFromDisk reads one that
+// neither holds; it lies in the current directory, since the one for temporary files may be kept in memory.
 #include <Utility/Utility.h>
 #include <benchmark/benchmark.h>
+#include <cpl_vsi_virtual.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -29,7 +33,8 @@ namespace fs = std::filesystem;
 // A directory that is removed at the end.
 class Scratch {
 public:
-    Scratch() : path(fs::canonical(fs::temp_directory_path()) / ("torvo-bench-" + std::to_string(getpid()))) {
+    explicit Scratch(const fs::path& parent)
+        : path(fs::canonical(parent) / ("torvo-bench-" + std::to_string(getpid()))) {
         fs::create_directory(path);
     }
     ~Scratch() { fs::remove_all(path); }
@@ -42,7 +47,7 @@ public:
 };
 
 const Scratch& Directory() {
-    static const Scratch scratch;
+    static const Scratch scratch(fs::temp_directory_path());
     return scratch;
 }
 
@@ -101,18 +106,32 @@ void OpenReadClose(benchmark::State& state) {
 }
 BENCHMARK(OpenReadClose)->Arg(10)->Arg(100'000);
 
+void OpenReadCloseSystemCalls(benchmark::State& state) {
+    const std::string path = Directory().Make("one", 4096);
+    char buffer[16];
+    for (auto _ : state) {
+        const int file = open(path.c_str(), O_RDONLY);
+        benchmark::DoNotOptimize(read(file, buffer, sizeof buffer));
+        close(file);
+    }
+}
+BENCHMARK(OpenReadCloseSystemCalls);
+
 constexpr int ManyFiles = 10'000;
 
-std::vector<std::string> MakeManyFiles() {
-    std::vector<std::string> files;
-    for (int i = 0; i < ManyFiles; ++i) files.push_back(Directory().Make("many" + std::to_string(i), 64));
+const std::vector<std::string>& TheManyFiles() {
+    static const std::vector<std::string> files = [] {
+        std::vector<std::string> made;
+        for (int i = 0; i < ManyFiles; ++i) made.push_back(Directory().Make("many" + std::to_string(i), 64));
+        return made;
+    }();
     return files;
 }
 
 void RoundRobin(benchmark::State& state) {
     const Services services(64, false);
     std::vector<int> files;
-    for (const std::string& name : MakeManyFiles())
+    for (const std::string& name : TheManyFiles())
         files.push_back(register_file(Wide(name).c_str(), FILETYPE(0), false));
     std::size_t next = 0;
     char buffer[16];
@@ -129,7 +148,7 @@ void RoundRobin(benchmark::State& state) {
 BENCHMARK(RoundRobin);
 
 void RoundRobinSystemCalls(benchmark::State& state) {
-    const std::vector<std::string> files = MakeManyFiles();
+    const std::vector<std::string>& files = TheManyFiles();
     std::size_t next = 0;
     char buffer[16];
     for (auto _ : state) {
@@ -209,6 +228,25 @@ void ReadAtRandomPread(benchmark::State& state) {
 }
 BENCHMARK(ReadAtRandomPread)->Arg(64)->Arg(4096);
 
+// GDAL's cached reader, with chunks of its own size and room for the whole file.
+void ReadAtRandomGdal(benchmark::State& state) {
+    const auto piece = static_cast<std::size_t>(state.range(0));
+    const std::string path = Directory().Make("random", CachedSize);
+    VSIVirtualHandle* const plain = VSIFileManager::GetHandler(path.c_str())->Open(path.c_str(), "rb");
+    VSIVirtualHandle* const file = VSICreateCachedFile(plain, 32768, 2 * CachedSize);
+    std::vector<char> buffer(CachedSize);
+    file->Read(buffer.data(), 1, CachedSize);
+    const std::vector<int64_t> places = RandomPlaces(state.range(0));
+    std::size_t next = 0;
+    for (auto _ : state) {
+        file->Seek(static_cast<vsi_l_offset>(places[next++ % places.size()]), SEEK_SET);
+        if (file->Read(buffer.data(), 1, piece) != piece) state.SkipWithError("not read");
+    }
+    file->Close();
+    delete file;
+}
+BENCHMARK(ReadAtRandomGdal)->Arg(64)->Arg(4096);
+
 // One item is a whole file of 64 MiB, which the library's cache does not hold.
 constexpr int64_t ColdSize = 64 << 20;
 
@@ -236,6 +274,51 @@ void ReadColdSystemCalls(benchmark::State& state) {
     close(file);
 }
 BENCHMARK(ReadColdSystemCalls)->Unit(benchmark::kMillisecond);
+
+const std::string& FileOnDisk() {
+    static const Scratch scratch(fs::current_path());
+    static const std::string path = scratch.Make("on disk", ColdSize);
+    return path;
+}
+
+// Lets the system forget what it holds of the file.
+void ForgetPages(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY);
+    fdatasync(file);
+    posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
+    close(file);
+}
+
+void ReadFromDisk(benchmark::State& state) {
+    const Services services;
+    const int file = OpenRegistered(FileOnDisk(), 1);
+    char buffer[4096];
+    for (auto _ : state) {
+        state.PauseTiming();
+        ForgetPages(FileOnDisk());
+        state.ResumeTiming();
+        lseek2(file, 0, 0);
+        while (read2(file, buffer, sizeof buffer) == sizeof buffer) benchmark::DoNotOptimize(buffer);
+    }
+    state.SetBytesProcessed(state.iterations() * ColdSize);
+    close2(file);
+}
+BENCHMARK(ReadFromDisk)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void ReadFromDiskSystemCalls(benchmark::State& state) {
+    const int file = open(FileOnDisk().c_str(), O_RDONLY);
+    char buffer[4096];
+    for (auto _ : state) {
+        state.PauseTiming();
+        ForgetPages(FileOnDisk());
+        state.ResumeTiming();
+        lseek(file, 0, SEEK_SET);
+        while (read(file, buffer, sizeof buffer) == sizeof buffer) benchmark::DoNotOptimize(buffer);
+    }
+    state.SetBytesProcessed(state.iterations() * ColdSize);
+    close(file);
+}
+BENCHMARK(ReadFromDiskSystemCalls)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // Writing -----------------------------------------------------------------------------------------------------------
 
@@ -290,5 +373,23 @@ void WriteGrowing(benchmark::State& state) {
     close2(file);
 }
 BENCHMARK(WriteGrowing)->Arg(64);
+
+void WriteGrowingStream(benchmark::State& state) {
+    const auto piece = static_cast<std::size_t>(state.range(0));
+    std::FILE* const file = std::fopen((Directory().path / "growing").c_str(), "w+b");
+    const std::vector<char> bytes(piece, 'w');
+    int64_t position = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(fwrite_unlocked(bytes.data(), 1, piece, file));
+        position += state.range(0);
+        if (position == WrittenSize) {
+            std::rewind(file);
+            if (ftruncate(fileno(file), 0) != 0) state.SkipWithError("not cut");
+            position = 0;
+        }
+    }
+    std::fclose(file);
+}
+BENCHMARK(WriteGrowingStream)->Arg(64);
 
 }  // namespace
