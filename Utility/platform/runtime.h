@@ -12,6 +12,9 @@ void* realloc(void* block, std::size_t size);
 void free(void* block);
 // The size of a block as the heap knows it; not for null.
 std::size_t _msize(void* block);
+// A large block is going to be used all over: pages of it that were not touched yet may be had in larger pieces. Where
+// the system does not take such advice, nothing happens.
+void PreferLargePages(void* block, std::size_t size);
 
 // Text of 16-bit units. Results point into the first argument where the C library's do.
 std::size_t wcslen(const wchar16* text);

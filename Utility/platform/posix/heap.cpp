@@ -1,7 +1,10 @@
 #include <Utility/platform/runtime.h>
 
 #include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <cstdint>
 #include <cstdlib>
 
 namespace Torvo::platform {
@@ -24,6 +27,15 @@ void free(void* block) {
 
 std::size_t _msize(void* block) {
     return ::malloc_usable_size(block);
+}
+
+void PreferLargePages(void* block, std::size_t size) {
+    const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto start = reinterpret_cast<std::uintptr_t>(block);
+    // Whole pages only: what lies beside the block is not ours.
+    const std::uintptr_t first = (start + page - 1) / page * page;
+    const std::uintptr_t end = (start + size) / page * page;
+    if (first < end) ::madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
 }
 
 }  // namespace Torvo::platform

@@ -29,6 +29,8 @@ std::size_t _msize(void* block) {
     return ::_msize(block);
 }
 
+void PreferLargePages(void* /*block*/, std::size_t /*size*/) {}
+
 std::size_t wcslen(const wchar16* text) {
     return std::wcslen(text);
 }
