@@ -60,13 +60,14 @@ public:
     //   1  take an entry for it, with a count of 0 and whatever bytes there are: the caller writes the whole block
     //   2  take an entry for it and read the block from the file. At and behind the end of a file its count is less
     //      than the block size, down to 0
-    // False, with *out untouched, if the entry to be taken is dirty and its file cannot be written, which leaves all as
-    // it was; and if the block cannot be read, which leaves it in the cache with a count of 0, so that the next look-up
-    // finds it so.
+    // False, with *out untouched, if the entry to be taken is dirty and its file cannot be written, which leaves the
+    // orders and that entry as they were, while blocks of that file that could be written are no longer dirty; and if
+    // the block cannot be read, which leaves it in the cache with a count of 0, so that the next look-up finds it so.
+    // False, too, for a null `out`.
     virtual bool Lookup(int handle, int64 block, CacheEntry** out, int mode) = 0;
     // The entry at a position in the order of keys, from 0 to BlockCount() - 1; null outside.
     virtual CacheEntry* EntryAt(int position) = 0;
-    // The bytes of a slot.
+    // The bytes of a slot; null for one that the cache does not have.
     virtual void* BlockData(int slot) = 0;
     // Drops the entry at a position without writing it. It comes to stand at position 0, those before it one further.
     // Nothing happens for a position that EntryAt has no entry for.

@@ -24,7 +24,9 @@ ZUAPI int64 tell2(int file);
 // a handle that is not registered.
 ZUAPI int64 filelength2(int file);
 // Reads at the logical position and moves it on by what was read. Returns how many bytes, less than `count` at the end
-// of the file and where it cannot be read; -1 for a handle that is not registered.
+// of the file, where it cannot be read, and where a block of the cache ends early: one that was in the cache when the
+// file was made to grow behind it by `write2` ends where its content did, and what follows in that block reads as
+// nothing until it has left the cache. -1 for a handle that is not registered.
 ZUAPI int read2(int file, void* buffer, uint64 count);
 // Writes at the logical position and moves it on. Returns how many bytes were written; -1 if the file cannot be
 // written, with the position behind what was, and for a handle that is not registered.
@@ -36,8 +38,8 @@ ZUAPI int chsize2(int file, int64 length);
 // text in the file's character set, without a terminator. A text of more than 127 bytes is written, but cannot be read
 // back.
 
-// Reads one into a buffer of `size` units. False, with an empty text, if it cannot be read or does not fit with its
-// terminator.
+// Reads one of at most `size` units into a buffer of `size` + 1. False, with an empty text, if it cannot be read or is
+// longer. Without a size nothing is written.
 ZUAPI bool read_app_string(int file, wchar16* out, unsigned int size);
 // The length in bytes of the one that stands here; the position stays. 0 at the end of the file, -1 for a handle that
 // is not registered.
@@ -79,8 +81,9 @@ ZUAPI int fgetc2(FILE* file);
 // of any charset, UTF-16 is better read by fread2.
 //
 // Null at the end of the file; for a single byte 26 (Ctrl-Z) at the end of the file (also as the last byte of a line
-// whose bytes before it are a multiple of 40, which are lost then); for a `size` below 1; and if memory is short, with
-// nothing read.
+// whose bytes before it are a multiple of 40, which are lost then), and anywhere in the file where 2 * size - 1 leaves
+// room for that byte alone, which is so for a `size` of 1 and each twentieth more; for a `size` below 1; and if memory
+// is short, with nothing read.
 ZUAPI wchar16* fgets2(wchar16* out, int size, FILE* file);
 // Writes a character in the file's charset; `c`, or -1. An LF is written as the units of the charset's line end
 // (CharsetSlashN), two bytes each, whatever the charset: for text use fputs2. In UTF-16 only the first byte of a
@@ -143,10 +146,12 @@ ZUAPI int64 file_get_timestamp(int file);
 ZUAPI bool file_set_timestamp(int file);
 
 // By path, without a registration: the calls of the runtime ---------------------------------------------------------
+//
+// A path is taken whole, however long: what the system makes of one of more than 260 units is its affair.
 
-// 0, or -1. An existing target is not replaced.
+// 0, or -1. An existing target is not replaced; a file that is held open by another is refused.
 ZUAPI int rename2(const wchar16* from, const wchar16* to);
-// 0, or -1. Directories and read-only files are refused.
+// 0, or -1. Directories, read-only files, and files that are held open by another are refused.
 ZUAPI int remove2(const wchar16* path);
 // 0 if the file exists (`mode` 0), can be written (2), be read (4), or both (6); -1 if not.
 ZUAPI int access2(const wchar16* path, int mode);

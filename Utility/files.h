@@ -256,7 +256,9 @@ ZUAPI int fileno2(FILE* file);
 // The mode in which the file is open, or in which it was last opened or tried to be; 0 if never, 1 for a handle that is
 // not registered.
 ZUAPI eOpenMode filehandle_get_openmode(int file);
-// The name, the directory with its separator, and both together; empty for a handle that is not registered.
+// The name, the directory with its separator, and both together; empty for a handle that is not registered. Both
+// together may be longer than a path, by the extension that a type forces: such a file cannot be opened, and its path
+// is empty.
 ZUAPI void fhandle2name(int file, wchar16* out);
 ZUAPI void fhandle2dir(int file, wchar16* out);
 ZUAPI void fhandle2path(int file, wchar16* out);

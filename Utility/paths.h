@@ -28,8 +28,7 @@ namespace Torvo {
 //
 //     in C:\x:  a\..\..\b  ->  C:\b       c:y  ->  c:\x\y       C:\  ->  C:       \\srv\share\a\  ->  \\srv\share\a
 ZUAPI void qualify_filename(wchar16* path);
-// The same, but a path that names a directory alone keeps a separator: it is taken apart into directory and name, and
-// written back.
+// The same, but a root keeps its separator: the path is taken apart into directory and name, and written back.
 ZUAPI void relativepath2fullpath(wchar16* path);
 
 // Makes a name absolute, in place, as seen from the directory in which `path` lies: all of `path` up to its last

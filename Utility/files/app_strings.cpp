@@ -19,11 +19,11 @@ bool cFileSystemImpl::read_app_string(int file, wchar16* out, unsigned int size)
     char text[128];
     if (read2(file, text, static_cast<uint64>(length)) != length) return false;
     text[length] = 0;
-    // The conversion puts its terminator behind the room that it is given. UTF-16 has zero bytes inside.
+    // The conversion puts its terminator behind a text that fills the room. UTF-16 has zero bytes inside.
     const ZUCHARSET charset = file_get_charset(file);
     const bool converted = charset == csUTF16
-                               ? ConvertMBCSCharToSystem(text, static_cast<uint64>(length), charset, out, size - 1)
-                               : ConvertMBCSCharToSystem(text, charset, out, size - 1);
+                               ? ConvertMBCSCharToSystem(text, static_cast<uint64>(length), charset, out, size)
+                               : ConvertMBCSCharToSystem(text, charset, out, size);
     if (!converted) *out = 0;
     return converted;
 }

@@ -5,6 +5,8 @@
 #include <Utility/files/file_cache.h>
 #include <Utility/files/file_cache_positions.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/frame/instance_data.h>
+#include <Utility/platform/byte_copy.h>
 #include <Utility/platform/platform.h>
 
 #include <algorithm>
@@ -22,8 +24,6 @@ constexpr int64 GrowthStep = 512;
 
 // No block begins behind this one whose end could not be told.
 constexpr int64 LastPosition = std::numeric_limits<int64>::max() - std::numeric_limits<int32>::max();
-
-constexpr int32 DirtyFlag = 1;
 
 // Where a position lies: in which block, and how far behind its start.
 struct Place {
@@ -45,16 +45,10 @@ char* BytesOf(cFileCache& cache, const CacheEntry& block) {
     return static_cast<char*>(cache.BlockData(block.slot));
 }
 
-// The bytes from `offset` on of a block, if that is the one that the library's own cache used last and it holds `count`
-// of them; else null. Only saves time: most calls go on where the one before has left off, and need no look-up.
-char* BytesOfLastUsed(cFileCache& cache, int file, const FileEntry& entry, uint64 count) {
-    if (typeid(cache) != typeid(FileCacheImpl) || entry.position < 0 || count == 0) return nullptr;
-    auto& own = static_cast<FileCacheImpl&>(cache);
-    const CacheEntry& block = own.LastUsed();
-    const Place place = PlaceOf(entry.position, own.FileCacheImpl::BlockSize());
-    if (block.handle != file || block.block != place.block) return nullptr;
-    if (place.offset > block.count || count > static_cast<uint64>(block.count - place.offset)) return nullptr;
-    return static_cast<char*>(own.FileCacheImpl::BlockData(block.slot)) + place.offset;
+// A service as the library's own implementation, if it is that and not a host's; else null.
+template <typename Own, typename Service>
+Own* AsOwn(Service* service) {
+    return service != nullptr && &typeid(*service) == &typeid(Own) ? static_cast<Own*>(service) : nullptr;
 }
 
 // Makes a block hold `count` bytes; what it did not hold before becomes zeros.
@@ -71,13 +65,29 @@ bool LacksContent(const CacheEntry& block, int64 length, int32 blockSize) {
     return (block.flags & DirtyFlag) == 0 && block.count < share;
 }
 
+// Whether a look-up of a block was refused because the library's own cache has no place for it; for a block that cannot
+// be read it has one.
+bool LacksPlaceFor(cFileCache& cache, int file, int64 block) {
+    const auto* const own = AsOwn<FileCacheImpl>(&cache);
+    return own != nullptr && !own->Holds(file, block);
+}
+
+// The entry of a block, looked up in a mode that takes one for it; null if there is none to be had. In the library's
+// own cache the blocks that a closed file could not be rid of make way.
+CacheEntry* EntryOf(cFileCache& cache, int file, int64 block, int mode) {
+    CacheEntry* found = nullptr;
+    if (cache.Lookup(file, block, &found, mode)) return found;
+    const bool mayAskAgain =
+        LacksPlaceFor(cache, file, block) && static_cast<FileCacheImpl&>(cache).DropVictimOfClosedFile();
+    return mayAskAgain && cache.Lookup(file, block, &found, mode) ? found : nullptr;
+}
+
 // The block with its content from the file, or null if it cannot be had.
 CacheEntry* ContentOf(cFileCache& cache, int file, int64 block, int64 length) {
-    CacheEntry* found = nullptr;
-    if (!cache.Lookup(file, block, &found, 2)) return nullptr;
-    if (found->count != 0 || !LacksContent(*found, length, cache.BlockSize())) return found;
+    CacheEntry* const found = EntryOf(cache, file, block, 2);
+    if (found == nullptr || found->count != 0 || !LacksContent(*found, length, cache.BlockSize())) return found;
     cache.EvictAt(FirstPositionFrom(cache, file, block));
-    return cache.Lookup(file, block, &found, 2) ? found : nullptr;
+    return EntryOf(cache, file, block, 2);
 }
 
 // The entry of a block that the cache holds at a position, if it is that of this block; else null.
@@ -120,8 +130,11 @@ void ResizeBlocks(cFileCache& cache, int file, int64 former, int64 length) {
 }
 
 int ReadDirectly(FileEntry& entry, void* buffer, uint64 count) {
-    platform::_lseeki64(entry.fd, entry.position, 0);
-    const int result = platform::_read(entry.fd, buffer, static_cast<uint32>(count));
+    int result = -1;
+    if (entry.fd != -1) {
+        platform::_lseeki64(entry.fd, entry.position, 0);
+        result = platform::_read(entry.fd, buffer, static_cast<uint32>(count));
+    }
     entry.position += static_cast<uint32>(result);  // a failure, -1, moves it on by 4294967295
     return result;
 }
@@ -137,14 +150,12 @@ int WriteDirectly(FileEntry& entry, const void* buffer, uint64 count) {
 
 // Reads past the cache; how many bytes, -1 if they cannot be read.
 int ReadThrough(const FileEntry& entry, void* bytes, uint32 count) {
-    if (entry.fd == -1 || platform::_lseeki64(entry.fd, entry.position, 0) == -1) return -1;
-    return platform::_read(entry.fd, bytes, count);
+    return entry.fd != -1 ? platform::ReadAt(entry.fd, entry.position, bytes, count, count) : -1;
 }
 
 // Writes past the cache; false if not all of it could be written. The length follows as far as 32 bits go.
 bool WriteThrough(FileEntry& entry, int64 position, const void* bytes, uint32 count) {
-    if (platform::_lseeki64(entry.fd, position, 0) == -1) return false;
-    if (platform::_write(entry.fd, bytes, count) != static_cast<int>(count)) return false;
+    if (platform::WriteAt(entry.fd, position, bytes, count) != static_cast<int>(count)) return false;
     entry.length = std::max<int64>(entry.length, static_cast<int32>(position + count));
     return true;
 }
@@ -193,86 +204,98 @@ int64 cFileSystemImpl::filelength2(int file) {
 }
 
 int cFileSystemImpl::read2(int file, void* buffer, uint64 count) {
+    return Read(cFileCache::Instance(), file, buffer, count);
+}
+
+// Most calls want what one block holds that is there already.
+inline int cFileSystemImpl::Read(cFileCache* cache, int file, void* buffer, uint64 count) {
     FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return -1;
-    cFileCache* const cache = cFileCache::Instance();
-    if (cache == nullptr) return ReadDirectly(*entry, buffer, count);
-    if (const char* const bytes = BytesOfLastUsed(*cache, file, *entry, count)) {
-        std::memcpy(buffer, bytes, count);
-        entry->position += static_cast<int64>(count);
-        return static_cast<int>(count);
-    }
+    auto* const own = AsOwn<FileCacheImpl>(cache);
+    const int64 position = entry->position;
+    const char* const bytes = own != nullptr ? own->Find(file, position, count) : nullptr;
+    if (bytes == nullptr) return ReadBlocks(cache, file, *entry, buffer, count);
+    platform::CopyBytes(buffer, bytes, count);
+    entry->position = position + static_cast<int64>(count);
+    return static_cast<int>(count);
+}
 
+int cFileSystemImpl::ReadBlocks(cFileCache* cache, int file, FileEntry& entry, void* buffer, uint64 count) {
+    if (cache == nullptr) return ReadDirectly(entry, buffer, count);
     const int32 blockSize = cache->BlockSize();
     auto* const target = static_cast<char*>(buffer);
     uint64 total = 0;
-    while (total < count && entry->position >= 0) {
-        const Place place = PlaceOf(entry->position, blockSize);
-        const CacheEntry* const block = ContentOf(*cache, file, place.block, entry->length);
+    while (total < count && entry.position >= 0) {
+        const Place place = PlaceOf(entry.position, blockSize);
+        const CacheEntry* const block = ContentOf(*cache, file, place.block, entry.length);
         if (block == nullptr) {
-            // The cache has no place for it while another file cannot be written: no reason to read less.
+            // That the cache has no place for it, while another file cannot be written, is no reason to read less.
+            if (!LacksPlaceFor(*cache, file, place.block)) break;
             const uint64 wanted = std::min(count - total, static_cast<uint64>(blockSize - place.offset));
-            const int got = ReadThrough(*entry, target + total, static_cast<uint32>(wanted));
-            if (got > 0) {
-                total += static_cast<uint64>(got);
-                entry->position += got;
-            }
+            const int got = ReadThrough(entry, target + total, static_cast<uint32>(wanted));
+            if (got <= 0) break;
+            total += static_cast<uint64>(got);
+            entry.position += got;
             if (got != static_cast<int>(wanted)) break;
             continue;
         }
         if (place.offset >= block->count) break;
         const uint64 piece = std::min(count - total, static_cast<uint64>(block->count - place.offset));
-        std::memcpy(target + total, BytesOf(*cache, *block) + place.offset, piece);
+        platform::CopyBytes(target + total, BytesOf(*cache, *block) + place.offset, piece);
         total += piece;
-        entry->position += static_cast<int64>(piece);
+        entry.position += static_cast<int64>(piece);
         if (static_cast<uint64>(place.offset) + piece < static_cast<uint64>(blockSize)) break;
     }
     return static_cast<int>(total);
 }
 
 int cFileSystemImpl::write2(int file, const void* buffer, uint64 count) {
+    return Write(cFileCache::Instance(), file, buffer, count);
+}
+
+inline int cFileSystemImpl::Write(cFileCache* cache, int file, const void* buffer, uint64 count) {
     FileEntry* const entry = FindEntry(file);
     // What a file that is not open to write left in the cache could never leave it.
     const bool writes = entry != nullptr && (entry->mode == omReadWrite || entry->mode == omCreate);
     if (!writes || entry->fd == -1) return -1;
-    cFileCache* const cache = cFileCache::Instance();
-    if (cache == nullptr) return WriteDirectly(*entry, buffer, count);
-    if (char* const bytes = BytesOfLastUsed(*cache, file, *entry, count)) {
-        std::memcpy(bytes, buffer, count);
-        static_cast<FileCacheImpl*>(cache)->LastUsed().flags |= DirtyFlag;
-        entry->position += static_cast<int64>(count);
-        GrowTo(*entry, entry->position);
-        return static_cast<int>(count);
-    }
+    auto* const own = AsOwn<FileCacheImpl>(cache);
+    const int64 position = entry->position;
+    char* const bytes = own != nullptr && count != 0 ? own->Find(file, position, count) : nullptr;
+    if (bytes == nullptr) return WriteBlocks(cache, file, *entry, buffer, count);
+    platform::CopyBytes(bytes, buffer, count);
+    own->MarkLastUsedDirty();
+    entry->position = position + static_cast<int64>(count);
+    GrowTo(*entry, entry->position);
+    return static_cast<int>(count);
+}
 
+int cFileSystemImpl::WriteBlocks(cFileCache* cache, int file, FileEntry& entry, const void* buffer, uint64 count) {
+    if (cache == nullptr) return WriteDirectly(entry, buffer, count);
     const int32 blockSize = cache->BlockSize();
     const auto* const source = static_cast<const char*>(buffer);
     uint64 total = 0;
     while (total < count) {
-        if (entry->position < 0 || entry->position > LastPosition) return -1;
-        const Place place = PlaceOf(entry->position, blockSize);
+        if (entry.position < 0 || entry.position > LastPosition) return -1;
+        const Place place = PlaceOf(entry.position, blockSize);
         const auto piece = static_cast<int32>(std::min(count - total, static_cast<uint64>(blockSize - place.offset)));
-        CacheEntry* block = nullptr;
-        if (piece != blockSize) {
-            block = ContentOf(*cache, file, place.block, entry->length);
-        } else if (!cache->Lookup(file, place.block, &block, 1)) {
-            block = nullptr;
-        }
+        // A block that is written whole is not read before.
+        CacheEntry* const block = piece != blockSize ? ContentOf(*cache, file, place.block, entry.length)
+                                                     : EntryOf(*cache, file, place.block, 1);
         if (block != nullptr) {
             PutIntoBlock(*cache, *block, place.offset, source + total, piece);
-            GrowTo(*entry, entry->position + piece);
-        } else if (!WriteThrough(*entry, entry->position, source + total, static_cast<uint32>(piece))) {
+            GrowTo(entry, entry.position + piece);
+        } else if (!WriteThrough(entry, entry.position, source + total, static_cast<uint32>(piece))) {
             return -1;
         }
         total += static_cast<uint64>(piece);
-        entry->position += piece;
+        entry.position += piece;
     }
     return static_cast<int>(total);
 }
 
 int cFileSystemImpl::chsize2(int file, int64 length) {
     FileEntry* const entry = FindEntry(file);
-    if (entry == nullptr || platform::_chsize_s(entry->fd, length) != 0) return -1;
+    if (entry == nullptr || entry->fd == -1 || platform::_chsize_s(entry->fd, length) != 0) return -1;
     const int64 former = entry->length;
     entry->length = length;
     if (cFileCache* const cache = cFileCache::Instance()) ResizeBlocks(*cache, file, former, length);
@@ -291,12 +314,22 @@ int64 filelength2(int file) {
     return cFileSystem::Instance()->filelength2(file);
 }
 
+// Reading and writing go the road of a call once for both services.
+
 int read2(int file, void* buffer, uint64 count) {
-    return cFileSystem::Instance()->read2(file, buffer, count);
+    InstanceData& instance = *CurrentInstance();
+    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(instance);
+    auto* const own = AsOwn<cFileSystemImpl>(files);
+    if (own == nullptr) return files->read2(file, buffer, count);
+    return own->Read(ServiceOf<cFileCache, ServiceKey::FileCache>(instance), file, buffer, count);
 }
 
 int write2(int file, const void* buffer, uint64 count) {
-    return cFileSystem::Instance()->write2(file, buffer, count);
+    InstanceData& instance = *CurrentInstance();
+    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(instance);
+    auto* const own = AsOwn<cFileSystemImpl>(files);
+    if (own == nullptr) return files->write2(file, buffer, count);
+    return own->Write(ServiceOf<cFileCache, ServiceKey::FileCache>(instance), file, buffer, count);
 }
 
 int chsize2(int file, int64 length) {

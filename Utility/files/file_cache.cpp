@@ -1,6 +1,9 @@
 #include <Utility/files/file_cache.h>
 
+#include <Utility/platform/runtime.h>
+
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -9,10 +12,9 @@ namespace Torvo {
 namespace {
 
 constexpr int32 kMostBlocks = 0x6666666;
-constexpr int32 kDirty = 1;
 
 bool IsDirty(const CacheEntry& entry) {
-    return (entry.flags & kDirty) != 0;
+    return (entry.flags & DirtyFlag) != 0;
 }
 
 }  // namespace
@@ -21,6 +23,7 @@ FileCacheImpl::FileCacheImpl(int blocks, long32 size, BlockFiles& blockFiles)
     : totalBlocks(std::clamp(blocks, 0, kMostBlocks)),
       usableBlocks(totalBlocks - 1),
       blockSize(size),
+      blockShift(std::has_single_bit(static_cast<uint32>(size)) ? std::countr_zero(static_cast<uint32>(size)) : 63),
       files(blockFiles) {
     if (totalBlocks < 2) throw NoBlocks;
     // The pool's size is counted in 32 bits: a larger one cannot be had.
@@ -124,7 +127,22 @@ FileCacheImpl::Range FileCacheImpl::PositionsOf(int handle) {
 int FileCacheImpl::PositionOf(int entry) {
     if (sorted[0] == entry) return 0;
     if (!IsFull(entry)) return usableBlocks - heldBlocks - 1;
+    // Who reads a file again in its order takes what he has left of it the last time.
+    const int behind = lastPlace + 1;
+    if (behind < usableBlocks && sorted[behind] == entry) return behind;
     return FirstPositionFrom(entries[entry].handle, entries[entry].block);
+}
+
+// The position at which a key belongs that no entry has.
+int FileCacheImpl::PlaceFor(int handle, int64 block) {
+    const int key = usableBlocks;
+    entries[key].handle = handle;
+    entries[key].block = block;
+    // Who reads a file in its order goes on behind the block before.
+    const int behind = lastPlace + 1;
+    const bool isThere =
+        Compare(&key, &sorted[lastPlace]) > 0 && (behind == usableBlocks || Compare(&key, &sorted[behind]) < 0);
+    return isThere ? behind : FirstPositionFrom(handle, block);
 }
 
 // Takes the item at one position out and puts it in at another, as counted without it.
@@ -136,6 +154,7 @@ void FileCacheImpl::Move(int from, int to) {
         std::memmove(&sorted[to + 1], &sorted[to], static_cast<std::size_t>(from - to) * sizeof(int32));
     }
     sorted[to] = item;
+    lastPlace = to;
 }
 
 CacheEntry* FileCacheImpl::EntryAt(int position) {
@@ -145,6 +164,7 @@ CacheEntry* FileCacheImpl::EntryAt(int position) {
 // Finding and taking.
 
 bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) {
+    if (out == nullptr) return false;
     // Saves time only: a caller mostly goes on in the block that it used last.
     if (entries[head].handle == handle && entries[head].block == block && handle > 0) {
         *out = &entries[head];
@@ -162,38 +182,56 @@ bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) 
     return true;
 }
 
-// Sees to it that the entry to be taken is not dirty; false if its file is open and cannot be written. What a closed
-// file has left is dropped if it cannot be written: nobody holds that file, and all others would run against the block.
-bool FileCacheImpl::CleanTail() {
-    const int handle = entries[tail].handle;
-    if (!IsDirty(entries[tail]) || Flush(handle)) return true;
-    if (files.IsOpen(handle)) return false;
-    Forget(handle);
+bool FileCacheImpl::Use(int handle, int64 position) {
+    if (position < 0) return false;
+    const int64 block = blockShift < 63 ? position >> blockShift : position / blockSize;
+    const int32 found = index.Find(handle, block);
+    if (found < 0) return false;
+    Touch(found);
     return true;
 }
 
-// Makes the least recently used entry the most recently used one, holding this block without content.
+bool FileCacheImpl::DropVictimOfClosedFile() {
+    const CacheEntry& victim = entries[tail];
+    if (!IsDirty(victim) || files.IsOpen(victim.handle)) return false;
+    Forget(victim.handle);
+    return true;
+}
+
+// Makes the least recently used entry the most recently used one, holding this block without content. False if it is
+// dirty and its file cannot be written.
 bool FileCacheImpl::TakeVictim(int handle, int64 block) {
-    if (!CleanTail()) return false;
+    if (IsDirty(entries[tail]) && !Flush(entries[tail].handle)) return false;
     const int taken = tail;
     CacheEntry& victim = entries[taken];
 
     const int from = PositionOf(taken);
-    const int before = FirstPositionFrom(handle, block);
+    const int before = PlaceFor(handle, block);
     Move(from, before > from ? before - 1 : before);
 
     if (IsFull(taken)) {
         index.Remove(taken);
     } else {
-        ++heldBlocks;
+        CountHeldBlock();
     }
     victim.handle = handle;
     victim.block = block;
     victim.count = 0;
-    victim.flags &= ~kDirty;
+    victim.flags &= ~DirtyFlag;
     index.Add(taken);
     Touch(taken);
     return true;
+}
+
+// An instance that reads little shall not pay for more memory than that; one that fills the pool gets it faster in
+// large pages, and reaches what it holds faster.
+void FileCacheImpl::CountHeldBlock() {
+    constexpr int64 enoughForLargePages = 2 << 20;
+    const int64 heldBytes = int64{heldBlocks} * blockSize;
+    ++heldBlocks;
+    if (heldBytes < enoughForLargePages && heldBytes + blockSize >= enoughForLargePages) {
+        platform::WantLargePages(pool.Start(), static_cast<std::size_t>(blockSize) * totalBlocks);
+    }
 }
 
 // Dropping.
@@ -206,7 +244,7 @@ void FileCacheImpl::DropContent(int entry) {
     }
     dropped.handle = 0;
     dropped.block = 0;
-    dropped.flags &= ~kDirty;
+    dropped.flags &= ~DirtyFlag;
     MakeTail(entry);
 }
 
@@ -255,7 +293,7 @@ int64 FileCacheImpl::OffsetOf(const CacheEntry& entry) const {
 bool FileCacheImpl::ReadBlock(CacheEntry& entry) {
     const int64 offset = OffsetOf(entry);
     if (offset < 0) return false;
-    const int got = files.Read(entry.handle, offset, BlockData(entry.slot), blockSize);
+    const int got = files.Read(entry.handle, offset, BytesOf(entry.slot), blockSize);
     if (got < 0) return false;
     entry.count = got;
     return true;
@@ -263,8 +301,8 @@ bool FileCacheImpl::ReadBlock(CacheEntry& entry) {
 
 bool FileCacheImpl::WriteBlock(CacheEntry& entry) {
     const int64 offset = OffsetOf(entry);
-    if (offset < 0 || !files.Write(entry.handle, offset, BlockData(entry.slot), entry.count)) return false;
-    entry.flags &= ~kDirty;
+    if (offset < 0 || !files.Write(entry.handle, offset, BytesOf(entry.slot), entry.count)) return false;
+    entry.flags &= ~DirtyFlag;
     return true;
 }
 

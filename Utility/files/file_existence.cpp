@@ -4,6 +4,7 @@
 
 #include <Utility/files/file_names.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
 
@@ -23,10 +24,8 @@ bool cFileSystemImpl::file_exists(const wchar16* name, FILETYPE type) {
     if (name == nullptr) return false;
     FileNameRec record;
     BuildNameRecord(name, type, &record);
-    wchar16 path[2 * PathSize];
-    CopyPath(record.directory, path, PathSize);
-    AppendPath(record.name, path, 2 * PathSize);
-    return platform::_waccess(path, 0) == 0;
+    const RecordPath path(record);
+    return !path.IsTooLong() && platform::_waccess(path.Text(), 0) == 0;
 }
 
 bool cFileSystemImpl::file_exists_anycase(const wchar16* name, FILETYPE type) {

@@ -22,6 +22,7 @@ bool TakeIfWanted(FILEFIND* find) {
 }  // namespace
 
 int FileFindFirst(wchar16* pattern, ulong32 mask, FILEFIND* find) {
+    if (find == nullptr) return 0;
     find->mask = mask;
     find->handle = platform::InvalidFindHandle();
     if (pattern != nullptr) find->handle = platform::FindFirstFileW(pattern, &find->entry);
@@ -31,6 +32,7 @@ int FileFindFirst(wchar16* pattern, ulong32 mask, FILEFIND* find) {
 }
 
 int FileFindNext(FILEFIND* find) {
+    if (find == nullptr) return 0;
     while (platform::FindNextFileW(find->handle, &find->entry)) {
         if (TakeIfWanted(find)) return 1;
     }
@@ -38,6 +40,7 @@ int FileFindNext(FILEFIND* find) {
 }
 
 int FileFindClose(FILEFIND* find) {
+    if (find == nullptr) return 0;
     return platform::FindClose(std::exchange(find->handle, platform::InvalidFindHandle())) ? 1 : 0;
 }
 

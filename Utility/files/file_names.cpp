@@ -7,6 +7,7 @@
 #include <Utility/files/file_system_impl.h>
 #include <Utility/files/file_types.h>
 #include <Utility/strings.h>
+#include <Utility/text/text_moves.h>
 #include <Utility/text/unit_classes.h>
 
 #include <algorithm>
@@ -22,17 +23,12 @@ constexpr std::size_t ComponentLimit = 255;
 constexpr std::size_t NameLimit = 255;
 constexpr std::size_t ExtensionLimit = 256;
 
-// Moves the text from `from` on, terminator included, to `to`, which lies before it.
-void CloseGap(wchar16* to, const wchar16* from) {
-    std::memmove(to, from, (platform::wcslen(from) + 1) * sizeof(wchar16));
-}
-
 // What comes first in every operation: the last component loses the blanks at its start, and what is too long of it.
 void TrimFileName(wchar16* name) {
     wchar16* const component = LastComponent(name);
     const wchar16* first = component;
     while (*first != 0 && IsBlank(*first)) ++first;
-    if (first != component) CloseGap(component, first);
+    MoveTextDown(component, first);
     if (platform::wcsnlen(component, ComponentLimit) >= ComponentLimit) component[ComponentLimit - 1] = 0;
 }
 
@@ -47,7 +43,7 @@ wchar16* ExtensionPlace(wchar16* component) {
 wchar16* RemoveBlanksBefore(wchar16* place, const wchar16* component) {
     wchar16* first = place;
     while (first != component && IsBlank(first[-1])) --first;
-    if (first != place) CloseGap(first, place);
+    MoveTextDown(first, place);
     return first;
 }
 

@@ -1,14 +1,13 @@
 // Finding one's way in the text of a path.
 #pragma once
 
+#include <Utility/platform/path_separator.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/types.h>
 
 namespace Torvo {
 
-inline bool IsPathSeparator(wchar16 unit) {
-    return unit == '\\' || unit == '/';
-}
+using platform::IsPathSeparator;
 
 // The start of the last component: the place behind the last separator or colon. No such character is ever part of a
 // character of several units, so nothing needs to be walked.

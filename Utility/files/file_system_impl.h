@@ -6,12 +6,15 @@
 #include <Utility/files/free_slots.h>
 #include <Utility/files/idle_order.h>
 #include <Utility/files/name_index.h>
+#include <Utility/platform/files.h>
 
 #include <functional>
 #include <map>
 #include <vector>
 
 namespace Torvo {
+
+class cFileCache;
 
 class cFileSystemImpl final : public cFileSystem {
 public:
@@ -150,6 +153,12 @@ public:
     // The age that a file has now; see FileEntry.
     int32 AgeOf(const FileEntry& entry) const;
 
+    // Descriptors (descriptor_io.cpp).
+
+    // read2 and write2 through a cache, or directly if that is null.
+    int Read(cFileCache* cache, int file, void* buffer, uint64 count);
+    int Write(cFileCache* cache, int file, const void* buffer, uint64 count);
+
     // Closes the compound file that an entry has open, whoever holds it; nothing without one. (storage_streams.cpp)
     void DropStorage(FileEntry& entry);
 
@@ -172,8 +181,9 @@ private:
     int AddReference(FileEntry& entry);
     int Upgrade(int file, eOpenMode mode, bool stream, int* changed);
     int OpenClosed(int file, eOpenMode mode, bool stream, int* changed);
-    int OpenDescriptor(int file, eOpenMode mode);
+    bool OpenDescriptor(int file, eOpenMode mode, platform::OpenedFile* opened);
     bool PrepareAnotherAttempt(int file, eOpenMode mode, int error, int64& retryState);
+    bool MayRetry(const FileEntry& entry, eOpenMode mode, int64& retryState);
     void LookForChanges(FileEntry& entry, uint64 lastWrite, int* changed);
     int Release(int file);
     void MakeIdle(FileEntry& entry);
@@ -181,6 +191,9 @@ private:
     bool CloseOldest();
     void CloseAllIdle();
     void RememberLastWrite(FileEntry& entry);
+
+    int ReadBlocks(cFileCache* cache, int file, FileEntry& entry, void* buffer, uint64 count);
+    int WriteBlocks(cFileCache* cache, int file, FileEntry& entry, const void* buffer, uint64 count);
 
     bool SetAside(int file, wchar16* temporaryName);
     bool MoveFileTo(int from, int to, const wchar16* newName);

@@ -26,17 +26,16 @@ struct FileEntry {
     FileNameRec* name;         // owned; null in a free entry
     platform::Stream* stream;  // only when open as a stream
     int32 fd;                  // -1 when closed, and when open as a stream
-    int32 age;          // how many opens ago it was opened, plus one; of an idle file, as it was when it became idle
-    ZUCHARSET charset;  // of the file's text
-    eOpenMode mode;     // of the present or last open
-    uint32 flags;       // see below
-    int64 position;     // of the descriptor world; the system's own is not kept in step
-    int64 length;       // as the layer knows it
-    uint64
-        lastWrite;  // time of the last change at the last close; UnknownTime if it could not be read, 0 if never closed
-    StorageRecord* storage;  // owned; null when not open as a compound file
-    void* buffer;            // a memory block for the conversion of text, freed when the file is closed
-    uint64 serial;           // of the registration: a handle that is given again has another
+    int32 age;                 // opens since it was opened, plus one; of an idle file, as when it became idle
+    ZUCHARSET charset;         // of the file's text
+    eOpenMode mode;            // of the present or last open
+    uint32 flags;              // see below
+    int64 position;            // of the descriptor world; the system's own is not kept in step
+    int64 length;              // as the layer knows it
+    uint64 lastWrite;          // of the file, at its last close; UnknownTime if it could not be read, 0 if never closed
+    StorageRecord* storage;    // owned; null when not open as a compound file
+    void* buffer;              // a memory block for the conversion of text, freed when the file is closed
+    uint64 serial;             // of the registration: a handle that is given again has another
 
     static constexpr uint32 ReferenceMask = 0x3FF;
     static constexpr uint32 InUse = 0x400;

@@ -26,8 +26,9 @@ struct Wanted {
     uint64 outSize;
 };
 
-// Writes a directory with a name in it; false if that is too long for a path.
-bool Join(const wchar16* directory, const wchar16* name, wchar16 (&path)[PathSize]) {
+// Writes a directory with a name in it; false if that is too long for a path. Only a backslash counts as a separator at
+// the end of the directory.
+bool EnterDirectory(const wchar16* directory, const wchar16* name, wchar16 (&path)[PathSize]) {
     if (!CopyPath(directory, path, PathSize)) return false;
     const std::size_t length = platform::wcslen(path);
     if ((length == 0 || path[length - 1] != '\\') && !AppendPath(ZUTEXT("\\"), path, PathSize)) return false;
@@ -42,12 +43,12 @@ bool SearchTree(const wchar16* directory, const Wanted& wanted);
 
 bool SearchSubdirectories(const wchar16* directory, const Wanted& wanted) {
     wchar16 path[PathSize];
-    if (!Join(directory, ZUTEXT("*"), path)) return false;
+    if (!EnterDirectory(directory, ZUTEXT("*"), path)) return false;
     FILEFIND find = {};
     bool found = false;
     int more = FileFindFirst(path, FILE_ATTRIBUTE_DIRECTORY, &find);
     while (more != 0 && !found) {
-        found = IsSubdirectory(find.name) && Join(directory, find.name, path) && SearchTree(path, wanted);
+        found = IsSubdirectory(find.name) && EnterDirectory(directory, find.name, path) && SearchTree(path, wanted);
         if (!found) more = FileFindNext(&find);
     }
     FileFindClose(&find);
@@ -57,7 +58,7 @@ bool SearchSubdirectories(const wchar16* directory, const Wanted& wanted) {
 // Depth first. The depth is bounded by the length of a path.
 bool SearchTree(const wchar16* directory, const Wanted& wanted) {
     wchar16 path[PathSize];
-    if (!Join(directory, wanted.name, path) || !file_exists(path, ftTab)) {
+    if (!EnterDirectory(directory, wanted.name, path) || !file_exists(path, ftTab)) {
         return SearchSubdirectories(directory, wanted);
     }
     if (platform::wcslen(path) + 1 >= wanted.outSize) return false;
@@ -83,14 +84,14 @@ private:
 
 // The list is taken apart here and not by the runtime's tokenizer, whose place in its text is the caller's.
 bool FindFileInfoImpl::Find(const wchar16* name, wchar16* out, uint64 outSize) {
-    wchar16 bareName[PathSize];
-    if (name == nullptr || out == nullptr || !CopyPath(name, bareName, PathSize)) return false;
-    if (file_exists(bareName, ftTab)) {
-        strcpyn(out, bareName, outSize);
+    if (name == nullptr || out == nullptr) return false;
+    wchar16 path[PathSize];
+    if (CopyPath(name, path, PathSize) && file_exists(path, ftTab)) {
+        strcpyn(out, path, outSize);
         return true;
     }
     if (!useSearchPaths) return false;
-    const wchar16* const bare = LastComponent(bareName);
+    const wchar16* const bare = LastComponent(name);
     const wchar16* const end = searchPaths + platform::wcsnlen(searchPaths, ListRoom);
     for (const wchar16* from = searchPaths; from < end;) {
         const wchar16* const to = std::find(from, end, wchar16{';'});

@@ -40,39 +40,47 @@ OpenWay WayOf(eOpenMode mode) {
     return {platform::OpenBinary | platform::OpenReadOnly, platform::ShareDenyWrite, nullptr};
 }
 
-// Opens a file: 0 with its descriptor, or an error number.
-int TryToOpen(const RecordPath& path, eOpenMode mode, int* descriptor) {
+bool AreKnown(const WIN32_FILE_ATTRIBUTE_DATA& attributes) {
+    return attributes.dwFileAttributes != INVALID_FILE_ATTRIBUTES;
+}
+
+// Opens a file: 0 with what is known of it, or an error number.
+int TryToOpen(const RecordPath& path, eOpenMode mode, platform::OpenedFile* opened) {
     if (path.IsTooLong()) return ENOENT;
     const OpenWay way = WayOf(mode);
-    const int error = platform::_wsopen_dispatch(path.Text(), way.flags, way.share,
-                                                 platform::PermitRead | platform::PermitWrite, descriptor, 0);
-    if (error != 0 || mode == omRead) return error;
-    const uint32 attributes = platform::GetFileAttributesW(path.Text());
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return 0;
-    platform::_close(*descriptor);
+    const int error = platform::OpenWithAttributes(path.Text(), way.flags, way.share,
+                                                   platform::PermitRead | platform::PermitWrite, opened);
+    if (error != 0 || mode == omRead || !AreKnown(opened->attributes)) return error;
+    if ((opened->attributes.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0) return 0;
+    platform::_close(opened->descriptor);
     return EACCES;
+}
+
+uint64 LastWriteIn(const WIN32_FILE_ATTRIBUTE_DATA& attributes) {
+    if (!AreKnown(attributes)) return FileEntry::UnknownTime;
+    return uint64{attributes.ftLastWriteTime.dwHighDateTime} << 32 | attributes.ftLastWriteTime.dwLowDateTime;
 }
 
 // The time of a file's last change; FileEntry::UnknownTime if it cannot be had.
 uint64 LastWriteOf(const wchar16* path) {
     WIN32_FILE_ATTRIBUTE_DATA attributes;
-    if (!platform::GetFileAttributesExW(path, 0, &attributes)) return FileEntry::UnknownTime;
-    return uint64{attributes.ftLastWriteTime.dwHighDateTime} << 32 | attributes.ftLastWriteTime.dwLowDateTime;
+    return platform::GetFileAttributesExW(path, 0, &attributes) ? LastWriteIn(attributes) : FileEntry::UnknownTime;
 }
 
-// Takes a file that was just opened to its start, and a descriptor's length from its end. False if the descriptor
-// cannot be moved: without its length the file would be cut by the first write.
-bool GoToStart(FileEntry& entry) {
-    if (entry.stream != nullptr) {
-        platform::_fseeki64(entry.stream, 0, 0);
-        return true;
-    }
-    const int64 length = platform::_lseeki64(entry.fd, 0, 2);
-    if (length == -1) return false;
-    entry.length = length;
-    entry.position = 0;
-    platform::_lseeki64(entry.fd, 0, 0);
-    return true;
+// A stream on a descriptor that was opened in a mode; null, with the descriptor closed, if there is none to be had.
+platform::Stream* StreamOn(int descriptor, eOpenMode mode) {
+    const wchar16* const streamMode = WayOf(mode).streamMode;
+    platform::Stream* const stream = streamMode != nullptr ? platform::_wfdopen(descriptor, streamMode) : nullptr;
+    if (stream == nullptr) platform::_close(descriptor);
+    return stream;
+}
+
+// The length of a file that was just opened, and whose descriptor stands at its start; -1 if it cannot be told.
+int64 LengthOf(const platform::OpenedFile& opened) {
+    if (opened.length != -1) return opened.length;
+    const int64 length = platform::_lseeki64(opened.descriptor, 0, 2);
+    if (length != -1) platform::_lseeki64(opened.descriptor, 0, 0);
+    return length;
 }
 
 // Whether a stored time counts as one that the file had when it was closed here.
@@ -90,7 +98,8 @@ void RaiseErrorWithNumber(int32 number, int32 resourceId, int value, const wchar
 
 bool DefaultRetry(eOpenMode /*mode*/, const wchar16* /*name*/, int64& state) {
     if (state == 0) state = time_100();
-    if (time_100() - state < GetFileAccessRetryTime()) return true;
+    const int64 waited = time_100() - state;  // negative when the clock has begun anew
+    if (waited >= 0 && waited < GetFileAccessRetryTime()) return true;
     state = 0;
     return false;
 }
@@ -155,23 +164,16 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
     cFileCache* const cache = cFileCache::Instance();
     if (mode == omCreate && cache != nullptr) cache->Forget(file);
 
-    const int descriptor = OpenDescriptor(file, mode);
-    if (descriptor == -1) return -1;
+    platform::OpenedFile opened;
+    if (!OpenDescriptor(file, mode, &opened)) return -1;
     entry = FindRegistration(file, serial);
     if (entry == nullptr || entry->IsOpen()) {  // the retry callback has meddled with this very file
-        platform::_close(descriptor);
+        platform::_close(opened.descriptor);
         return -1;
     }
-    platform::Stream* openedStream = nullptr;
-    if (stream) {
-        const wchar16* const streamMode = WayOf(mode).streamMode;
-        if (streamMode != nullptr) openedStream = platform::_wfdopen(descriptor, streamMode);
-        if (openedStream == nullptr) {
-            platform::_close(descriptor);
-            return -1;
-        }
-    }
-    const uint64 lastWrite = LastWriteOf(RecordPath(*entry->name).Text());
+    platform::Stream* const openedStream = stream ? StreamOn(opened.descriptor, mode) : nullptr;
+    if (stream && openedStream == nullptr) return -1;
+    const uint64 lastWrite = LastWriteIn(opened.attributes);
     // What is dirty of a file that somebody else has changed must not be written over it: it is dropped as long as the
     // cache cannot reach the file. Where a time is missing, nobody can tell, and it is written.
     const bool timesAreKnown = lastWrite != FileEntry::UnknownTime && entry->lastWrite != FileEntry::UnknownTime;
@@ -181,30 +183,39 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
         // What is written through the stream does not pass the cache.
         if (mode != omRead && cache != nullptr) cache->Forget(file);
     } else {
-        entry->fd = descriptor;
+        entry->fd = opened.descriptor;
     }
-    if (!timesAreKnown) LookForChanges(*entry, lastWrite, changed);
+    if (!timesAreKnown) {
+        LookForChanges(*entry, lastWrite, changed);
+        opened.length = -1;  // it may have grown by what was written
+    }
     ++openCount;
     entry->SetReferences(1);
-    if (!GoToStart(*entry)) {
+    if (stream) {
+        platform::_fseeki64(openedStream, 0, 0);
+        return file;
+    }
+    const int64 length = LengthOf(opened);
+    if (length == -1) {  // without it the file would be cut by the first write
         if (mode != omCreate) RaiseErrorWithNumber(13, 55, errno, entry->name->name);
         ReallyClose(*entry);
         entry->SetReferences(0);
         return -1;
     }
+    entry->length = length;
+    entry->position = 0;
     return file;
 }
 
-// A descriptor for a file, for which others may be closed and which is tried for as long as the callback says; -1 with
-// an error if there is none to be had.
-int cFileSystemImpl::OpenDescriptor(int file, eOpenMode mode) {
+// Opens a file, for which others may be closed and which is tried for as long as the callback says; false with an error
+// raised if it cannot be had.
+bool cFileSystemImpl::OpenDescriptor(int file, eOpenMode mode, platform::OpenedFile* opened) {
     const RecordPath path(*FindEntry(file)->name);
     int64 retryState = 0;
     for (;;) {
-        int descriptor = -1;
-        const int error = openCount >= maxFiles ? EMFILE : TryToOpen(path, mode, &descriptor);
-        if (error == 0) return descriptor;
-        if (!PrepareAnotherAttempt(file, mode, error, retryState)) return -1;
+        const int error = openCount >= maxFiles ? EMFILE : TryToOpen(path, mode, opened);
+        if (error == 0) return true;
+        if (!PrepareAnotherAttempt(file, mode, error, retryState)) return false;
     }
 }
 
@@ -216,13 +227,12 @@ bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error,
 
     const FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return false;
-    const FileNameRec record = *entry->name;  // the callback may unregister the file
-    const uint64 serial = entry->serial;
+    const wchar16* const name = entry->name->name;
     switch (error) {
         case ENOENT:
         case ENOTDIR:
         case ENOSPC:
-            RaiseError(ERRORLEVEL_ERROR, 5001, 9985, record.name);
+            RaiseError(ERRORLEVEL_ERROR, 5001, 9985, name);
             return false;
         case EEXIST:
             RaiseError(ERRORLEVEL_ERROR, 10, 52);
@@ -230,20 +240,27 @@ bool cFileSystemImpl::PrepareAnotherAttempt(int file, eOpenMode mode, int error,
         case ENFILE:
         case EMFILE:
             if (CloseOldest()) return true;
-            RaiseError(ERRORLEVEL_ERROR, 14, 56, record.name);
+            RaiseError(ERRORLEVEL_ERROR, 14, 56, name);
             return false;
         case EACCES:
         case NetworkAccessDenied:
             if (mode == omCreate) return false;
-            if (retry != nullptr && retry(mode, record.name, retryState)) {
-                return FindRegistration(file, serial) != nullptr;
-            }
-            RaiseError(ERRORLEVEL_ERROR, 4, 46, record.name);
-            return false;
+            return MayRetry(*entry, mode, retryState);
         default:
-            if (mode != omCreate) RaiseErrorWithNumber(13, 55, error, record.name);
+            if (mode != omCreate) RaiseErrorWithNumber(13, 55, error, name);
             return false;
     }
+}
+
+// Asks the callback about an access that was denied. False, with an error raised unless the callback has unregistered
+// the file, if it is not to be tried again.
+bool cFileSystemImpl::MayRetry(const FileEntry& entry, eOpenMode mode, int64& retryState) {
+    const FileNameRec record = *entry.name;  // the callback may unregister the file
+    const int file = HandleOf(entry);
+    const uint64 serial = entry.serial;
+    if (retry != nullptr && retry(mode, record.name, retryState)) return FindRegistration(file, serial) != nullptr;
+    RaiseError(ERRORLEVEL_ERROR, 4, 46, record.name);
+    return false;
 }
 
 // Drops what the cache holds of a file that was changed since it was closed, as the time of its last change tells, and

@@ -6,6 +6,7 @@
 #include <Utility/errors/raise.h>
 #include <Utility/file_cache.h>
 #include <Utility/files/file_system_impl.h>
+#include <Utility/files/record_path.h>
 #include <Utility/memory_blocks.h>
 #include <Utility/platform/platform.h>
 #include <Utility/strings.h>
@@ -119,6 +120,7 @@ int cFileSystemImpl::register_file_variant(int base, const wchar16* name, FILETY
     if (FindEntry(base) == nullptr) return 0;
     wchar16 path[PathSize];
     fhandle2path(base, path);
+    if (*path == 0) return 0;
     if (munge_filename(type)) return register_file(path, type, true);
     wchar16 variant[2 * PathSize];
     recommend_filename(variant, path, type);
@@ -176,24 +178,28 @@ eOpenMode cFileSystemImpl::filehandle_get_openmode(int file) {
 }
 
 void cFileSystemImpl::fhandle2name(int file, wchar16* out) {
+    if (out == nullptr) return;
     const FileEntry* const entry = FindEntry(file);
     strcpyn(out, entry != nullptr ? entry->name->name : ZUTEXT(""), PathSize);
 }
 
 void cFileSystemImpl::fhandle2dir(int file, wchar16* out) {
+    if (out == nullptr) return;
     const FileEntry* const entry = FindEntry(file);
     strcpyn(out, entry != nullptr ? entry->name->directory : ZUTEXT(""), PathSize);
 }
 
 void cFileSystemImpl::fhandle2path(int file, wchar16* out) {
-    fhandle2dir(file, out);
+    if (out == nullptr) return;
+    strcpyn(out, ZUTEXT(""), PathSize);
     const FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return;
-    const uint64 length = platform::wcslen(out);
-    strcpyn(out + length, entry->name->name, PathSize - length);
+    const RecordPath path(*entry->name);
+    if (!path.IsTooLong()) strcpyn(out, path.Text(), PathSize);
 }
 
 void cFileSystemImpl::fhandle2partialpath(int file, wchar16* out, int base) {
+    if (out == nullptr) return;
     fhandle2path(file, out);
     wchar16 start[PathSize + 1];
     if (base == 0) {

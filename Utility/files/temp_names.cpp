@@ -20,22 +20,23 @@ void MakeDirectoryIfMissing(const wchar16* path) {
     if (!platform::PathIsDirectoryW(path)) platform::CreateDirectoryW(path);
 }
 
-// Writes the folder of all programs like this one, and makes it.
-void FamilyFolder(wchar16 (&path)[SystemPathSize]) {
+// Writes the folder of all programs like this one, and makes it. False if its path is not known or too long.
+bool FamilyFolder(wchar16 (&path)[SystemPathSize]) {
     const uint32 length = platform::GetTempPathW(SystemPathSize, path);
-    if (length == 0 || length >= SystemPathSize) path[0] = 0;
-    platform::PathAppendW(path, ZUTEXT("Zunaverse"));
+    if (length == 0 || length >= SystemPathSize || !platform::PathAppendW(path, ZUTEXT("Zunaverse"))) return false;
     MakeDirectoryIfMissing(path);
+    return true;
 }
 
-// Makes a folder that was not there before: `base`, or else `base` with a dot and the first number from 2 on.
-void MakeNewFolder(const wchar16* base, wchar16 (&path)[SystemPathSize]) {
+// Makes a folder that was not there before: `base`, or else `base` with a dot and the first number from 2 on. False if
+// that is too long.
+bool MakeNewFolder(const wchar16* base, wchar16 (&path)[SystemPathSize]) {
     CopyPath(base, path, SystemPathSize);
     for (int number = 2; platform::PathIsDirectoryW(path); ++number) {
-        // A number that does not fit would give the same name for ever.
-        if (platform::swprintf(path, SystemPathSize, ZUTEXT("%ls.%d"), base, number) < 0) break;
+        if (platform::swprintf(path, SystemPathSize, ZUTEXT("%ls.%d"), base, number) < 0) return false;
     }
     platform::CreateDirectoryW(path);
+    return true;
 }
 
 // Whether a file can be written in a folder; none stays there.
@@ -86,13 +87,13 @@ void cFileSystemImpl::CreteTempFolderForZxtTile(wchar16* out) {
         return;
     }
     wchar16 base[SystemPathSize];
-    FamilyFolder(base);
+    wchar16 folder[SystemPathSize];
+    const bool hasFamily = FamilyFolder(base);
     platform::swprintf(out, PathSize, ZUTEXT("%ls.%d"), ZUTEXT("Zunavia.Application.x64"),
                        static_cast<int32>(platform::GetCurrentProcessId()));
-    platform::PathAppendW(base, out);
-    wchar16 folder[SystemPathSize];
-    MakeNewFolder(base, folder);
-    CopyPath(CanWriteIn(*this, folder) ? folder : tempDirectory, tileTempDirectory, PathSize);
+    const bool isUsable =
+        hasFamily && platform::PathAppendW(base, out) && MakeNewFolder(base, folder) && CanWriteIn(*this, folder);
+    CopyPath(isUsable ? folder : tempDirectory, tileTempDirectory, PathSize);
     CopyPath(tileTempDirectory, out, PathSize);
 }
 

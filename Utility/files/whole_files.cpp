@@ -77,6 +77,7 @@ bool cFileSystemImpl::SetAside(int file, wchar16* temporaryName) {
 
 bool cFileSystemImpl::group_fileremove(int* files, int count) {
     if (count <= 0) return true;
+    if (files == nullptr) return false;
     const std::unique_ptr<Path[]> temporaryNames(new (std::nothrow) Path[static_cast<std::size_t>(count)]);
     if (temporaryNames == nullptr) return false;
     int setAside = 0;
@@ -212,19 +213,19 @@ bool cFileSystemImpl::file_set_timestamp(int file) {
 
 int cFileSystemImpl::rename2(const wchar16* from, const wchar16* to) {
     if (from == nullptr || to == nullptr) return -1;
-    return platform::_wrename(LocalCopy(from).data(), LocalCopy(to).data());
+    return platform::_wrename(from, to);
 }
 
 int cFileSystemImpl::remove2(const wchar16* path) {
-    return path != nullptr ? platform::_wremove(LocalCopy(path).data()) : -1;
+    return path != nullptr ? platform::_wremove(path) : -1;
 }
 
 int cFileSystemImpl::access2(const wchar16* path, int mode) {
-    return path != nullptr ? platform::_waccess(LocalCopy(path).data(), mode) : -1;
+    return path != nullptr ? platform::_waccess(path, mode) : -1;
 }
 
 int cFileSystemImpl::stat2(const wchar16* path, struct _stat64* status) {
-    return path != nullptr && status != nullptr ? platform::_wstat64(LocalCopy(path).data(), status) : -1;
+    return path != nullptr && status != nullptr ? platform::_wstat64(path, status) : -1;
 }
 
 bool fileremove(int file) {

@@ -98,8 +98,7 @@ void* InstanceDataImpl::GetOther(unsigned int key) const {
 }
 
 InstanceData* GetInstanceData() {
-    InstanceData* const held = HeldInstance();
-    return held != nullptr ? held : FindOrCreateInstance();
+    return CurrentInstance();
 }
 
 bool SetInstanceData(InstanceData* instance) {

@@ -39,12 +39,22 @@ private:
     bool autoDestroy = true;
 };
 
+// The caller's instance, as GetInstanceData finds it.
+inline InstanceData* CurrentInstance() {
+    InstanceData* const held = HeldInstance();
+    return held != nullptr ? held : FindOrCreateInstance();
+}
+
+// The service under a key of an instance.
+template <typename T, ServiceKey Key>
+inline T* ServiceOf(InstanceData& instance) {
+    return static_cast<T*>(instance.GetSlot(static_cast<unsigned int>(Key)));
+}
+
 // The getter and the setter behind T::Instance() and T::Instance(T*).
 template <typename T, ServiceKey Key>
 inline T* ServiceInstance() {
-    InstanceData* const held = HeldInstance();
-    InstanceData* const instance = held != nullptr ? held : FindOrCreateInstance();
-    return static_cast<T*>(instance->GetSlot(static_cast<unsigned int>(Key)));
+    return ServiceOf<T, Key>(*CurrentInstance());
 }
 
 template <typename T, ServiceKey Key>

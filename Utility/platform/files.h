@@ -83,11 +83,25 @@ inline constexpr int PermitWrite = 0x080;
 // any other takes an exclusive one, and ShareDenyNone takes none; a conflict, within the process too, is EACCES. A file
 // system without locks grants everything.
 int _wsopen_dispatch(const wchar16* path, int flags, int share, int permissions, int* descriptor, int secure);
+
+// What is known of a file by its opening.
+struct OpenedFile {
+    int descriptor;                        // at the start of the file; -1 if it was not opened
+    WIN32_FILE_ATTRIBUTE_DATA attributes;  // dwFileAttributes is INVALID_FILE_ATTRIBUTES where they cannot be had
+    int64 length;                          // -1 where the opening does not tell; _lseeki64 does then
+};
+// _wsopen_dispatch, and GetFileAttributesExW of the file as it is then.
+int OpenWithAttributes(const wchar16* path, int flags, int share, int permissions, OpenedFile* file);
+
 int _close(int descriptor);
 // The number of bytes read, less than `count` only at the end of the file; -1 on failure.
 int _read(int descriptor, void* buffer, uint32 count);
 // The number of bytes written; less than `count` when the disk is full after some of them, -1 on failure.
 int _write(int descriptor, const void* buffer, uint32 count);
+// _lseeki64 from the start, and _read or _write; where the descriptor stands afterwards is not told. A reader who gets
+// `enough` bytes may get less than there are.
+int ReadAt(int descriptor, int64 offset, void* buffer, uint32 count, uint32 enough);
+int WriteAt(int descriptor, int64 offset, const void* buffer, uint32 count);
 // Whence 0: from the start, 1: from the present position, 2: from the end. The new position, or -1.
 int64 _lseeki64(int descriptor, int64 offset, int whence);
 // Cuts a file or extends it with zeros; the position is left where it was. 0, or the error number.
@@ -98,9 +112,10 @@ int _setmaxstdio(int count);
 
 // Whole files, by path: 0, or -1 with errno.
 
-// The error EACCES or EEXIST says that the target exists, whatever it is; a file may be renamed to its own name.
+// The error EACCES or EEXIST says that the target exists, whatever it is; a file may be renamed to its own name. A file
+// that is held open is refused with EACCES.
 int _wrename(const wchar16* from, const wchar16* to);
-// Refuses directories and read-only files with EACCES.
+// Refuses directories, read-only files and files that are held open with EACCES.
 int _wremove(const wchar16* path);
 // Mode 0: whether it exists; 2: may be written; 4: may be read; 6: both.
 int _waccess(const wchar16* path, int mode);

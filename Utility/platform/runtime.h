@@ -14,9 +14,9 @@ void free(void* block);
 std::size_t _msize(void* block);
 // The size of the large pages that the system gives a part of a heap block on request; 0 if it gives none.
 std::size_t LargePageBytes();
-// Asks for large pages behind this memory, which begins at the border of one and was not used yet. A wish: memory that
-// does not get them is as good.
-void WantLargePages(void* begin, std::size_t size);
+// A large block is going to be used all over: pages of it that were not touched yet may be had in larger pieces. A wish:
+// where the system does not take it, nothing happens. errno is left alone.
+void WantLargePages(void* block, std::size_t size);
 
 // Text of 16-bit units. Results point into the first argument where the C library's do.
 std::size_t wcslen(const wchar16* text);

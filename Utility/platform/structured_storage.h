@@ -36,7 +36,8 @@ class Storage;
 class StorageStream;
 #endif
 
-// StorageOk if the file is a compound file, by its first bytes.
+// StorageOk if the file is a compound file, by its first bytes. For the moment others are denied what a reader denies:
+// a file that somebody writes cannot be looked at.
 long32 StgIsStorageFile(const wchar16* path);
 // Opens a compound file. *storage is null on failure.
 long32 StgOpenStorage(const wchar16* path, uint32 mode, Storage** storage);

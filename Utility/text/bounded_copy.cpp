@@ -1,21 +1,13 @@
 #include <Utility/bounded_copy.h>
 
 #include <Utility/platform/runtime.h>
+#include <Utility/text/text_moves.h>
 #include <Utility/text/unit_classes.h>
 
 #include <algorithm>
 #include <cstring>
 
 namespace Torvo {
-
-namespace {
-
-// Moves the text from `from` on, terminator included, down to `s`.
-void MoveDown(wchar16* s, const wchar16* from) {
-    if (from != s) std::memmove(s, from, (platform::wcslen(from) + 1) * sizeof(wchar16));
-}
-
-}  // namespace
 
 wchar16* strcpyn(wchar16* dst, const wchar16* src, uint64 size) {
     if (size == 0) return dst;
@@ -29,14 +21,14 @@ uint64 ltrim(wchar16* s) {
     const wchar16* first = s;
     while (*first != 0 && IsBlank(*first)) ++first;
     const auto removed = static_cast<uint64>(first - s);
-    if (*first != 0) MoveDown(s, first);
+    if (*first != 0) MoveTextDown(s, first);
     return removed;
 }
 
 uint64 ltrim2(wchar16* s) {
     const wchar16* first = s;
     while (*first == ' ') ++first;
-    MoveDown(s, first);
+    MoveTextDown(s, first);
     return static_cast<uint64>(first - s);
 }
 

@@ -2,6 +2,7 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/charsets.h>
+#include <Utility/platform/path_separator.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/strings.h>
@@ -20,7 +21,7 @@ void concat_backslash(const wchar16* src, wchar16* dst, uint64 size) {
     if (*dst == 0) return;
     wchar16* const end = dst + platform::wcslen(dst);
     const wchar16 last = *platform::CharPrevW(dst, end);
-    if (last == '\\' || last == '/') return;
+    if (platform::IsPathSeparator(last)) return;
     end[0] = '\\';
     end[1] = 0;
 }

@@ -17,7 +17,7 @@ protected:
     wstring16 Next(unsigned int size = 300) const {
         std::vector<wchar16> text(size + 2, wchar16{'#'});
         const bool read = read_app_string(file, text.data(), size);
-        EXPECT_EQ(text[size], wchar16{'#'});
+        EXPECT_EQ(text[size + 1], wchar16{'#'});
         return read ? wstring16(text.data()) : wstring16(ZUTEXT("?"));
     }
     std::string Bytes() const {
@@ -114,12 +114,19 @@ TEST_F(AppStrings, OneOfNoBytesHasNothingToConvert) {
     EXPECT_EQ(Next(), ZUTEXT("abc"));
 }
 
-TEST_F(AppStrings, TheTerminatorStaysInsideTheBuffer) {
+TEST_F(AppStrings, TheTerminatorHasAUnitOfItsOwnBehindTheSize) {
     write_app_string(file, ZUTEXT("abcd"));
     lseek2(file, 0, 0);
     EXPECT_EQ(Next(5), ZUTEXT("abcd"));
     lseek2(file, 0, 0);
-    EXPECT_EQ(Next(4), ZUTEXT("?"));
+    EXPECT_EQ(Next(4), ZUTEXT("abcd"));
+    lseek2(file, 0, 0);
+    wchar16 text[6] = {'#', '#', '#', '#', '#', '#'};
+    EXPECT_TRUE(read_app_string(file, text, 4));
+    EXPECT_EQ(text[4], 0);
+    EXPECT_EQ(text[5], wchar16{'#'});
+    lseek2(file, 0, 0);
+    EXPECT_EQ(Next(3), ZUTEXT("?"));
     lseek2(file, 0, 0);
     EXPECT_EQ(Next(0), ZUTEXT("?"));
 }
@@ -128,7 +135,7 @@ TEST_F(AppStrings, OneThatCannotBeReadIsAnEmptyText) {
     write_app_string(file, ZUTEXT("abcd"));
     WriteBytes(file, "\5ab");
     for (const int64 position : {0, 5, 6, 8}) {
-        for (const unsigned int size : {1u, 2u, 4u}) {
+        for (const unsigned int size : {1u, 2u, 3u}) {
             wchar16 text[5] = {'#', '#', '#', '#', '#'};
             lseek2(file, position, 0);
             EXPECT_FALSE(read_app_string(file, text, size)) << position << ' ' << size;

@@ -155,9 +155,61 @@ TEST_F(ByteOrderMarks, NoFileHasNoMarkAndTakesNone) {
     EXPECT_TRUE(WriteUTFBom(999'999, csWindowsLatin1));
 }
 
-TEST_F(ByteOrderMarks, FileOpenToReadTakesNoMarkAsAStream) {
-    const TextFile file(Write("abc"), omRead);
-    EXPECT_FALSE(WriteUTFBom(file.Handle(), csUTF8));
+TEST_F(ByteOrderMarks, FileOpenToReadTakesNoMark) {
+    const wstring16 path = Write("abc");
+    {
+        const TextFile file(path, omRead);
+        EXPECT_FALSE(WriteUTFBom(file.Handle(), csUTF8));
+    }
+    {
+        const ByteFile file(path, omRead);
+        EXPECT_FALSE(WriteUTFBom(file.Handle(), csUTF8));
+        EXPECT_TRUE(WriteUTFBom(file.Handle(), csWindowsLatin1));
+    }
+    EXPECT_EQ(Written(), "abc");
+}
+
+TEST_F(ByteOrderMarks, FileThatIsNotOpenHasNone) {
+    const int file = register_file(Write(kMark).c_str(), ftNone, true);
+    EXPECT_EQ(ProcessUTFBom(file), csUnknown);
+    EXPECT_EQ(ProcessUTFBom(reinterpret_cast<FILE*>(std::intptr_t{file})), csUnknown);
+    unregister_file(file);
+}
+
+TEST_F(ByteOrderMarks, MarkIsReadAndWrittenWithoutACache) {
+    cFileCache* const cache = cFileCache::Instance();
+    cFileCache::Instance(nullptr);
+    {
+        const ByteFile file(NewFile(), omCreate);
+        EXPECT_TRUE(WriteUTFBom(file.Handle(), csUTF8));
+        EXPECT_EQ(write2(file.Handle(), "x", 1), 1);
+    }
+    EXPECT_EQ(Written(), kMark + "x");
+    {
+        const ByteFile file(NewFile(), omRead);
+        EXPECT_EQ(ProcessUTFBom(file.Handle()), csUTF8);
+        EXPECT_EQ(file.Next(5), "x");
+    }
+    {
+        const TextFile file(NewFile(), omCreate);
+        EXPECT_TRUE(WriteUTFBom(file.Handle(), csUTF8));
+    }
+    EXPECT_EQ(Written(), kMark);
+    {
+        const TextFile file(NewFile(), omRead);
+        EXPECT_EQ(ProcessUTFBom(file.Handle()), csUTF8);
+    }
+    cFileCache::Instance(cache);
+}
+
+TEST_F(ByteOrderMarks, MarkIsNotFoundBehindItself) {
+    {
+        const TextFile file(NewFile(), omCreate);
+        EXPECT_TRUE(WriteUTFBom(file.Handle(), csUTF8));
+        EXPECT_EQ(ProcessUTFBom(file.Handle()), csUnknown);
+        EXPECT_EQ(fwrite2("x", 1, 1, file.Handle()), 1u);
+    }
+    EXPECT_EQ(Written(), kMark + "x");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <support/fresh_files.h>
 
 #include <limits>
+#include <vector>
 
 namespace Torvo::test {
 namespace {
@@ -383,6 +384,53 @@ TEST_F(DescriptorIo, ASizeThatCannotBeHadIsRefused) {
     EXPECT_EQ(filelength2(file), 7);
     close2(file);
     EXPECT_EQ(chsize2(file, 3), -1);
+    EXPECT_EQ(OnDisk(), "content");
+}
+
+// A host's cache ----------------------------------------------------------------------------------------------------
+
+// One that takes nothing in.
+class DecliningCache final : public cFileCache {
+public:
+    bool Forget(int /*handle*/) override { return true; }
+    bool Flush(int /*handle*/) override { return true; }
+    int BlockCount() override { return 0; }
+    int BlockSize() override { return 512; }
+    bool Lookup(int /*handle*/, int64 /*block*/, CacheEntry** /*out*/, int mode) override {
+        modes.push_back(mode);
+        return false;
+    }
+    CacheEntry* EntryAt(int /*position*/) override { return nullptr; }
+    void* BlockData(int /*slot*/) override { return nullptr; }
+    void EvictAt(int /*position*/) override {}
+
+    std::vector<int> modes;
+};
+
+TEST_F(DescriptorIo, WithACacheThatDeclinesBytesAreWrittenThroughAndNotRead) {
+    DecliningCache cache;
+    cFileCache* const former = cFileCache::Instance();
+    cFileCache::Instance(&cache);
+    const int file = OpenNew();
+    const std::string content = Numbered(1100);
+    EXPECT_EQ(WriteBytes(file, content), 1100);
+    EXPECT_EQ(filelength2(file), 1100);
+    EXPECT_EQ(tell2(file), 1100);
+    EXPECT_EQ(cache.modes, (std::vector<int>{1, 1, 2})) << "asked once for each block";
+    lseek2(file, 0, 0);
+    EXPECT_EQ(ReadBytes(file, 1100), "");
+    EXPECT_EQ(tell2(file), 0);
+    EXPECT_EQ(cache.modes, (std::vector<int>{1, 1, 2, 2}));
+    EXPECT_EQ(OnDisk(), content);
+    close2(file);
+    cFileCache::Instance(former);
+}
+
+TEST_F(DescriptorIo, AClosedFileIsNotResized) {
+    const int file = Open("content");
+    close2(file);
+    EXPECT_EQ(chsize2(file, 3), -1);
+    EXPECT_EQ(filelength2(file), 7);
     EXPECT_EQ(OnDisk(), "content");
 }
 

@@ -9,6 +9,7 @@
 #include <support/temp_directory.h>
 
 #include <filesystem>
+#include <fstream>
 #include <thread>
 
 namespace {
@@ -91,6 +92,15 @@ TEST(KeptDirectories, DirectoryForTemporaryFilesHasTwoSetters) {
     EXPECT_EQ(*temp_dir(), 0);
 }
 
+TEST(KeptDirectories, MayBeSetToAPartOfThemselves) {
+    const OwnFileSystem own;
+    for (const Directory& directory : directories) {
+        directory.set(ZUTEXT("C:\\some\\where"));
+        directory.set(directory.get() + 2);
+        EXPECT_EQ(wstring16(directory.get()), ZUTEXT("\\some\\where"));
+    }
+}
+
 TEST(KeptDirectories, BelongToTheInstance) {
     const OwnFileSystem own;
     home_dir(ZUTEXT("mine"));
@@ -111,6 +121,13 @@ TEST(Configuration, ValuesAreKeptUnderTheirKeys) {
     EXPECT_EQ(wstring16(get_cpl_config(ZUTEXT("other"))), ZUTEXT(""));
     set_cpl_config(ZUTEXT("key"), ZUTEXT("another value, which is longer"));
     EXPECT_EQ(wstring16(get_cpl_config(ZUTEXT("key"))), ZUTEXT("another value, which is longer"));
+}
+
+TEST(Configuration, ValueMayBeAPartOfTheFormerOne) {
+    const OwnFileSystem own;
+    set_cpl_config(ZUTEXT("key"), ZUTEXT("value, with a second part that needs memory of its own"));
+    set_cpl_config(ZUTEXT("key"), get_cpl_config(ZUTEXT("key")) + 7);
+    EXPECT_EQ(wstring16(get_cpl_config(ZUTEXT("key"))), ZUTEXT("with a second part that needs memory of its own"));
 }
 
 TEST(Configuration, CaseOfAKeyCounts) {
@@ -250,6 +267,18 @@ Found Search(const wstring16& name, FILETYPE type = ftNone) {
     bool result = false;
     const wstring16 path = GuardedPath([&](wchar16* out) { result = search_for_file(out, type); }, name);
     return {result, path};
+}
+
+// The extension makes the path longer than one may be: no open takes the file, so it is not there.
+TEST(FileExists, PathThatIsTooLongIsNoFile) {
+    const TempDirectory directory;
+    const wstring16 name(258 - directory.Path(ZUTEXT("")).size(), 'x');
+    std::ofstream(directory.Native(name + ZUTEXT(".html"))) << "x";  // where the system takes it
+    EXPECT_FALSE(file_exists(directory.Path(name).c_str(), ftHtml));
+    const int file = register_file(directory.Path(name).c_str(), ftHtml, false);
+    EXPECT_EQ(fileopen(file, omRead, nullptr), -1);
+    unregister_file(file);
+    ClearErrors();
 }
 
 TEST(SearchForFile, FirstDirectoryWins) {

@@ -15,7 +15,6 @@ using Torvo::test::MemoryBlockFiles;
 using Calls = std::vector<std::string>;
 
 constexpr int kBlockSize = 16;
-constexpr int kDirty = 1;
 
 class FileCache : public ::testing::Test {
 protected:
@@ -40,7 +39,7 @@ protected:
         ASSERT_NE(entry, nullptr);
         std::memset(cache.BlockData(entry->slot), byte, kBlockSize);
         entry->count = kBlockSize;
-        entry->flags |= kDirty;
+        entry->flags |= DirtyFlag;
     }
     std::vector<std::pair<int, int64>> Keys() {
         std::vector<std::pair<int, int64>> keys;
@@ -148,7 +147,7 @@ TEST_F(FileCache, TakingADirtyBlockWritesAllDirtyBlocksOfItsFileInOrder) {
     EXPECT_FALSE(Holds(1000, 3));
     EXPECT_EQ(Get(1000, 0)->flags, 0);
     EXPECT_EQ(Get(1000, 2)->flags, 0);
-    EXPECT_EQ(Get(1001, 1)->flags, kDirty);
+    EXPECT_EQ(Get(1001, 1)->flags, DirtyFlag);
     EXPECT_EQ(blocks.files[1000].substr(0, 16), std::string(16, 'y'));
 }
 
@@ -174,11 +173,94 @@ TEST_F(FileCache, BlockThatCannotBeWrittenIsNotTaken) {
     EXPECT_FALSE(cache.Lookup(1000, 4, &out, 2));
     EXPECT_EQ(out, &untouched);
     EXPECT_EQ(Keys(), before);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(cache.EntryAt(i)->flags, kDirty);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(cache.EntryAt(i)->flags, DirtyFlag);
     // Once the disk takes them, the same look-up works.
     blocks.refuseAll = false;
     EXPECT_EQ(TextOf(Get(1000, 4)), "ee");
     EXPECT_EQ(blocks.files[1000].substr(0, 32), std::string(16, 'x') + std::string(16, 'y'));
+}
+
+TEST_F(FileCache, BlockThatIsNotTakenLeavesThoseCleanThatCouldBeWritten) {
+    Fill(1000, 1, 'y');
+    Fill(1000, 0, 'x');
+    Fill(1001, 0, 'z');
+    Fill(1001, 1, 'z');
+    blocks.callsUntilRefusal = 2;
+    const auto before = Keys();
+    EXPECT_EQ(Get(1000, 4), nullptr);
+    EXPECT_EQ(Keys(), before);
+    EXPECT_EQ(cache.EntryAt(0)->flags, 0);
+    EXPECT_EQ(cache.EntryAt(1)->flags, DirtyFlag);
+    EXPECT_EQ(blocks.files[1000].substr(0, 32), std::string(16, 'x') + std::string(16, 'b'));
+}
+
+TEST_F(FileCache, OnlyTheVictimOfAFileThatIsNotOpenIsDropped) {
+    Fill(1000, 0, 'x');
+    Fill(1000, 1, 'y');
+    Get(1001, 0);
+    EXPECT_FALSE(cache.DropVictimOfClosedFile()) << "an entry that holds nothing is the next";
+    Get(1001, 1);
+    EXPECT_FALSE(cache.DropVictimOfClosedFile()) << "the file is open";
+    blocks.allAreClosed = true;
+    blocks.refuseAll = true;
+    EXPECT_TRUE(cache.DropVictimOfClosedFile());
+    EXPECT_EQ(Keys(), (std::vector<std::pair<int, int64>>{{0, 0}, {0, 0}, {1001, 0}, {1001, 1}}));
+    EXPECT_FALSE(cache.DropVictimOfClosedFile());
+    blocks.refuseAll = false;
+    EXPECT_NE(Get(1001, 2), nullptr);
+    EXPECT_NE(Get(1001, 3), nullptr);
+    EXPECT_FALSE(cache.DropVictimOfClosedFile()) << "it is not dirty";
+}
+
+TEST_F(FileCache, BytesAreFoundInABlockThatIsThere) {
+    EXPECT_EQ(cache.Find(1000, 0, 1), nullptr);
+    auto* const start = static_cast<char*>(cache.BlockData(Get(1000, 1)->slot));
+    EXPECT_EQ(cache.Find(1000, 16, 16), start);
+    EXPECT_EQ(cache.Find(1000, 31, 1), start + 15);
+    EXPECT_EQ(cache.Find(1000, 15, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, 32, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, 31, 2), nullptr);
+    EXPECT_EQ(cache.Find(1000, 17, 16), nullptr);
+    EXPECT_EQ(cache.Find(1000, 16, ~uint64{0}), nullptr);
+    EXPECT_EQ(cache.Find(1001, 16, 1), nullptr);
+    auto* const end = static_cast<char*>(cache.BlockData(Get(1000, 4)->slot));  // two bytes
+    EXPECT_EQ(cache.Find(1000, 65, 1), end + 1);
+    EXPECT_EQ(cache.Find(1000, 66, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, 67, 0), nullptr);
+    EXPECT_EQ(cache.Find(1000, 20, 4), start + 4) << "not only in the last used";
+    // What stands before the start is in no block, even if there is an entry under such a number.
+    Get(1000, -1, 1)->count = kBlockSize;
+    EXPECT_EQ(cache.Find(1000, -16, 1), nullptr);
+}
+
+TEST_F(FileCache, FindingBytesIsAUseOfTheirBlock) {
+    for (int64 block = 0; block < 4; ++block) Get(1000, block);
+    EXPECT_NE(cache.Find(1000, 0, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, 16, 0), nullptr) << "nothing is wanted";
+    EXPECT_EQ(cache.Find(1000, 16, 17), nullptr) << "a look-up of the block would be one too";
+    EXPECT_EQ(cache.Find(1001, 0, 1), nullptr);
+    blocks.TakeCalls();
+    Get(1001, 0);
+    Get(1001, 1);
+    EXPECT_FALSE(Holds(1000, 2));
+    EXPECT_FALSE(Holds(1000, 3));
+    EXPECT_TRUE(Holds(1000, 0));
+    EXPECT_TRUE(Holds(1000, 1));
+    EXPECT_EQ(blocks.TakeCalls(), (Calls{"r 1001 @0 16", "r 1001 @16 16"}));
+}
+
+TEST(FileCacheOfOddBlocks, BytesAreFoundInTheFirstBlockAlone) {
+    MemoryBlockFiles blocks;
+    blocks.files[1000] = "abcdefghijkl";
+    FileCacheImpl cache(5, 6, blocks);
+    CacheEntry* entry = nullptr;
+    ASSERT_TRUE(cache.Lookup(1000, 1, &entry, 2));
+    for (int64 position = 0; position < 12; ++position) EXPECT_EQ(cache.Find(1000, position, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, int64{1} << 62, 1), nullptr);
+    ASSERT_TRUE(cache.Lookup(1000, 0, &entry, 2));
+    EXPECT_EQ(*cache.Find(1000, 5, 1), 'f');
+    EXPECT_EQ(cache.Find(1000, 6, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, int64{1} << 32, 1), nullptr);
 }
 
 TEST_F(FileCache, BlockThatCannotBeReadStaysWithoutContent) {
@@ -217,7 +299,7 @@ TEST_F(FileCache, FlushWritesTheDirtyBlocksOfOneFile) {
     Fill(1000, 0, 'y');
     EXPECT_TRUE(cache.Flush(1000));
     EXPECT_EQ(blocks.TakeCalls(), (Calls{"w 1000 @0 16", "w 1000 @16 16"}));
-    EXPECT_EQ(Get(1001, 0)->flags, kDirty);
+    EXPECT_EQ(Get(1001, 0)->flags, DirtyFlag);
     EXPECT_TRUE(cache.Flush(1000));
     EXPECT_TRUE(cache.Flush(1002));
     EXPECT_EQ(blocks.TakeCalls(), Calls());
@@ -240,15 +322,15 @@ TEST_F(FileCache, FlushStopsAtTheFirstBlockThatCannotBeWritten) {
     EXPECT_FALSE(cache.Flush(1000));
     EXPECT_EQ(blocks.TakeCalls(), (Calls{"w 1000 @0 16", "w 1000 @16 16"}));
     EXPECT_EQ(Get(1000, 0)->flags, 0);
-    EXPECT_EQ(Get(1000, 1)->flags, kDirty);
-    EXPECT_EQ(Get(1000, 2)->flags, kDirty);
+    EXPECT_EQ(Get(1000, 1)->flags, DirtyFlag);
+    EXPECT_EQ(Get(1000, 2)->flags, DirtyFlag);
     EXPECT_TRUE(cache.Flush(1000));
     EXPECT_EQ(blocks.TakeCalls(), (Calls{"w 1000 @16 16", "w 1000 @32 16"}));
 }
 
 TEST_F(FileCache, OnlyTheValidBytesOfABlockAreWritten) {
     CacheEntry* const entry = Get(1000, 4);
-    entry->flags |= kDirty;
+    entry->flags |= DirtyFlag;
     EXPECT_TRUE(cache.Flush(1000));
     EXPECT_EQ(blocks.TakeCalls(), (Calls{"r 1000 @64 16", "w 1000 @64 2"}));
     EXPECT_EQ(blocks.files[1000].size(), 66u);
@@ -321,7 +403,7 @@ TEST_F(FileCache, DestructionWritesNothing) {
         FileCacheImpl other(5, kBlockSize, blocks);
         CacheEntry* entry = nullptr;
         ASSERT_TRUE(other.Lookup(1000, 0, &entry, 1));
-        entry->flags |= kDirty;
+        entry->flags |= DirtyFlag;
     }
     EXPECT_EQ(blocks.TakeCalls(), Calls());
 }

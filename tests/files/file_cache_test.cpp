@@ -84,6 +84,40 @@ TEST(FileCacheService, BlocksAreThoseOfTheRegisteredFile) {
     EXPECT_FALSE(cache->Lookup(file, 0, &entry, 0));
 }
 
+TEST(FileCacheService, DirtyBlockOfAFileThatIsNotOpenIsNotTaken) {
+    const TempDirectory directory;
+    const OwnCache cache(4, 512);
+    const int closed = register_file(directory.Path(ZUTEXT("closed")).c_str(), ftNone, true);
+    const int other = register_file(directory.Path(ZUTEXT("other")).c_str(), ftNone, true);
+    CacheEntry* dirty = nullptr;
+    ASSERT_TRUE(cache->Lookup(closed, 0, &dirty, 1));
+    dirty->count = 5;
+    dirty->flags |= 1;
+    CacheEntry* entry = nullptr;
+    ASSERT_TRUE(cache->Lookup(other, 0, &entry, 1));
+    ASSERT_TRUE(cache->Lookup(other, 1, &entry, 1));
+    entry = nullptr;
+    EXPECT_FALSE(cache->Lookup(other, 2, &entry, 1));
+    EXPECT_EQ(entry, nullptr);
+    EXPECT_EQ(dirty->handle, closed);
+    EXPECT_EQ(dirty->count, 5);
+    EXPECT_EQ(dirty->flags, 1);
+    unregister_file(other);
+    unregister_file(closed);
+}
+
+TEST(FileCacheService, NothingIsFoundForNobodyAndOutsideThePool) {
+    const OwnCache cache(4, 512);
+    for (const int mode : {0, 1, 2, 0, 1, 2}) EXPECT_FALSE(cache->Lookup(1000, 0, nullptr, mode));
+    CacheEntry* entry = nullptr;
+    EXPECT_FALSE(cache->Lookup(1000, 0, &entry, 0)) << "nothing was taken for it";
+    EXPECT_TRUE(cache->Lookup(1000, 0, &entry, 1));
+    EXPECT_FALSE(cache->Lookup(1000, 0, nullptr, 0));
+    EXPECT_EQ(static_cast<char*>(cache->BlockData(2)) - static_cast<char*>(cache->BlockData(0)), 1024);
+    EXPECT_EQ(cache->BlockData(-1), nullptr);
+    EXPECT_EQ(cache->BlockData(4), nullptr);
+}
+
 TEST(FileCacheService, BlockOfAFileThatIsNotOpenCannotBeRead) {
     const OwnCache cache(5, 16);
     CacheEntry* entry = nullptr;

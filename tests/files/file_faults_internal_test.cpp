@@ -92,6 +92,25 @@ protected:
         }
     }
 
+    // The same for an operation on an open file with dirty blocks, which get to the disk in the end.
+    template <typename Operation, typename Check>
+    void FailEachWithADirtyFile(Operation operation, Check check) {
+        const std::string content = Pattern(3000);
+        const std::string changed = Pattern(1500, 'A');
+        FailEach(content, [&](uint64 nth, FailingFiles::Mode mode, int error) {
+            const OwnCache cache(9, 512);
+            const int file = Open(omReadWrite);
+            EXPECT_EQ(write2(file, changed.data(), changed.size()), 1500);
+            FailingFiles faults(nth, mode, error);
+            const bool result = operation(file);
+            const bool hit = faults.Stop();
+            check(file, result, hit);
+            Close(file);
+            EXPECT_TRUE(directory.Read(kName) == changed + content.substr(1500));
+            return hit;
+        });
+    }
+
     int Register(const wstring16& name) { return register_file(directory.Path(name).c_str(), ftNone, true); }
     int Open(eOpenMode mode) {
         const int file = Register(kName);
@@ -139,6 +158,25 @@ TEST_F(FileFaults, Read) {
     });
 }
 
+TEST_F(FileFaults, BlockThatCannotBeReadEndsTheReadingAndIsReadTheNextTime) {
+    directory.Write(kName, Pattern(3000));
+    const OwnCache cache(5, 512);
+    const int file = Open(omRead);
+    std::string bytes(3000, '#');
+    {
+        const FailingFiles faults(1, FailingFiles::Mode::kOnce, EIO);
+        EXPECT_EQ(read2(file, bytes.data(), 3000), 0);
+    }
+    EXPECT_EQ(tell2(file), 0);
+    EXPECT_EQ(bytes, std::string(3000, '#'));
+    CacheEntry* entry = nullptr;
+    EXPECT_TRUE(cache->Lookup(file, 0, &entry, 0));
+    EXPECT_EQ(entry->count, 0);
+    EXPECT_EQ(read2(file, bytes.data(), 3000), 3000);
+    EXPECT_EQ(bytes, Pattern(3000));
+    Close(file);
+}
+
 TEST_F(FileFaults, Write) {
     const std::string content = Pattern(3000);
     const std::string added = Pattern(2000, 'A');
@@ -168,41 +206,23 @@ TEST_F(FileFaults, Write) {
 }
 
 TEST_F(FileFaults, Flush) {
-    const std::string content = Pattern(3000);
-    const std::string changed = Pattern(1500, 'A');
-    FailEach(content, [&](uint64 nth, FailingFiles::Mode mode, int error) {
-        const OwnCache cache(9, 512);
-        const int file = Open(omReadWrite);
-        EXPECT_EQ(write2(file, changed.data(), changed.size()), 1500);
-        FailingFiles faults(nth, mode, error);
-        const bool flushed = cache->Flush(file);
-        const bool hit = faults.Stop();
-        EXPECT_EQ(flushed, !hit);
-        EXPECT_TRUE(cache->Flush(file));
-        Close(file);
-        EXPECT_TRUE(directory.Read(kName) == changed + content.substr(1500));
-        return hit;
-    });
+    FailEachWithADirtyFile([](int file) { return cFileCache::Instance()->Flush(file); },
+                           [](int file, bool flushed, bool hit) {
+                               EXPECT_EQ(flushed, !hit);
+                               EXPECT_TRUE(cFileCache::Instance()->Flush(file));
+                           });
 }
 
 TEST_F(FileFaults, CloseOfADirtyFile) {
-    const std::string content = Pattern(3000);
-    const std::string changed = Pattern(1500, 'A');
-    FailEach(content, [&](uint64 nth, FailingFiles::Mode mode, int error) {
-        const OwnCache cache(9, 512);
-        const int file = Open(omReadWrite);
-        EXPECT_EQ(write2(file, changed.data(), changed.size()), 1500);
-        FailingFiles faults(nth, mode, error);
-        EXPECT_EQ(close2(file), 0);
-        const bool hit = faults.Stop();
-        EXPECT_EQ(GetFileFD(file), -1);
-        EXPECT_EQ(NumErrors(), 0);
-        // What could not be written is in the cache still, and goes to the disk with the next close.
-        EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
-        Close(file);
-        EXPECT_TRUE(directory.Read(kName) == changed + content.substr(1500));
-        return hit;
-    });
+    FailEachWithADirtyFile([](int file) { return close2(file) == 0; },
+                           [](int file, bool closed, bool /*hit*/) {
+                               EXPECT_TRUE(closed);
+                               EXPECT_EQ(GetFileFD(file), -1);
+                               EXPECT_EQ(NumErrors(), 0);
+                               // What could not be written is in the cache still, and goes to the disk with the next
+                               // close.
+                               EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+                           });
 }
 
 TEST_F(FileFaults, ChangeOfSize) {

@@ -15,11 +15,11 @@ namespace Torvo::test {
 namespace {
 
 constexpr int FileCount = 12;
-constexpr int Operations = 100'000;
+constexpr int Operations = 75'000;
 // Small blocks in a small cache, so that files meet in it and lose their blocks to each other.
 constexpr int BlockCount = 24;
-constexpr int BlockSize = 512;
-constexpr int64 LongestFile = 12 * BlockSize;
+constexpr int LargestBlockSize = 512;
+constexpr int64 LongestFile = 12 * LargestBlockSize;
 
 struct ModelFile {
     wstring16 name;
@@ -31,10 +31,11 @@ struct ModelFile {
     bool exists = false;
 };
 
-class FileModel : public testing::Test {
+// With a size of blocks that is a power of two, and with one that is not.
+class FileModel : public testing::TestWithParam<int> {
 protected:
     FileModel()
-        : files({.budget = 5, .closeReadOnly = false, .blocks = BlockCount, .blockSize = BlockSize}),
+        : files({.budget = 5, .closeReadOnly = false, .blocks = BlockCount, .blockSize = GetParam()}),
           system(static_cast<cFileSystemImpl*>(cFileSystem::Instance())),
           cache(static_cast<FileCacheImpl*>(cFileCache::Instance())) {
         for (std::size_t index = 0; index < FileCount; ++index) {
@@ -71,10 +72,11 @@ protected:
     }
     // Small amounts mostly, some that are about a block, some of several.
     int64 SomeCount() {
-        return random.Between(0, random.OneIn(4) ? 3 * BlockSize : random.OneIn(3) ? BlockSize + 1 : 40);
+        return random.Between(0, random.OneIn(4) ? 3 * blockSize : random.OneIn(3) ? blockSize + 1 : 40);
     }
 
     Random random;
+    const int blockSize = GetParam();
     const FreshFiles files;
     cFileSystemImpl* const system;
     FileCacheImpl* const cache;
@@ -164,7 +166,7 @@ void FileModel::Write(ModelFile& model) {
 void FileModel::Resize(ModelFile& model) {
     if (model.references == 0 || !model.writable) return;
     const int64 length =
-        random.OneIn(3) ? random.Between(0, LongestFile / BlockSize) * BlockSize : random.Between(0, LongestFile);
+        random.OneIn(3) ? random.Between(0, LongestFile / blockSize) * blockSize : random.Between(0, LongestFile);
     ASSERT_EQ(chsize2(model.handle, length), 0);
     model.content.resize(static_cast<std::size_t>(length), '\0');
     ASSERT_EQ(filelength2(model.handle), length);
@@ -243,7 +245,7 @@ void FileModel::Step() {
     }
 }
 
-TEST_F(FileModel, FilesHoldWhatWasWritten) {
+TEST_P(FileModel, FilesHoldWhatWasWritten) {
     SCOPED_TRACE(random.About());
     for (int step = 0; step < Operations; ++step) {
         ASSERT_NO_FATAL_FAILURE(Step()) << step;
@@ -254,6 +256,8 @@ TEST_F(FileModel, FilesHoldWhatWasWritten) {
         if (NumErrors() > 20) ClearErrors();
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(BlockSizes, FileModel, testing::Values(LargestBlockSize, 500));
 
 }  // namespace
 }  // namespace Torvo::test

@@ -283,6 +283,14 @@ TEST(FindFile, LongNamesAreNotFound) {
     EXPECT_EQ(FindIn(wstring16(260, 'x') + ZUTEXT(";") + wstring16(500, 'y'), ZUTEXT("a")), Nothing);
 }
 
+TEST(FindFile, DirectoryOfTheNameMayBeAsLongAsItLikes) {
+    const TempDirectory directory;
+    directory.Write(ZUTEXT("a"), "");
+    EXPECT_EQ(FindIn(directory.Path(), wstring16(300, 'x') + ZUTEXT("\\a")),
+              (Found{true, directory.Path(ZUTEXT("a"))}));
+    EXPECT_EQ(FindIn(directory.Path(), wstring16(300, 'x') + ZUTEXT("\\b")), Nothing);
+}
+
 TEST(FindFile, ListOfTheCallerMayChangeAfterwards) {
     const TempDirectory directory;
     directory.Write(ZUTEXT("a"), "");

@@ -31,6 +31,8 @@ public:
         return true;
     }
 
+    bool IsOpen(int /*handle*/) override { return !allAreClosed; }
+
     // The calls since the last question, as "r 1000 @32 16" for a read of 16 bytes from 32 on of the file 1000.
     std::vector<std::string> TakeCalls() {
         std::vector<std::string> taken;
@@ -41,6 +43,7 @@ public:
     std::map<int, std::string> files;
     int callsUntilRefusal = 0;  // 1 refuses the next call, 0 none
     bool refuseAll = false;
+    bool allAreClosed = false;
 
 private:
     void Note(char what, int handle, int64 offset, int count) {

@@ -158,7 +158,7 @@ TEST_F(Qualify, RelativePathBecomesFull) {
     EXPECT_EQ(Full(ZUTEXT("a.tab")), here.Path() + ZUTEXT("\\a.tab"));
     EXPECT_EQ(Full(ZUTEXT("a\\..\\b")), here.Path() + ZUTEXT("\\b"));
     EXPECT_EQ(Full(ZUTEXT("C:\\a\\b\\")), ZUTEXT("C:\\a\\b"));
-    EXPECT_EQ(Full(ZUTEXT("C:\\")), ZUTEXT("C:\\")) << "a directory alone ends in a separator";
+    EXPECT_EQ(Full(ZUTEXT("C:\\")), ZUTEXT("C:\\")) << "a root keeps its separator";
 }
 
 TEST_F(Qualify, ReferenceIsSeenFromTheDirectoryOfAPath) {
@@ -208,6 +208,10 @@ TEST(RelativePaths, LeadUpAndDown) {
     EXPECT_EQ(Relative(ZUTEXT("C:\\a\\b\\c"), ZUTEXT("C:\\d.tab")), (Answer{true, ZUTEXT("..\\..\\..\\d.tab")}));
     EXPECT_EQ(Relative(ZUTEXT("C:\\"), ZUTEXT("C:\\d.tab")), (Answer{true, ZUTEXT("d.tab")}));
     EXPECT_EQ(Relative(ZUTEXT("C:\\a\\b"), ZUTEXT("C:\\a\\bc\\d")), (Answer{true, ZUTEXT("..\\bc\\d")}));
+}
+
+TEST(RelativePaths, OfADirectoryToItselfGoUpAndDownAgain) {
+    EXPECT_EQ(Relative(ZUTEXT("C:\\a\\b"), ZUTEXT("C:\\a\\b")), (Answer{true, ZUTEXT("..\\b")}));
 }
 
 TEST(RelativePaths, IgnoreCaseAndTurnSlashes) {

@@ -289,6 +289,17 @@ TEST_F(Registry, UnregisteringWritesWhatIsDirtyAndClosesWhoeverHoldsTheFile) {
 
 // Outside the contract ----------------------------------------------------------------------------------------------
 
+TEST_F(Registry, NothingIsToldToNobody) {
+    const int file = files.Register(ZUTEXT("a"));
+    for (const int handle : {file, 0}) {
+        fhandle2name(handle, nullptr);
+        fhandle2dir(handle, nullptr);
+        fhandle2path(handle, nullptr);
+        fhandle2partialpath(handle, nullptr, 0);
+    }
+    EXPECT_EQ(NameOf(file), ZUTEXT("a"));
+}
+
 TEST_F(Registry, ANullNameIsNotRegistered) {
     EXPECT_EQ(register_file(nullptr, ftNone, true), 0);
     EXPECT_EQ(is_file_registered(nullptr, ftNone), 0);
@@ -314,6 +325,17 @@ TEST(RegistryPerThread, EachThreadHasATableOfItsOwn) {
     }
     EXPECT_EQ(handles[0], 1000);
     EXPECT_EQ(handles[1], 1000);
+}
+
+TEST_F(Registry, APathThatIsLongerThanAPathIsNotTold) {
+    const wstring16 longest = ZUTEXT("C:\\") + wstring16(200, 'd') + ZUTEXT("\\") + wstring16(55, 'n');
+    const int file = register_file(longest.c_str(), ftHtml, true);
+    ASSERT_NE(file, 0);
+    EXPECT_EQ(NameOf(file), wstring16(55, 'n') + ZUTEXT(".html"));
+    EXPECT_EQ(DirectoryOf(file), ZUTEXT("C:\\") + wstring16(200, 'd') + ZUTEXT("\\"));
+    EXPECT_EQ(PathOf(file), ZUTEXT(""));
+    EXPECT_EQ(PathOf([file](wchar16* out) { fhandle2partialpath(file, out, file); }), ZUTEXT(""));
+    EXPECT_EQ(register_file_variant(file, nullptr, ftTab), 0);
 }
 
 TEST_F(Registry, AVariantOfTheLongestPathIsNoLongerThanAPath) {

@@ -86,6 +86,24 @@ TEST_F(StorageStreams, CompoundFileIsNotOpenAsAPlainOne) {
     EXPECT_EQ(close2(file), 0);
 }
 
+TEST_F(StorageStreams, FileThatIsHeldToWriteIsAPlainOne) {
+    Register(ReadData("workbook.xls"));
+    ASSERT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    ASSERT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+    EXPECT_EQ(Next(2), "\xD0\xCF");
+    EXPECT_EQ(stream_close(file), 0);
+    EXPECT_EQ(close2(file), 0);
+}
+
+TEST_F(StorageStreams, OpenCompoundFileIsNotRemoved) {
+    Register(ReadData("workbook.xls"));
+    ASSERT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+    EXPECT_FALSE(fileremove(file));
+    EXPECT_EQ(Next(10), "row 00000\n");
+    EXPECT_EQ(stream_close(file), 0);
+    EXPECT_TRUE(fileremove(file));
+}
+
 TEST_F(StorageStreams, BookOpensAWorkbook) {
     Register(ReadData("workbook.xls"));
     ASSERT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Book")), file);

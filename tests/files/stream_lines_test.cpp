@@ -28,6 +28,21 @@ protected:
     TempDirectory directory;
 };
 
+TEST_F(Lines, SizeThatLeavesRoomForOneByteFindsTheEndOfTheTextAnywhere) {
+    const TextFile file(Write("a\x1A"
+                              "b\n"),
+                        omRead);
+    EXPECT_EQ(NextLine(file.Handle(), 1).size(), 0u);
+    EXPECT_EQ(ftell2(file.Handle()), 1);
+    EXPECT_EQ(NextLine(file.Handle(), 1), kNull);
+    EXPECT_EQ(ftell2(file.Handle()), 2);
+    EXPECT_EQ(NextLine(file.Handle(), 1).size(), 0u);
+    EXPECT_EQ(ftell2(file.Handle()), 3);
+    EXPECT_EQ(NextLine(file.Handle(), 1).size(), 0u);
+    EXPECT_EQ(ftell2(file.Handle()), 4);
+    EXPECT_EQ(NextLine(file.Handle(), 1), kNull);
+}
+
 TEST_F(Lines, EveryLineEndIsOneLineFeed) {
     const TextFile file(Write("one\ntwo\r\nthree\rfour\n\n\r\n"), omRead);
     EXPECT_EQ(NextLine(file.Handle()), ZUTEXT("one\n"));

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 
 namespace Torvo::test {
 namespace {
@@ -60,6 +61,29 @@ TEST_F(WholeFiles, AFileIsRemovedWhoeverHoldsIt) {
     EXPECT_TRUE(fileremove(stream));
 }
 
+TEST_F(WholeFiles, AFileThatAnotherHandleHoldsStays) {
+    const int other = files.Make(ZUTEXT("other"), "other");
+    const wstring16 path = files.directory.Write(ZUTEXT("held"), "content");
+    int file = register_nonunique_file(path.c_str(), ftNone);
+    const int holder = register_nonunique_file(path.c_str(), ftNone);
+    ASSERT_EQ(fileopen(holder, omRead, nullptr), holder);
+    EXPECT_FALSE(fileremove(file));
+    EXPECT_EQ(remove2(path.c_str()), -1);
+    EXPECT_EQ(rename2(path.c_str(), files.directory.Path(ZUTEXT("new")).c_str()), -1);
+    int group[] = {other, file};
+    EXPECT_FALSE(group_fileremove(group, 2));
+    EXPECT_EQ(TakeErrors(), NoErrors);
+    EXPECT_EQ(OnDisk(ZUTEXT("other")), "other");
+    const int before = file;
+    EXPECT_FALSE(renamefile(&file, ZUTEXT("new"), ftNone));
+    EXPECT_EQ(file, before);
+    EXPECT_EQ(TakeErrors(), OneError(5, 47, path)) << "copied, but not removed";
+    EXPECT_EQ(FilesInDirectory(), 2u);
+    EXPECT_EQ(OnDisk(ZUTEXT("held")), "content");
+    close2(holder);
+    EXPECT_TRUE(fileremove(file));
+}
+
 TEST_F(WholeFiles, ReadOnlyFilesAndDirectoriesAreNotRemoved) {
     const int file = files.Make(ZUTEXT("x.dat"), "content");
     files.directory.SetReadOnly(ZUTEXT("x.dat"), true);
@@ -97,6 +121,11 @@ TEST_F(WholeFiles, AGroupWithOneThatCannotBeRenamedStaysInItsPlace) {
 }
 
 TEST_F(WholeFiles, AGroupOfNothingIsRemoved) {
+    EXPECT_TRUE(group_fileremove(nullptr, 0));
+}
+
+TEST_F(WholeFiles, AGroupOfNobodyIsNotRemoved) {
+    EXPECT_FALSE(group_fileremove(nullptr, 1));
     EXPECT_TRUE(group_fileremove(nullptr, 0));
 }
 
@@ -375,6 +404,20 @@ TEST_F(WholeFiles, AnOverlongPathIsNoFile) {
     const wstring16 path = files.directory.Path(wstring16(5000, wchar16{'x'}));
     EXPECT_EQ(access2(path.c_str(), 0), -1);
     EXPECT_EQ(remove2(path.c_str()), -1);
+}
+
+// Cut, the path would be that of another file.
+TEST_F(WholeFiles, ALongPathIsTakenWhole) {
+    const wstring16 name(260 - files.directory.Path(ZUTEXT("")).size(), wchar16{'x'});
+    const wstring16 other = files.directory.Path(name + ZUTEXT("yz"));
+    std::ofstream(files.directory.Native(name)) << "x";
+    struct _stat64 status = {};
+    EXPECT_EQ(access2(other.c_str(), 0), -1);
+    EXPECT_EQ(stat2(other.c_str(), &status), -1);
+    EXPECT_EQ(remove2(other.c_str()), -1);
+    EXPECT_EQ(rename2(other.c_str(), files.directory.Path(ZUTEXT("z")).c_str()), -1);
+    EXPECT_EQ(rename2(files.directory.Write(ZUTEXT("short"), "s").c_str(), (other + wstring16(5000, 'y')).c_str()), -1);
+    EXPECT_TRUE(Exists(ZUTEXT("short")));
 }
 
 }  // namespace

@@ -88,13 +88,15 @@ bool IsPipeOrSocket(const struct stat& status) {
 
 // Whether a file may be used as the flags say: no directory, nothing that another process must feed or empty, and not
 // read-only where it is to be written. A file that was created read-only may be written by its creator.
-bool MayBeUsed(int file, int flags, bool created) {
-    struct stat status;
-    if (SystemCall([&] { return ::fstat(file, &status); }) != 0) return false;
+bool MayBeUsed(const struct stat& status, int flags, bool created) {
     const bool isFile = !IsDirectory(status) && !IsPipeOrSocket(status);
     if (isFile && (created || !Writes(flags) || !IsReadOnly(status))) return true;
     errno = EACCES;
     return false;
+}
+
+bool StatusOfOpen(int file, struct stat* status) {
+    return SystemCall([&] { return ::fstat(file, status); }) == 0;
 }
 
 bool EmptyIfAsked(int file, int flags, bool created) {
@@ -109,18 +111,51 @@ void RemoveCreated(const std::string& path) {
     errno = kept;
 }
 
-int OpenShared(const std::string& path, int flags, int share, int permissions) {
+// The status is that of the file before it was emptied.
+int OpenShared(const std::string& path, int flags, int share, int permissions, struct stat* status) {
     bool created = false;
     OpenFile file(OpenOrCreate(path, flags, permissions, &created));
     if (file.Get() == -1) return -1;
-    const bool granted = TakeLock(file.Get(), flags, share) && MayBeUsed(file.Get(), flags, created) &&
-                         EmptyIfAsked(file.Get(), flags, created);
+    const bool granted = TakeLock(file.Get(), flags, share) && StatusOfOpen(file.Get(), status) &&
+                         MayBeUsed(*status, flags, created) && EmptyIfAsked(file.Get(), flags, created);
     if (granted) {
-        ::fcntl(file.Get(), F_SETFL, 0);  // a device is waited for again
+        // A device is waited for again; for a file it makes no difference.
+        if (!S_ISREG(status->st_mode)) ::fcntl(file.Get(), F_SETFL, 0);
         return file.Release();
     }
     if (created) RemoveCreated(path);
     return -1;
+}
+
+// Reads with a call that takes how many bytes there are already and how many more are wanted, until all are there, the
+// file ends, or a call that gave less than it could gave `enough`.
+template <typename Call>
+int ReadAll(uint32 count, uint32 enough, Call call) {
+    if (count > INT_MAX) return Fail(EINVAL);
+    const std::size_t wanted = AllowedTransfer(count);
+    std::size_t have = 0;
+    while (have < wanted) {
+        const ssize_t got = SystemCall([&] { return call(have, wanted - have); });
+        if (got < 0) return -1;
+        if (got == 0) break;
+        have += static_cast<std::size_t>(got);
+        if (have >= enough) break;
+    }
+    return static_cast<int>(have);
+}
+
+// Writes with a call that takes how many bytes are written already and how many more there are.
+template <typename Call>
+int WriteAll(uint32 count, Call call) {
+    if (count > INT_MAX) return Fail(EINVAL);
+    const std::size_t wanted = AllowedTransfer(count);
+    std::size_t done = 0;
+    while (done < wanted) {
+        const ssize_t put = SystemCall([&] { return call(done, wanted - done); });
+        if (put < 0) return done > 0 ? static_cast<int>(done) : -1;
+        done += static_cast<std::size_t>(put);
+    }
+    return static_cast<int>(done);
 }
 
 // Renames without replacing. Where the file system cannot do that in one step, the target is looked for first.
@@ -134,6 +169,32 @@ int RenameToFree(const std::string& from, const std::string& to) {
     if (SystemCall([&] { return ::lstat(to.c_str(), &status); }) == 0) return Fail(EEXIST);
     if (errno != ENOENT) return -1;
     return SystemCall([&] { return ::rename(from.c_str(), to.c_str()); });
+}
+
+// A file that is about to leave its place, opened for its lock; -1 for what has none, and for one that may not be
+// opened.
+int OpenForLock(const std::string& path, const struct stat& status) {
+    return S_ISREG(status.st_mode) ? OpenNative(path, O_RDONLY | O_NOFOLLOW, 0) : -1;
+}
+
+// Whether nobody else holds a file; false with EACCES. It stays locked against all others until it is closed.
+bool LockAlone(int file) {
+    return file == -1 || TakeLock(file, OpenReadWrite, ShareDenyBoth);
+}
+
+int RenameUnheld(const std::string& from, const std::string& to) {
+    struct stat status;
+    if (SystemCall([&] { return ::lstat(from.c_str(), &status); }) != 0) return -1;
+    const OpenFile file(OpenForLock(from, status));
+    return LockAlone(file.Get()) ? RenameToFree(from, to) : -1;
+}
+
+int RemoveUnheld(const std::string& path) {
+    struct stat status;
+    if (SystemCall([&] { return ::lstat(path.c_str(), &status); }) != 0) return -1;
+    if (IsDirectory(status) || IsReadOnly(status)) return Fail(EACCES);
+    const OpenFile file(OpenForLock(path, status));
+    return LockAlone(file.Get()) ? SystemCall([&] { return ::unlink(path.c_str()); }) : -1;
 }
 
 bool IsProgramName(const std::string& path) {
@@ -180,9 +241,22 @@ WIN32_FILE_ATTRIBUTE_DATA AttributeDataOf(const struct stat& status) {
 }
 
 int _wsopen_dispatch(const wchar16* path, int flags, int share, int permissions, int* descriptor, int /*secure*/) {
+    struct stat status;
     *descriptor = WithNativePath(
-        path, -1, [&](const std::string& native) { return OpenShared(native, flags, share, permissions); });
+        path, -1, [&](const std::string& native) { return OpenShared(native, flags, share, permissions, &status); });
     return *descriptor != -1 ? 0 : errno;
+}
+
+int OpenWithAttributes(const wchar16* path, int flags, int share, int permissions, OpenedFile* file) {
+    struct stat status;
+    file->descriptor = WithNativePath(
+        path, -1, [&](const std::string& native) { return OpenShared(native, flags, share, permissions, &status); });
+    if (file->descriptor == -1) return errno;
+    const bool known = (flags & OpenTruncate) == 0 || StatusOfOpen(file->descriptor, &status);
+    file->attributes = AttributeDataOf(status);
+    if (!known) file->attributes.dwFileAttributes = INVALID_FILE_ATTRIBUTES;
+    file->length = known && S_ISREG(status.st_mode) ? status.st_size : -1;
+    return 0;
 }
 
 // Whatever it answers, the descriptor is gone.
@@ -193,30 +267,27 @@ int _close(int descriptor) {
 }
 
 int _read(int descriptor, void* buffer, uint32 count) {
-    if (count > INT_MAX) return Fail(EINVAL);
-    const std::size_t wanted = AllowedTransfer(count);
-    std::size_t have = 0;
-    while (have < wanted) {
-        const ssize_t got =
-            SystemCall([&] { return ::read(descriptor, static_cast<char*>(buffer) + have, wanted - have); });
-        if (got < 0) return -1;
-        if (got == 0) break;
-        have += static_cast<std::size_t>(got);
-    }
-    return static_cast<int>(have);
+    return ReadAll(count, count, [=](std::size_t have, std::size_t wanted) {
+        return ::read(descriptor, static_cast<char*>(buffer) + have, wanted);
+    });
 }
 
 int _write(int descriptor, const void* buffer, uint32 count) {
-    if (count > INT_MAX) return Fail(EINVAL);
-    const std::size_t wanted = AllowedTransfer(count);
-    std::size_t done = 0;
-    while (done < wanted) {
-        const ssize_t put =
-            SystemCall([&] { return ::write(descriptor, static_cast<const char*>(buffer) + done, wanted - done); });
-        if (put < 0) return done > 0 ? static_cast<int>(done) : -1;
-        done += static_cast<std::size_t>(put);
-    }
-    return static_cast<int>(done);
+    return WriteAll(count, [=](std::size_t done, std::size_t wanted) {
+        return ::write(descriptor, static_cast<const char*>(buffer) + done, wanted);
+    });
+}
+
+int ReadAt(int descriptor, int64 offset, void* buffer, uint32 count, uint32 enough) {
+    return ReadAll(count, enough, [=](std::size_t have, std::size_t wanted) {
+        return ::pread(descriptor, static_cast<char*>(buffer) + have, wanted, offset + static_cast<int64>(have));
+    });
+}
+
+int WriteAt(int descriptor, int64 offset, const void* buffer, uint32 count) {
+    return WriteAll(count, [=](std::size_t done, std::size_t wanted) {
+        return ::pwrite(descriptor, static_cast<const char*>(buffer) + done, wanted, offset + static_cast<int64>(done));
+    });
 }
 
 int64 _lseeki64(int descriptor, int64 offset, int whence) {
@@ -247,17 +318,12 @@ int _setmaxstdio(int count) {
 
 int _wrename(const wchar16* from, const wchar16* to) {
     return WithNativePath(from, -1, [&](const std::string& nativeFrom) {
-        return WithNativePath(to, -1, [&](const std::string& nativeTo) { return RenameToFree(nativeFrom, nativeTo); });
+        return WithNativePath(to, -1, [&](const std::string& nativeTo) { return RenameUnheld(nativeFrom, nativeTo); });
     });
 }
 
 int _wremove(const wchar16* path) {
-    return WithNativePath(path, -1, [](const std::string& native) {
-        struct stat status;
-        if (SystemCall([&] { return ::lstat(native.c_str(), &status); }) != 0) return -1;
-        if (IsDirectory(status) || IsReadOnly(status)) return Fail(EACCES);
-        return SystemCall([&] { return ::unlink(native.c_str()); });
-    });
+    return WithNativePath(path, -1, [](const std::string& native) { return RemoveUnheld(native); });
 }
 
 int _waccess(const wchar16* path, int mode) {

@@ -2,8 +2,10 @@
 
 #include <malloc.h>
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 
 namespace Torvo::platform {
@@ -32,9 +34,14 @@ std::size_t LargePageBytes() {
     return std::size_t{2} << 20;
 }
 
-void WantLargePages(void* begin, std::size_t size) {
+void WantLargePages(void* block, std::size_t size) {
     const int error = errno;
-    ::madvise(begin, size, MADV_HUGEPAGE);
+    const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto start = reinterpret_cast<std::uintptr_t>(block);
+    // Whole pages only: what lies beside the block is not ours.
+    const std::uintptr_t first = (start + page - 1) / page * page;
+    const std::uintptr_t end = (start + size) / page * page;
+    if (first < end) ::madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
     errno = error;
 }
 

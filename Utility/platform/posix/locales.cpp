@@ -1,11 +1,11 @@
 #include <Utility/platform/locales.h>
 
+#include <Utility/platform/byte_copy.h>
 #include <Utility/platform/host.h>
 #include <Utility/platform/posix/locale_identifiers.h>
 #include <Utility/platform/posix/locale_table.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/threads.h>
-#include <Utility/platform/unit_copy.h>
 
 #include <algorithm>
 #include <charconv>

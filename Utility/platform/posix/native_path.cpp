@@ -1,5 +1,7 @@
 #include <Utility/platform/posix/native_path.h>
 
+#include <Utility/platform/path_separator.h>
+
 #include <algorithm>
 
 namespace Torvo::platform {
@@ -8,9 +10,6 @@ namespace {
 
 constexpr char32_t EscapeBase = 0xDC00;
 
-bool IsSeparator(wchar16 c) {
-    return c == '\\' || c == '/';
-}
 bool IsHighSurrogate(char32_t c) {
     return c >= 0xD800 && c <= 0xDBFF;
 }
@@ -71,9 +70,13 @@ std::size_t DecodeUtf8(std::string_view text, char32_t& codePoint) {
 }  // namespace
 
 std::string Utf8FromName(std::basic_string_view<wchar16> name) {
-    std::string native;
-    native.reserve(name.size());
-    for (std::size_t i = 0; i < name.size(); ++i) {
+    // Names are mostly ASCII, at least at their start.
+    const auto ascii = static_cast<std::size_t>(
+        std::find_if(name.begin(), name.end(), [](wchar16 c) { return c >= 0x80; }) - name.begin());
+    std::string native(ascii, '\0');
+    std::transform(name.begin(), name.begin() + static_cast<std::ptrdiff_t>(ascii), native.begin(),
+                   [](wchar16 c) { return static_cast<char>(c); });
+    for (std::size_t i = ascii; i < name.size(); ++i) {
         char32_t c = name[i];
         if (IsHighSurrogate(c) && i + 1 < name.size() && IsLowSurrogate(name[i + 1])) {
             c = 0x10000 + ((c - 0xD800) << 10) + (name[++i] - 0xDC00u);
@@ -103,7 +106,7 @@ wstring16 NameFromUtf8(std::string_view name) {
 }
 
 std::optional<std::string> NativePath(std::basic_string_view<wchar16> path) {
-    if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return std::nullopt;
+    if (path.size() >= 2 && IsPathSeparator(path[0]) && IsPathSeparator(path[1])) return std::nullopt;
     if (path.size() >= 2 && path[1] == ':') {
         if (path[0] != 'C' && path[0] != 'c') return std::nullopt;
         path.remove_prefix(2);

@@ -1,3 +1,4 @@
+#include <Utility/platform/path_separator.h>
 #include <Utility/platform/runtime.h>
 
 #include <algorithm>
@@ -9,10 +10,6 @@ namespace Torvo::platform {
 namespace {
 
 using Text = std::u16string_view;
-
-bool IsSeparator(wchar16 unit) {
-    return unit == '\\' || unit == '/';
-}
 
 // Copies a part with its terminator; whether it fits.
 template <std::size_t Size>
@@ -54,7 +51,7 @@ bool _wsplitpath(const wchar16* path, PathParts* parts) {
     const Text whole = TextOf(path);
     const std::size_t driveEnd = whole.size() >= 2 && whole[1] == ':' ? 2 : 0;
     const auto lastSeparator =
-        std::find_if(whole.rbegin(), whole.rend() - static_cast<std::ptrdiff_t>(driveEnd), IsSeparator);
+        std::find_if(whole.rbegin(), whole.rend() - static_cast<std::ptrdiff_t>(driveEnd), IsPathSeparator);
     const auto nameBegin = static_cast<std::size_t>(whole.rend() - lastSeparator);
     const std::size_t point = whole.rfind('.');
     const std::size_t nameEnd = point == Text::npos || point < nameBegin ? whole.size() : point;
@@ -76,7 +73,7 @@ bool _wmakepath(wchar16* path, std::size_t size, const wchar16* drive, const wch
     }
     if (const Text part = TextOf(directory); !part.empty()) {
         joined.Append(part);
-        if (!IsSeparator(part.back())) joined.Append(u"\\");
+        if (!IsPathSeparator(part.back())) joined.Append(u"\\");
     }
     joined.Append(TextOf(name));
     if (const Text part = TextOf(extension); !part.empty()) {

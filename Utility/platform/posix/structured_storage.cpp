@@ -192,7 +192,7 @@ private:
 };
 
 long32 StgIsStorageFile(const wchar16* path) {
-    const OpenFile file(path, ShareDenyNone);
+    const OpenFile file(path, ShareDenyWrite);
     if (file.Error() != 0) return ResultOf(file.Error());
     guint8 start[sizeof kSignature];
     const int got = _read(file.Descriptor(), start, sizeof start);

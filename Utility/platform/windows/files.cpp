@@ -46,6 +46,14 @@ int _wsopen_dispatch(const wchar16* path, int flags, int share, int permissions,
     return result == 0 ? 0 : errno;
 }
 
+int OpenWithAttributes(const wchar16* path, int flags, int share, int permissions, OpenedFile* file) {
+    file->length = -1;
+    const int error = _wsopen_dispatch(path, flags, share, permissions, &file->descriptor, 0);
+    if (error != 0) return error;
+    if (!GetFileAttributesExW(path, 0, &file->attributes)) file->attributes.dwFileAttributes = INVALID_FILE_ATTRIBUTES;
+    return 0;
+}
+
 int _close(int descriptor) {
     const int fault = IsRefused() ? errno : 0;
     const int result = ::_close(descriptor);
@@ -68,6 +76,14 @@ int _write(int descriptor, const void* buffer, uint32 count) {
         return -1;
     }
     return RuntimeCall(-1, [&] { return ::_write(descriptor, buffer, AllowedTransfer(count)); });
+}
+
+int ReadAt(int descriptor, int64 offset, void* buffer, uint32 count, uint32 /*enough*/) {
+    return _lseeki64(descriptor, offset, 0) != -1 ? _read(descriptor, buffer, count) : -1;
+}
+
+int WriteAt(int descriptor, int64 offset, const void* buffer, uint32 count) {
+    return _lseeki64(descriptor, offset, 0) != -1 ? _write(descriptor, buffer, count) : -1;
 }
 
 int64 _lseeki64(int descriptor, int64 offset, int whence) {

@@ -34,7 +34,7 @@ std::size_t LargePageBytes() {
     return 0;
 }
 
-void WantLargePages(void* /*begin*/, std::size_t /*size*/) {}
+void WantLargePages(void* /*block*/, std::size_t /*size*/) {}
 
 std::size_t wcslen(const wchar16* text) {
     return std::wcslen(text);
