@@ -16,6 +16,8 @@
 // Dates are plain values. Nothing here allocates or keeps state, and all may be called on any thread, GetDateOrder and
 // GetDateDelim within the rules of <Utility/locale_info.h>. Pointers may not be null. What is called an error below is
 // a record of the caller's instance, at level 4, number 5002, resource identifier 9986 (<Utility/errors.h>).
+//
+// Example: examples/families/dates.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -20,6 +20,8 @@
 // and writes directly.
 //
 // How it works inside: docs/file_cache.md.
+//
+// Example: examples/families/file_cache.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -6,6 +6,8 @@
 //
 // What is on disk, and when: the bytes that write2 takes go into the block cache. They reach the file when the cache
 // needs the room, when the file is closed by its last release, and when the cache is told to flush; see docs/files.md.
+//
+// Example: examples/families/files.cpp
 #pragma once
 
 #include <Utility/files.h>

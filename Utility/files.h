@@ -31,6 +31,8 @@
 // that is denied, because of such a conflict or because the file is read-only, is tried again for as long as the retry
 // callback says, which is asked once for each attempt and is not made to wait between them: by default until
 // GetFileAccessRetryTime hundredths of a second have passed.
+//
+// Example: examples/families/files.cpp
 #pragma once
 
 #include <Utility/charsets.h>

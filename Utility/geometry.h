@@ -17,6 +17,8 @@
 //
 // Nothing here fails, except where a bool result says so; nothing keeps state or allocates; all of it may be called on
 // any thread. Out arguments may be the same objects as the arguments by value.
+//
+// Example: examples/families/geometry.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -18,6 +18,8 @@
 //
 // Nothing is cleaned up when a thread ends. A thread that used the library calls InstanceData::Destroy before it ends,
 // or its services, with their open files and buffers, are leaked.
+//
+// Example: examples/families/instance.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -38,6 +38,8 @@
 // (<Utility/memory_blocks.h>).
 //
 // THREADS. Calls on one instance must not overlap, and each normalizer serves one thread at a time.
+//
+// Example: examples/families/normalizers.cpp
 #pragma once
 
 #include <Utility/charsets.h>

@@ -15,6 +15,8 @@
 // Nothing allocates, and nothing leaves an error record. The functions other than the 64-bit ones set errno to 0, and
 // to ERANGE where the number does not fit; a null text leaves it alone. All may be called on any thread, also while
 // another thread changes the locale of the C runtime.
+//
+// Example: examples/families/numbers.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

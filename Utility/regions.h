@@ -6,6 +6,8 @@
 // regions hold.
 //
 // Who creates a region destroys it. Calls on one region must not overlap.
+//
+// Example: examples/families/regions.cpp
 #pragma once
 
 #include <Utility/geometry.h>

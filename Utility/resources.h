@@ -8,6 +8,8 @@
 // units.
 //
 // Look-ups allocate nothing, and nothing here leaves an error record. Calls on one instance must not overlap.
+//
+// Example: examples/families/resources.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -21,6 +21,8 @@
 // Nothing here throws or leaves an error record. An object has no lock: several threads may read it while nobody
 // changes it. Text is read and written by the locale of the calling thread and the callback of its instance
 // (<Utility/locale_info.h>).
+//
+// Example: examples/families/times.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
