@@ -3,7 +3,7 @@
 // Long operations ask from time to time. The library has no user interface, so it passes the question on to a callback
 // that the application installs; without one nothing is ever cancelled. The callback belongs to the caller's instance:
 // with the default store it is installed on each thread that is to be cancellable, and runs on that thread, inside the
-// call that asks.
+// call that asks. Calls on one instance must not overlap. Nothing here leaves an error record.
 //
 // Example: examples/families/cancel.cpp
 #pragma once

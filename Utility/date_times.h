@@ -35,6 +35,7 @@
 
 namespace Torvo {
 
+// A moment. A call that asks changes nothing; one that changes says what it leaves when it fails.
 class ZUAPI zuDateTime {
 public:
     virtual ~zuDateTime() = default;

@@ -24,6 +24,7 @@
 
 namespace Torvo {
 
+// A date, or none: see above. Nothing keeps a caller from writing fields that make no date.
 struct zuDATE {
     int16 year;
     int8 month;
@@ -39,7 +40,7 @@ enum DATEORDER : int16 {
     DATEORDER_YDM = 5,
 };
 
-// Null dates.
+// Whether the date is null.
 ZUAPI bool NullDate(const zuDATE* date);
 // Clears all four bytes.
 ZUAPI void SetNullDate(zuDATE* date);

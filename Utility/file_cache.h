@@ -41,6 +41,7 @@ struct CacheEntry {
     int32 flags;   // bit 0: dirty
 };
 
+// The service. There are no free functions of these names.
 class ZUAPI cFileCache {
 public:
     // Releases the memory. Writes nothing: what is dirty still is lost.

@@ -25,6 +25,7 @@
 
 namespace Torvo {
 
+// Points on integers and on doubles.
 struct LPNT {
     int32 x;
     int32 y;
@@ -35,6 +36,7 @@ struct DPNT {
     double y;
 };
 
+// Rectangles on 32-bit integers, on doubles and on 16-bit integers, by two corners.
 struct LRECT {
     int32 x1;
     int32 y1;

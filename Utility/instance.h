@@ -26,6 +26,7 @@
 
 namespace Torvo {
 
+// The set of services: a table of pointers, which it does not own. A call on one instance must not overlap another.
 class ZUAPI InstanceData {
 public:
     // Releases the table, not the services; see Destroy.

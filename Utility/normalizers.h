@@ -47,6 +47,7 @@
 
 namespace Torvo {
 
+// What both kinds answer. Objects come from GetNormalizer and GetDefaultNormalizer.
 class StringNormalizer {
 public:
     virtual ~StringNormalizer() = default;

@@ -24,6 +24,7 @@ public:
     cResourceHandle& operator=(const cResourceHandle&) = default;
     virtual ~cResourceHandle() = default;
 
+    // The text of `id`; see cStringResource.
     virtual wchar16* operator[](int id) const = 0;
 
 protected:

@@ -27,6 +27,7 @@
 
 namespace Torvo {
 
+// A span. A call that asks changes nothing; one that changes says what it leaves when it fails.
 class ZUAPI zuTimeSpan {
 public:
     virtual ~zuTimeSpan() = default;
