@@ -15,6 +15,8 @@
 // the product, which matters only for segments that are almost parallel or almost vertical.
 //
 // The functions keep no state, allocate nothing and may be called on any thread. Pointers may not be null.
+//
+// Example: examples/families/arcs.cpp
 #pragma once
 
 #include <Utility/geometry.h>

@@ -8,6 +8,8 @@
 //
 // "To wrap" means modulo 2^32, or 2^16 where 16 bits are named. Nothing here fails, keeps state or allocates; all of it
 // may be called on any thread.
+//
+// Example: examples/families/arithmetic.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

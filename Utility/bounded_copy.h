@@ -5,6 +5,8 @@
 //
 // Sizes and counts are in 16-bit units. None of the functions keeps state; all may be called on any thread. A text may
 // not be null.
+//
+// Example: examples/families/strings.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -5,6 +5,8 @@
 //
 // Each comes for the two worlds of <Utility/files.h>, and the mark is looked for, or written, at the present position:
 // the caller positions first, as a rule to the start.
+//
+// Example: examples/families/text_files.cpp
 #pragma once
 
 #include <Utility/charsets.h>

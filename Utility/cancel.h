@@ -3,7 +3,9 @@
 // Long operations ask from time to time. The library has no user interface, so it passes the question on to a callback
 // that the application installs; without one nothing is ever cancelled. The callback belongs to the caller's instance:
 // with the default store it is installed on each thread that is to be cancellable, and runs on that thread, inside the
-// call that asks.
+// call that asks. Calls on one instance must not overlap. Nothing here leaves an error record.
+//
+// Example: examples/families/cancel.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -21,12 +23,14 @@ public:
     virtual void CancelConfirmed() = 0;
 };
 
-// The service behind the functions below.
+// The service behind the functions below, which describe the operations.
 class ZUAPI cCheckEsc {
 public:
     virtual ~cCheckEsc() = default;
+    // As InitCheckEscCallback.
     virtual void SetCallback(cCheckEscCallback* callback) = 0;
     virtual bool CheckEsc() = 0;
+    // As CheckEsc4Update.
     virtual bool CheckEscUpdate(bool update) = 0;
     virtual void CancelConfirmed() = 0;
 

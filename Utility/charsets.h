@@ -19,6 +19,8 @@
 //
 // The table of the sets is constant. Everything here may be called on any thread, and every text that comes back is a
 // constant that nobody frees.
+//
+// Example: examples/families/charsets.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

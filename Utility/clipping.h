@@ -12,6 +12,8 @@
 // and mean nothing.
 //
 // The functions keep no state, allocate nothing and may be called on any thread.
+//
+// Example: examples/families/clipping.cpp
 #pragma once
 
 #include <Utility/geometry.h>

@@ -5,6 +5,8 @@
 // 16 milliseconds.
 //
 // All of it may be called on any thread.
+//
+// Example: examples/families/clock.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

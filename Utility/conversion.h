@@ -16,6 +16,8 @@
 //
 // ConvertCharset works on a cache of the caller's instance, so calls on one instance must not overlap. Everything else
 // may be called on any thread.
+//
+// Example: examples/families/conversion.cpp
 #pragma once
 
 #include <Utility/charsets.h>

@@ -17,6 +17,8 @@
 // a picture, `end` and the two delimiters of MakeDateStringEx, which print as "(null)", pointers may not be null; the
 // printing functions fail without a date or a buffer. The functions work on the caller's instance (locale, callbacks,
 // error list) and may be called on any thread. Reading allocates nothing.
+//
+// Example: examples/families/dates.cpp
 #pragma once
 
 #include <Utility/dates.h>

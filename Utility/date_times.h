@@ -24,6 +24,8 @@
 // objects cannot be copied, only what brings them back into the calendar can be added, and their day of the week means
 // nothing. January and February of year 0 have the ticks of days in year 4 instead, and become those when copied or
 // added to.
+//
+// Example: examples/families/times.cpp
 #pragma once
 
 #include <Utility/dates.h>
@@ -33,6 +35,7 @@
 
 namespace Torvo {
 
+// A moment. A call that asks changes nothing; one that changes says what it leaves when it fails.
 class ZUAPI zuDateTime {
 public:
     virtual ~zuDateTime() = default;

@@ -16,12 +16,15 @@
 // Dates are plain values. Nothing here allocates or keeps state, and all may be called on any thread, GetDateOrder and
 // GetDateDelim within the rules of <Utility/locale_info.h>. Pointers may not be null. What is called an error below is
 // a record of the caller's instance, at level 4, number 5002, resource identifier 9986 (<Utility/errors.h>).
+//
+// Example: examples/families/dates.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
 
 namespace Torvo {
 
+// A date, or none: see above. Nothing keeps a caller from writing fields that make no date.
 struct zuDATE {
     int16 year;
     int8 month;
@@ -37,7 +40,7 @@ enum DATEORDER : int16 {
     DATEORDER_YDM = 5,
 };
 
-// Null dates.
+// Whether the date is null.
 ZUAPI bool NullDate(const zuDATE* date);
 // Clears all four bytes.
 ZUAPI void SetNullDate(zuDATE* date);

@@ -33,6 +33,8 @@
 // Texts are zero-terminated, and sizes are in 16-bit units with the terminator. Indexes are positions 0 to 29 in the
 // list of records, and are not checked. Where memory is too short to keep a text, the text is left out and the list is
 // in the state of overflow; no call throws, except GetErrorNum, which says when.
+//
+// Example: examples/families/errors.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -20,6 +20,8 @@
 // and writes directly.
 //
 // How it works inside: docs/file_cache.md.
+//
+// Example: examples/families/file_cache.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -39,6 +41,7 @@ struct CacheEntry {
     int32 flags;   // bit 0: dirty
 };
 
+// The service. There are no free functions of these names.
 class ZUAPI cFileCache {
 public:
     // Releases the memory. Writes nothing: what is dirty still is lost.

@@ -6,6 +6,8 @@
 //
 // What is on disk, and when: the bytes that write2 takes go into the block cache. They reach the file when the cache
 // needs the room, when the file is closed by its last release, and when the cache is told to flush; see docs/files.md.
+//
+// Example: examples/families/files.cpp
 #pragma once
 
 #include <Utility/files.h>
@@ -13,6 +15,8 @@
 namespace Torvo {
 
 // Descriptor world: bytes at the logical position -------------------------------------------------------------------
+
+// Positions and lengths have 64 bits; what one call reads or writes is told in 32, so move less than 2 GiB at a time.
 
 // Sets the logical position and returns it: `whence` 0 to `offset`, 1 by `offset` from where it stands, 2 to the length
 // plus `offset`; any other leaves it. Nothing is checked against the file, and the system is not asked. -1 for a handle

@@ -18,6 +18,8 @@
 // nothing, except where it says otherwise.
 //
 // Each call is the operation of the same name of cFileSystem, in the caller's instance.
+//
+// Example: examples/families/file_names.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

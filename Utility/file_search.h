@@ -6,6 +6,8 @@
 //
 // A walk and a search belong to their caller, and to one thread at a time. No error is raised: a directory that cannot
 // be read counts as empty.
+//
+// Example: examples/families/file_search.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -31,6 +31,8 @@
 // that is denied, because of such a conflict or because the file is read-only, is tried again for as long as the retry
 // callback says, which is asked once for each attempt and is not made to wait between them: by default until
 // GetFileAccessRetryTime hundredths of a second have passed.
+//
+// Example: examples/families/files.cpp
 #pragma once
 
 #include <Utility/charsets.h>
@@ -215,10 +217,10 @@ ZUAPI void funregister_file(FILE* file);
 // 0 for everyone who holds it. Returns the handle, or -1 with an error record:
 //
 //   error  message
-//     9      51     someone holds it in a way that does not fit: in the other world, or to read when it shall be
-//     created
-//   5001   9985     it does not exist, nor does its directory, or the disk is full; or its path, with the extension
-//     that its type forces, has more than 260 units
+//     9      51     someone holds it in a way that does not fit: in the other world, or to read when it shall
+//                   be created
+//   5001   9985     it, or its directory, does not exist, or the disk is full; or its path, with the extension
+//                   that its type forces, has more than 260 units
 //    10      52     it exists already
 //    14      56     the budget is exhausted, and no file is idle
 //     4      46     access was denied, and the retry callback gave up; not in mode 3

@@ -17,12 +17,15 @@
 //
 // Nothing here fails, except where a bool result says so; nothing keeps state or allocates; all of it may be called on
 // any thread. Out arguments may be the same objects as the arguments by value.
+//
+// Example: examples/families/geometry.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
 
 namespace Torvo {
 
+// Points on integers and on doubles.
 struct LPNT {
     int32 x;
     int32 y;
@@ -33,6 +36,7 @@ struct DPNT {
     double y;
 };
 
+// Rectangles on 32-bit integers, on doubles and on 16-bit integers, by two corners.
 struct LRECT {
     int32 x1;
     int32 y1;

@@ -18,12 +18,15 @@
 //
 // Nothing is cleaned up when a thread ends. A thread that used the library calls InstanceData::Destroy before it ends,
 // or its services, with their open files and buffers, are leaked.
+//
+// Example: examples/families/instance.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
 
 namespace Torvo {
 
+// The set of services: a table of pointers, which it does not own. A call on one instance must not overlap another.
 class ZUAPI InstanceData {
 public:
     // Releases the table, not the services; see Destroy.

@@ -21,6 +21,8 @@
 // Failures. When memory runs short a change answers false and the list is as it was; whatever is created is null. No
 // call throws and none leaves an error record. Threads: calls on one list, and on its items, may not overlap; an
 // enumerator reads its list only.
+//
+// Example: examples/families/integer_lists.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -7,6 +7,8 @@
 //
 // No call throws or leaves an error record. A list may not be null. Calls on one list, and on its enumerators, may not
 // overlap, and a node may not be taken out while an enumerator stands on it.
+//
+// Example: examples/families/linked_lists.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -17,6 +17,8 @@
 // The settings belong to the caller's instance, and the locale is that of the calling thread. Calls on one instance
 // must not overlap. Nothing here leaves an error record. Sizes are in units of 16 bits, terminator included; a locale
 // type is one of the platform's LOCALE_ numbers.
+//
+// Example: examples/families/locale_info.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -87,8 +89,7 @@ ZUAPI void GetZULocaleTimeFormat(bool useLocale, wchar16* buffer, uint64 size);
 
 // Whether the clock has twelve hours, where the mark stands (0 behind the time, 1 before it), the marks of morning and
 // afternoon, and the separator, in two copies. Any output may be null and is then skipped. Fixed: true, 0, "AM", "PM",
-// ":",
-// ":", as constants.
+// ":" and ":", as constants.
 ZUAPI void GetZULocaleTimeInfo(bool useLocale, bool* twelveHour, int16* markPosition, const wchar16** am,
                                const wchar16** pm, const wchar16** timeSeparator, const wchar16** timeSeparator2);
 

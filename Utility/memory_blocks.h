@@ -7,6 +7,8 @@
 // ffree_" likewise.
 //
 // All sizes are in bytes. The functions share nothing but the C heap and may be called on any thread.
+//
+// Example: examples/families/memory_blocks.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -4,6 +4,8 @@
 // GlobalSize its size. The caller owns the block and frees it with GlobalFree. Null if the metafile is null or empty,
 // if memory is short, or if the system cannot copy; in the last case a block that was allocated before is not freed,
 // and nothing leads to it any more.
+//
+// Example: examples/families/metafiles.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -38,6 +38,8 @@
 // (<Utility/memory_blocks.h>).
 //
 // THREADS. Calls on one instance must not overlap, and each normalizer serves one thread at a time.
+//
+// Example: examples/families/normalizers.cpp
 #pragma once
 
 #include <Utility/charsets.h>
@@ -45,6 +47,7 @@
 
 namespace Torvo {
 
+// What both kinds answer. Objects come from GetNormalizer and GetDefaultNormalizer.
 class StringNormalizer {
 public:
     virtual ~StringNormalizer() = default;

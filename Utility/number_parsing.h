@@ -17,6 +17,8 @@
 // `min` and `max`, do not show in it. All but the 64-bit functions set it to 0 first. A text that is not read, because
 // it is null or too long for a FmtCtl form, leaves it alone. All may be called on any thread, also while another thread
 // changes the locale of the C runtime.
+//
+// Example: examples/families/numbers.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -21,6 +21,8 @@
 // only an extreme precision or width can ask for, is refused: the result is then an empty text. Nothing allocates, and
 // nothing leaves an error record. All calls may be made on any thread; those that look up separators use the caller's
 // instance.
+//
+// Example: examples/families/numbers.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -12,6 +12,8 @@
 // Each call is the operation of the same name of cFileSystem (<Utility/files.h>), in the caller's instance. What it
 // keeps (directories, configuration, the list of paths) is the instance's; the process's current directory, which
 // relative paths are seen from, is shared by all threads.
+//
+// Example: examples/families/paths.cpp
 #pragma once
 
 #include <Utility/files.h>

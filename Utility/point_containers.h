@@ -19,6 +19,8 @@
 //
 // Failures. All of them are results, false or null; no call throws or leaves an error record. Threads: calls on one
 // container may not overlap, and a parser's calls are calls on its container.
+//
+// Example: examples/families/points.cpp
 #pragma once
 
 #include <Utility/geometry.h>

@@ -10,6 +10,8 @@
 //
 // No call allocates but DuplicateBlock, none throws, and none leaves an error record. A queue may not be null. A null
 // element is not put in. Calls on one queue may not overlap.
+//
+// Example: examples/families/queues.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -6,6 +6,8 @@
 // regions hold.
 //
 // Who creates a region destroys it. Calls on one region must not overlap.
+//
+// Example: examples/families/regions.cpp
 #pragma once
 
 #include <Utility/geometry.h>
@@ -20,11 +22,12 @@ ZUAPI void rgn_destroy(HRGN region);
 ZUAPI void rgn_bounding_rect(HRGN region, LRECT* rect);
 // Whether two regions cover the same. Two nulls are equal, and null is unequal to any region.
 ZUAPI bool rgn_equal(HRGN a, HRGN b);
-// A new region of what both cover, which may be nothing. Null if one of them is null.
+// A new region of what both cover, which may be nothing. Null if one of them is null, or if the system has no room for
+// it; where the system cannot work it out, the new region covers nothing.
 ZUAPI HRGN rgn_intersect(HRGN a, HRGN b);
-// Adds a rectangle to a region, and returns that region; a new one for null. A region that grows too complex for the
-// system loses its shape: it is replaced by its bounds before the rectangle is added, so that it covers too much, and
-// never less than it did.
+// Adds a rectangle, or for null nothing, to a region, and returns that region; for a null region a new one. A region
+// that grows too complex for the system loses its shape: it is replaced by its bounds before the rectangle is added, so
+// that it covers too much, and never less than it did.
 ZUAPI HRGN rgn_unionrect(HRGN region, const LRECT* rect);
 
 }  // namespace Torvo

@@ -8,6 +8,8 @@
 // units.
 //
 // Look-ups allocate nothing, and nothing here leaves an error record. Calls on one instance must not overlap.
+//
+// Example: examples/families/resources.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -22,6 +24,7 @@ public:
     cResourceHandle& operator=(const cResourceHandle&) = default;
     virtual ~cResourceHandle() = default;
 
+    // The text of `id`; see cStringResource.
     virtual wchar16* operator[](int id) const = 0;
 
 protected:

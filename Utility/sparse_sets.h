@@ -23,6 +23,8 @@
 //    flist_destroy.
 //
 // Threads. No two calls on one list may overlap, readers included: the ordinal calls keep notes in the list.
+//
+// Example: examples/families/sparse_sets.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

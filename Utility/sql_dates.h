@@ -30,6 +30,8 @@
 //     64  text and format have different numbers of pieces (the format)
 //     65  no month of that name (the name)
 //     66  no month of that abbreviated name (the name)
+//
+// Example: examples/families/sql_dates.cpp
 #pragma once
 
 #include <Utility/dates.h>

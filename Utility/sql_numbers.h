@@ -27,6 +27,8 @@
 //     71  a second currency position, or one that is neither first nor last
 //     72  a second "E"
 //     73  a sign of the exponent that is not directly behind the "E"
+//
+// Example: examples/families/sql_numbers.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

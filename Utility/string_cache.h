@@ -21,6 +21,8 @@
 //
 // Texts are compared without case, by the rules of <Utility/strings.h>. Nothing here leaves an error record. A cache is
 // the caller's own: calls on one must not overlap, calls on different ones may.
+//
+// Example: examples/families/string_cache.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

@@ -14,6 +14,8 @@
 // Sizes and counts are in units. A text may not be null, except where a call says so. Searches return positions inside
 // the text that was passed, although it is const there. Nothing here reports an error or leaves an error record. All
 // functions may be called on any thread with texts that no other thread changes.
+//
+// Example: examples/families/strings.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

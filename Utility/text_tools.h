@@ -9,6 +9,8 @@
 // comparisons find nothing, and edits do nothing. (TextAddCrs takes null with a length of 0 for the empty text.) Nothing
 // but Like leaves an error record. None of the functions keeps state; all may be called on any thread with texts that
 // no other thread changes.
+//
+// Example: examples/families/text_tools.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

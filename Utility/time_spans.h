@@ -18,6 +18,8 @@
 //
 // Nothing here leaves an error record, and nothing throws but SetParts. An object has no lock: several threads may read
 // it while nobody changes it.
+//
+// Example: examples/families/times.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -25,6 +27,7 @@
 
 namespace Torvo {
 
+// A span. A call that asks changes nothing; one that changes says what it leaves when it fails.
 class ZUAPI zuTimeSpan {
 public:
     virtual ~zuTimeSpan() = default;

@@ -21,6 +21,8 @@
 // Nothing here throws or leaves an error record. An object has no lock: several threads may read it while nobody
 // changes it. Text is read and written by the locale of the calling thread and the callback of its instance
 // (<Utility/locale_info.h>).
+//
+// Example: examples/families/times.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -37,6 +39,7 @@ enum ZU_CMP : int32 {
     ZU_CMP_GREATER = 1,
 };
 
+// A time of day. A call that asks changes nothing; one that changes says what it leaves when it fails.
 class ZUAPI zuTime {
 public:
     virtual ~zuTime() = default;
@@ -77,6 +80,7 @@ public:
     virtual bool SetTicks(int64 ticks) = 0;
     virtual bool SetTime(int32 hours, int32 minutes, int32 seconds, int32 fraction) = 0;
 
+    // The literal.
     virtual int64 ToLiteral() const = 0;
     // Writes the time by a picture, or by the locale's own for a null one, into `out`, `outSize` units with the
     // terminator. The hours of a picture without "tt" are those of 24. Each "f" of the written text, whatever it came

@@ -1,6 +1,8 @@
 // What a program that uses the library needs of the layer between the library and the system.
 //
 // On Windows these calls are the system's own. Elsewhere they stand in for them, so that one program serves both.
+//
+// Example: examples/families/locale_info.cpp
 #pragma once
 
 #include <Utility/platform/types.h>
