@@ -7,9 +7,4 @@ function(torvo_release_objects target)
     # The second goes before the first where both match, as it does for a build directory within the tree.
     target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_BINARY_DIR}=./build
                            -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
-    # An abstract class is described where it is used too, not only beside its table of functions, which for some is
-    # nowhere: tools/abi compares the classes by these descriptions.
-    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_BUILD_TYPE STREQUAL RelWithDebInfo)
-        target_compile_options(${target} PRIVATE -femit-class-debug-always)
-    endif()
 endfunction()
