@@ -137,7 +137,7 @@ Operations DateOperations() {
              trial.Try([] {
                  zuDATE date = LeapDay;
                  ClearErrors();
-                 EXPECT_FALSE(zuSQLStringToDate(ZUTEXT("99-99-2024"), ZUTEXT("dd-mm-yyyy"), &date));
+                 EXPECT_FALSE(zuSQLStringToDate(ZUTEXT("none"), ZUTEXT("dd-mm-yyyy"), &date));
                  return NumErrors() == 1;
              });
          }},

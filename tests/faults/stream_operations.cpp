@@ -72,7 +72,11 @@ Operations StreamOperations() {
         {"fseek2", [](Trial& trial) { TryToRead(trial, [](FILE* file) { return fseek2(file, 3, 0) == 0; }); }},
         {"ftell2", [](Trial& trial) { TryToRead(trial, [](FILE* file) { return ftell2(file) == 0; }); }},
         {"feof2", [](Trial& trial) { TryToRead(trial, [](FILE* file) { return feof2(file) == 0; }); }},
-        {"ferror2", [](Trial& trial) { TryToRead(trial, [](FILE* file) { return ferror2(file) == 0; }); }},
+        {"ferror2",
+         [](Trial& trial) {
+             const OpenStream stream(omRead);
+             trial.Try([&] { return ferror2(stream.file) == 0; });
+         }},
         {"ffilelength2", [](Trial& trial) { TryToRead(trial, [](FILE* file) { return ffilelength2(file) == 3010; }); }},
         {"ProcessUTFBom, of a stream",
          [](Trial& trial) { TryToRead(trial, [](FILE* file) { return ProcessUTFBom(file) == csUnknown; }); }},
