@@ -1,0 +1,198 @@
+// The list of errors, and the resources that its texts come from.
+#include <Utility/errors.h>
+#include <Utility/resources.h>
+#include <faults/operations.h>
+#include <support/fixture_path.h>
+
+namespace Torvo::test {
+
+namespace {
+
+constexpr GUID SomeKind = {1, 2, 3, {4}};
+const wchar16* const LongParameter =
+    ZUTEXT("a parameter that is so long that it has to have a block of its own, as most have");
+
+void RaiseOne() {
+    SetError(ERRORLEVEL_ERROR, ZUTEXT("^0"), SomeKind, 7, LongParameter, nullptr);
+}
+
+class Listener : public cErrorFuncs {
+public:
+    void ReportErrorText(const wchar16*) override { ++reported; }
+    bool ErrorsSuppressed() override { return false; }
+    bool KeepDuplicateErrors() override { return false; }
+    const wchar16* GetErrorPrefix(int32) override { return ZUTEXT("prefix"); }
+
+    int reported = 0;
+};
+
+Operations ListOperations() {
+    return {
+        {"cErrorSystem::Create", [](Trial& trial) { TryToMake(trial, [] { return cErrorSystem::Create(); }); }},
+        {"cErrorSystem::Instance", [] { return cErrorSystem::Instance(cErrorSystem::Instance()); }},
+        {"SetError",
+         [](Trial& trial) {
+             trial.Try(
+                 [] {
+                     RaiseOne();
+                     return NumErrors() == 1;
+                 },
+                 [] { return NumErrors() == 0; });
+             EXPECT_EQ(GetErrorNum(0), 7);
+         }},
+        {"SetError, with a resource",
+         [](Trial& trial) {
+             trial.Try(
+                 [] {
+                     SetError(ERRORLEVEL_ERROR, 49, nullptr, SomeKind, 7, LongParameter, LongParameter);
+                     return NumErrors() == 1;
+                 },
+                 [] { return NumErrors() == 0; });
+             EXPECT_EQ(GetResourceID(0), 49);
+         }},
+        {"EndError",
+         [](Trial& trial) {
+             RaiseOne();
+             trial.Try(
+                 [] {
+                     EndError();
+                     return NumErrors() == 2;
+                 },
+                 [] { return NumErrors() == 1; });
+         }},
+        {"GetErrorMsg",
+         [](Trial& trial) {
+             RaiseOne();
+             TextBuffer text;
+             trial.Try([&] {
+                 GetErrorMsg(nullptr, 0, text.units, 300);
+                 return text.Is(LongParameter);
+             });
+         }},
+        {"GetNextError",
+         [](Trial& trial) {
+             RaiseOne();
+             TextBuffer text;
+             trial.Try([&] { return GetNextError(true, text.units, 300) && text.units[0] == LongParameter[0]; });
+         }},
+        {"ReportErrors",
+         [](Trial& trial) {
+             RaiseOne();
+             Listener listener;
+             SetErrorFunctions(&listener);
+             trial.Try([&] {
+                 ReportErrors();
+                 return listener.reported > 0;
+             });
+             SetErrorFunctions(nullptr);
+         }},
+        {"HaveErrors", [] { return !HaveErrors(); }},
+        {"NumErrors", [] { return NumErrors() == 0; }},
+        {"FirstError", [] { return FirstError(); }},
+        {"ClearErrors",
+         [] {
+             ClearErrors();
+             return NumErrors() == 0;
+         }},
+        {"ThisErrorOccurred", [] { return !ThisErrorOccurred(7); }},
+        {"GetErrorNum", [] { return GetErrorNum(0) == 0; }},
+        {"GetResourceID", [] { return GetResourceID(0) == GetResourceID(0); }},
+        {"GetErrorGUID", [] { return &GetErrorGUID(0) != nullptr; }},
+        {"SetErrorFunctions",
+         [] {
+             SetErrorFunctions(nullptr);
+             return true;
+         }},
+        {"SetZUErrorMode",
+         [] {
+             SetZUErrorMode(ERRORMODE_DEFAULT);
+             return true;
+         }},
+        {"GetZUErrorMode", [] { return GetZUErrorMode() == ERRORMODE_DEFAULT; }},
+    };
+}
+
+// The string table's search, which is for derived classes.
+class OpenTable : public cStringTable {
+public:
+    using cStringTable::cStringTable;
+    using cStringTable::FindString;
+};
+class OpenLibrary : public cResourceDLL {
+public:
+    using cResourceDLL::cResourceDLL;
+    using cResourceDLL::FindString;
+};
+
+cStringTable::sStringTable rows[] = {{1, ZUTEXT("one")}, {0, nullptr}};
+
+wstring16 LibraryPath() {
+    return Wide(DataPath("strings.dll"));
+}
+
+// Tries the look-up of a text in a library that is not loaded yet. Without memory it is not found.
+void TryLookUp(Trial& trial) {
+    const wstring16 path = LibraryPath();
+    const cResourceDLL library(path.c_str());
+    trial.Try([&] { return Is(library[1], ZUTEXT("one")); });
+}
+
+Operations ResourceOperations() {
+    return {
+        {"cStringResourceBuffers::Create",
+         [](Trial& trial) { TryToMake(trial, [] { return cStringResourceBuffers::Create(); }); }},
+        {"cStringResourceBuffers::Instance",
+         [] { return cStringResourceBuffers::Instance(cStringResourceBuffers::Instance()); }},
+        {"cStringResource::GetNextBuffer",
+         [] { return cStringResourceBuffers::Instance()->GetNextBuffer() != nullptr; }},
+        {"cStringResource::operator[]", [] { return Is(cStringTable(rows)[1], ZUTEXT("one")); }},
+        {"cStringTable::FindString",
+         [] {
+             TextBuffer text;
+             return OpenTable(rows).FindString(1, text.units) && text.Is(ZUTEXT("one"));
+         }},
+        {"cStringTable::cStringTable", [] { return Is(cStringTable(cStringTable(rows))[1], ZUTEXT("one")); }},
+        {"cResourceDLL::cResourceDLL, of a name",
+         [] {
+             const cResourceDLL library(ZUTEXT("there is no such library"));
+             return true;
+         }},
+        {"cResourceDLL::cResourceDLL", [](Trial& trial) { TryLookUp(trial); }},
+        {"cResourceDLL::GetResource", [](Trial& trial) { TryLookUp(trial); }},
+        {"cResourceDLL::bIsWIN95", [](Trial& trial) { TryLookUp(trial); }},
+        {"cResourceDLL::FindString",
+         [](Trial& trial) {
+             const wstring16 path = LibraryPath();
+             const OpenLibrary library(path.c_str());
+             TextBuffer text;
+             trial.Try([&] { return library.FindString(1, text.units) && text.Is(ZUTEXT("one")); });
+         }},
+        {"cResourceDLL::SetResource",
+         [](Trial& trial) {
+             const wstring16 path = LibraryPath();
+             cResourceDLL library;
+             trial.Try([&] {
+                 library.SetResource(path.c_str());
+                 return Is(library[1], ZUTEXT("one"));
+             });
+         }},
+        {"cResourceDLL::~cResourceDLL",
+         [](Trial& trial) {
+             const wstring16 path = LibraryPath();
+             trial.Try([&] {
+                 const cResourceDLL library(path.c_str());
+                 return Is(library[1], ZUTEXT("one"));
+             });
+         }},
+    };
+}
+
+}  // namespace
+
+Operations ErrorOperations() {
+    Operations all = ListOperations();
+    for (const Operation& operation : ResourceOperations()) all.push_back(operation);
+    return all;
+}
+
+}  // namespace Torvo::test
