@@ -28,6 +28,7 @@ bool AreMany(uint32 foreign) {
 void DecodeLanes(const CodePage& page, const LinearLanes& linear, const uint8* source, wchar16* target) {
     const __m128i bytes = LoadBytes(source);
     uint32 foreign = linear.Foreign(bytes);
+    if (foreign == 0) return linear.Store(target, bytes);
     if (AreMany(foreign)) return Translate(page, source, target, Lanes);
     linear.Store(target, bytes);
     for (; foreign != 0; foreign &= foreign - 1) {
@@ -49,8 +50,7 @@ constexpr std::ptrdiff_t SourceAhead = 2 * Lanes + 1;
 class SingleEncoder {
 public:
     SingleEncoder(const CodePage& page, UnitText source, ByteTarget target, EncodeRules rules)
-        : page_(page),
-          encoder_(page, rules),
+        : encoder_(page, rules),
           linear_(page.Linear()),
           at_(source.text),
           end_(source.text + source.size),
@@ -124,7 +124,6 @@ private:
         return MayCombine(at_[Lanes]) ? Lanes - 1 : Lanes;
     }
 
-    const CodePage& page_;
     Encoder encoder_;
     const LinearLanes linear_;
     const wchar16* at_;
