@@ -137,7 +137,7 @@ int32 MDY2Days(const zuDATE* date) {
     const bool isUsual = static_cast<uint32>(date->month - 1) < 12 && date->year > 0 && date->day != 0;
     if (!isUsual) [[unlikely]]
         return UnusualDayNumber(*date);
-    const int32 month = date->month;
+    const int32 month = static_cast<uint8>(date->month);
     // One less in January and February, by the sign of a number.
     const auto year = static_cast<uint32>(date->year + ((month - 3) >> 31));
     const uint32 century = year / 100;

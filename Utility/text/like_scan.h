@@ -98,24 +98,29 @@ inline __m128i StandsAlone(__m128i units) {
 class Taker {
 public:
     explicit Taker(EscapeUnit escape)
-        : escape_(escape), escapes_(EachByte(static_cast<wchar16>(std::min<EscapeUnit>(escape, 0xFF)))) {}
+        : escape_(escape), escapes_(EachByte(static_cast<wchar16>(std::min(escape, highestByte)))) {}
 
     std::size_t Count(const wchar16* text, const wchar16* pattern) const {
         std::size_t count = 0;
         for (;;) {
             if (CanRead(text + count) && CanRead(pattern + count)) {
                 const unsigned others = TakesNot(pattern + count, text + count);
-                if (others != 0) return count + static_cast<unsigned>(std::countr_zero(others));
-                count += lanes;
-            } else {
-                if (!Takes(pattern[count], text[count], escape_)) return count;
-                ++count;
+                count += others != 0 ? static_cast<unsigned>(std::countr_zero(others)) : lanes;
+                if (others == 0) continue;
+                if (HasByte(escape_)) return count;
             }
+            if (!Takes(pattern[count], text[count], escape_)) return count;
+            ++count;
         }
     }
 
 private:
-    // One bit for each of sixteen units of the pattern that does not take the one of the text.
+    static constexpr EscapeUnit highestByte = 0xFF;
+
+    // An escape character without a byte is taken for every other unit that has none.
+    static bool HasByte(EscapeUnit escape) { return escape < highestByte; }
+    // One bit for each of sixteen units of the pattern that does not take the one of the text, or may be the escape
+    // character.
     unsigned TakesNot(const wchar16* pattern, const wchar16* text) const {
         const __m128i patternLow = scan::LoadAny(pattern);
         const __m128i patternHigh = scan::LoadAny(pattern + lanes / 2);

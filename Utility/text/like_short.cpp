@@ -121,6 +121,8 @@ Answer MatchShort(const wchar16* start, const wchar16* pattern, EscapeUnit escap
     for (; places.IsAny(); ++pattern) {
         wchar16 unit = *pattern;
         if (unit == 0) return places.IsEnd() ? Answer::Yes : Answer::No;
+        // Also where it is the escape character: what joins the unit before it escapes nothing.
+        if (unit > ShortText::highestUnit) return Answer::Unknown;
         if (unit == escape) {
             unit = *++pattern;
             if (unit != anyRun && unit != anyOne && unit != escape) return Answer::Unknown;
@@ -134,7 +136,6 @@ Answer MatchShort(const wchar16* start, const wchar16* pattern, EscapeUnit escap
             places.TakeAny();
             continue;
         }
-        if (unit > ShortText::highestUnit) return Answer::Unknown;
         places.Take(unit);
     }
     return Answer::No;

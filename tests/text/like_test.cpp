@@ -164,6 +164,8 @@ TEST_F(LikeTest, ACharacterIsKnownByItsFirstUnit) {
     EXPECT_EQ(Match(ZUTEXT("e\u0301x"), ZUTEXT("%\u0301x")), "yes") << "the mark belongs to the run";
     EXPECT_EQ(Match(ZUTEXT(""), ZUTEXT("%\u0301")), "yes") << "the mark belongs to the run of the pattern";
     EXPECT_EQ(Match(ZUTEXT("ab"), ZUTEXT("%b%\u0301")), "yes");
+    EXPECT_EQ(Match(ZUTEXT("aab"), ZUTEXT("%a\u0301%"), ZUTEXT("\u0301")), "yes")
+        << "a mark that joins escapes nothing";
     EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("_")), "yes");
     EXPECT_EQ(Match(ZUTEXT("\U0001F600"), ZUTEXT("\U0001F601")), "yes") << "the first halves are equal";
 }
@@ -196,14 +198,14 @@ wstring16 RandomFrom(test::Random& random, const std::vector<wstring16>& charact
 
 void CompareWithThePlainForm(const std::vector<wstring16>& textCharacters,
                              const std::vector<wstring16>& patternCharacters, int cases) {
-    const std::vector<wstring16> escapes = {ZUTEXT(""),  ZUTEXT("!"), ZUTEXT("!"),
-                                            ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("a")};
+    const std::vector<wstring16> escapes = {ZUTEXT(""),  ZUTEXT("!"), ZUTEXT("!"),      ZUTEXT("%"),
+                                            ZUTEXT("_"), ZUTEXT("a"), ZUTEXT("\u0301"), ZUTEXT("\u02FF")};
     test::Random random;
     SCOPED_TRACE(random.About());
     for (int i = 0; i < cases; ++i) {
         const wstring16 text = RandomFrom(random, textCharacters, 9);
         const wstring16 pattern = RandomFrom(random, patternCharacters, 8);
-        const wstring16& escape = escapes[static_cast<std::size_t>(random.Between(0, 5))];
+        const wstring16& escape = escapes[static_cast<std::size_t>(random.Between(0, 7))];
         bool expected = true;
         int errors = 0;
         const bool isGood = PlainLike(text.c_str(), pattern.c_str(), escape.c_str(), &expected, &errors);

@@ -28,6 +28,7 @@ bool AreMany(uint32 foreign) {
 void DecodeLanes(const CodePage& page, const LinearLanes& linear, const uint8* source, wchar16* target) {
     const __m128i bytes = LoadBytes(source);
     uint32 foreign = linear.Foreign(bytes);
+    if (foreign == 0) return linear.Store(target, bytes);
     if (AreMany(foreign)) return Translate(page, source, target, Lanes);
     linear.Store(target, bytes);
     for (; foreign != 0; foreign &= foreign - 1) {

@@ -1,7 +1,7 @@
 #include "code_page_tables.h"
 
 #include <algorithm>
-#include <atomic>
+#include <iterator>
 #include <new>
 
 #include "code_page_encoder.h"
@@ -170,54 +170,42 @@ constexpr CodePageData pages[] = {
 #include "code_page_data.inc"
 #undef CODE_PAGE
 };
-constexpr std::size_t PageCount = std::size(pages);
 
-// The smallest number by which all page numbers leave different remainders, which are their places.
-constexpr uint32 PlaceCount = 109;
-constexpr uint8 NoPage = 0xFF;
-
-constexpr auto pageAtPlace = [] {
-    std::array<uint8, PlaceCount> places{};
-    places.fill(NoPage);
-    for (std::size_t i = 0; i < PageCount; ++i) places[pages[i].number % PlaceCount] = static_cast<uint8>(i);
-    return places;
-}();
-static_assert(std::count(pageAtPlace.begin(), pageAtPlace.end(), NoPage) == PlaceCount - PageCount);
-
-std::size_t IndexOf(uint32 number) {
-    const uint8 index = pageAtPlace[number % PlaceCount];
-    return index != NoPage && pages[index].number == number ? index : PageCount;
+const CodePageData* DataOf(uint32 number) {
+    const auto* const found =
+        std::find_if(std::begin(pages), std::end(pages), [number](const auto& page) { return page.number == number; });
+    return found != std::end(pages) ? found : nullptr;
 }
-
-// Never freed, so that a thread may still convert while the process ends.
-std::array<std::atomic<const CodePage*>, PageCount> builtPages{};
 
 }  // namespace
 
-bool CodePage::Exists(uint32 number) {
-    return IndexOf(number) != PageCount;
-}
+constexpr std::array<uint32, CodePage::PlaceCount> CodePage::numbers = [] {
+    std::array<uint32, PlaceCount> made{};  // 0 has the first place, and no page
+    for (const CodePageData& page : pages) made[PlaceOf(page.number)] = page.number;
+    static_assert(PlaceOf(1) != 0);
+    if (made[0] == 0) made[0] = 1;
+    return made;
+}();
+
+// Never freed, so that a thread may still convert while the process ends.
+std::array<std::atomic<const CodePage*>, CodePage::PlaceCount> CodePage::builtPages{};
 
 bool CodePage::IsLeadByte(uint32 number, uint8 byte) {
-    const std::size_t index = IndexOf(number);
-    if (index == PageCount) return false;
+    const CodePageData* const data = DataOf(number);
+    if (data == nullptr) return false;
     bool found = false;
-    ForEachByte(pages[index].leads, [&](uint8 lead) { found |= lead == byte; });
+    ForEachByte(data->leads, [&](uint8 lead) { found |= lead == byte; });
     return found;
 }
 
-const CodePage* CodePage::Find(uint32 number) {
-    const std::size_t index = IndexOf(number);
-    if (index == PageCount) return nullptr;
-    const CodePage* page = builtPages[index].load(std::memory_order_acquire);
-    return page != nullptr ? page : BuildShared(index);
-}
-
 // Two threads that come first at the same time both make the tables; one of them throws its own away.
-const CodePage* CodePage::BuildShared(std::size_t index) {
-    std::unique_ptr<CodePage> made = Build(pages[index]);
+const CodePage* CodePage::BuildShared(uint32 number) {
+    static_assert(std::all_of(std::begin(pages), std::end(pages),
+                              [](const CodePageData& page) { return numbers[PlaceOf(page.number)] == page.number; }));
+    std::unique_ptr<CodePage> made = Build(*DataOf(number));
     const CodePage* shared = nullptr;
-    if (made != nullptr && builtPages[index].compare_exchange_strong(shared, made.get(), std::memory_order_acq_rel)) {
+    auto& place = builtPages[PlaceOf(number)];
+    if (made != nullptr && place.compare_exchange_strong(shared, made.get(), std::memory_order_acq_rel)) {
         shared = made.release();
     }
     return shared;

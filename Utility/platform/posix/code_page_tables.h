@@ -5,6 +5,7 @@
 #include <Utility/platform/types.h>
 
 #include <array>
+#include <atomic>
 #include <memory>
 
 namespace Torvo::platform {
@@ -26,9 +27,13 @@ struct CodePageData;
 class CodePage {
 public:
     // The page of that number; null if there is none, or if memory for its tables is short.
-    static const CodePage* Find(uint32 number);
+    static const CodePage* Find(uint32 number) {
+        if (!Exists(number)) return nullptr;
+        const CodePage* const page = builtPages[PlaceOf(number)].load(std::memory_order_acquire);
+        return page != nullptr ? page : BuildShared(number);
+    }
     // Whether there is a page of that number; makes no tables.
-    static bool Exists(uint32 number);
+    static bool Exists(uint32 number) { return numbers[PlaceOf(number)] == number; }
     // Whether the byte begins a pair in that page; makes no tables.
     static bool IsLeadByte(uint32 number, uint8 byte);
 
@@ -86,8 +91,14 @@ private:
     bool LeadsThereAndBack(int byte) const;
     LinearBytes FindLinear() const;
 
+    // Each page has a place of its own, by the upper bits of a product that was searched for.
+    static constexpr std::size_t PlaceCount = 64;
+    static constexpr std::size_t PlaceOf(uint32 number) { return number * 1927036197u >> 26; }
+    static const std::array<uint32, PlaceCount> numbers;  // where there is no page, one that has another place
+    static std::array<std::atomic<const CodePage*>, PlaceCount> builtPages;
+
     static std::unique_ptr<CodePage> Build(const CodePageData& data);
-    static const CodePage* BuildShared(std::size_t index);
+    static const CodePage* BuildShared(uint32 number);
 
     std::array<wchar16, 256> single_{};
     std::array<bool, 256> refused_{};
