@@ -44,14 +44,16 @@ bool BitmapWalk::LookAhead() {
 void BitmapWalk::NoteWords() {
     const uint32 base = mapWord_ * bits::kWordBits;
     const uint32 count = bits::CountOf(mapRest_);
-    for (uint32 noted = 0; noted < count; noted += kTogether) {
+    uint32* word = words_ + count_;
+    count_ += count;
+    uint32* const end = words_ + count_;
+    // What stands for a place that there is not is overwritten later.
+    for (uint64 rest = mapRest_; word < end; word += kTogether) {
         for (uint32 i = 0; i < kTogether; ++i) {
-            // What stands for a place that there is not is overwritten later.
-            words_[count_ + noted + i] = base + static_cast<uint32>(std::countr_zero(mapRest_ | uint64{1} << 63));
-            mapRest_ &= mapRest_ - 1;
+            word[i] = base + static_cast<uint32>(std::countr_zero(rest | uint64{1} << 63));
+            rest &= rest - 1;
         }
     }
-    count_ += count;
 }
 
 bool BitmapWalk::NextMapWord() {

@@ -24,16 +24,22 @@ public:
         rest_ &= rest_ - 1;
         return wordItem_ + bit;
     }
-    // Goes on to the next word that has members; false at the end, and at a full page.
-    bool NextWord() {
-        if (next_ + kLeast >= count_ && !LookAhead()) return false;
+    // Whether the next words are known, more of them than the processor was asked for.
+    bool KnowsWords() const { return next_ + kLeast < count_; }
+    // Takes up the next word, which is known.
+    void TakeWord() {
         const uint32 word = words_[next_];
-        // As many as the processor can wait for at once; it asks for one while it deals with another.
+        // It is asked for one word while it deals with another, so that it has as many to wait for as it can.
         const uint32 later = words_[next_ + kPrefetched];
         Prefetch(pages_[later / pages::kWords].bits, later % pages::kWords);
         ++next_;
         rest_ = bits::LoadWord(pages_[word / pages::kWords].bits, word % pages::kWords);
         wordItem_ = static_cast<int32>(word * bits::kWordBits);
+    }
+    // Goes on to the next word that has members; false at the end, and at a full page.
+    bool NextWord() {
+        if (!KnowsWords() && !LookAhead()) return false;
+        TakeWord();
         return true;
     }
     // Whether one member alone is left of the current word.

@@ -24,6 +24,24 @@ static_assert(kBitmapBytes + kMapBytes == BitmapStore::kContentBytes);
 // What a search says when it found nothing: the place behind the last.
 constexpr uint32 kNone = kPlaces;
 
+// The page of an item, its place there, and the way back.
+inline uint32 PageOf(int32 item) {
+    return static_cast<uint32>(item) >> kShift;
+}
+
+inline uint32 PlaceOf(int32 item) {
+    return static_cast<uint32>(item) % kPlaces;
+}
+
+inline int32 ItemAt(uint32 page, uint32 place) {
+    return static_cast<int32>((page << kShift) + place);
+}
+
+// The page slots that may be read. The array is gone after it failed to grow.
+inline uint32 SlotsOf(const flist* list) {
+    return list->pages != nullptr ? list->capacity : 0;
+}
+
 inline bool IsEmpty(const flist_page& page) {
     return page.count == 0;
 }

@@ -1,4 +1,4 @@
-#include <Utility/containers/bitmap_walk.h>
+#include <Utility/containers/list_walk.h>
 #include <Utility/containers/rank_index.h>
 #include <Utility/containers/sparse_set_page.h>
 #include <Utility/memory_blocks.h>
@@ -15,6 +15,11 @@ namespace Torvo {
 
 namespace {
 
+using pages::ItemAt;
+using pages::PageOf;
+using pages::PlaceOf;
+using pages::SlotsOf;
+
 constexpr uint32 kFirstCapacity = 250;
 constexpr uint32 kMostCapacity = 65535;
 constexpr int32 kLargestItem = 0x7FFFFFFF;
@@ -25,27 +30,14 @@ static_assert(offsetof(flist, min) == 20 && offsetof(flist, max) == 24);
 static_assert(offsetof(flist, cachedIndex) == 28 && offsetof(flist, cachedItem) == 32);
 static_assert(sizeof(flist_enumerate_status) == 4);
 
-// What the last step of a walk upwards found, for the next one, which is likely to start there. Every change of the
-// list forgets it.
-struct WalkNotes {
-    // All of [runFirst, runFirst + runSteps] are members, up to `max` at most.
-    int32 runFirst;
-    uint32 runSteps;
-    // The member that a walk through the bitmaps stands at, or kNowhere.
-    int64 member;
-    BitmapWalk bitmaps;
-};
-
-constexpr int64 kNowhere = -(int64{1} << 40);
-
 // What flist_init allocates: the published fields, and behind them, out of the caller's sight, notes of our own.
 struct OwnedList : flist {
-    WalkNotes walk;
+    ListWalk walk;
     RankIndex* ranks;  // null until the list is asked for an ordinal
     BitmapStore bitmaps;
 };
 
-WalkNotes& WalkOf(flist* list) {
+ListWalk& WalkOf(flist* list) {
     return static_cast<OwnedList*>(list)->walk;
 }
 
@@ -55,28 +47,6 @@ RankIndex*& RanksOf(flist* list) {
 
 BitmapStore& BitmapsOf(flist* list) {
     return static_cast<OwnedList*>(list)->bitmaps;
-}
-
-void ForgetWalk(flist* list) {
-    WalkOf(list).runSteps = 0;
-    WalkOf(list).member = kNowhere;
-}
-
-uint32 PageOf(int32 item) {
-    return static_cast<uint32>(item) >> pages::kShift;
-}
-
-uint32 PlaceOf(int32 item) {
-    return static_cast<uint32>(item) % pages::kPlaces;
-}
-
-int32 ItemAt(uint32 page, uint32 place) {
-    return static_cast<int32>((page << pages::kShift) + place);
-}
-
-// The page slots that may be read. The array is gone after it failed to grow.
-uint32 SlotsOf(const flist* list) {
-    return list->pages != nullptr ? list->capacity : 0;
 }
 
 [[noreturn]] void RefuseList(const flist* list) {
@@ -94,7 +64,7 @@ void FreePages(flist* list, flist_page* pageArray, uint32 slots) {
     void* block = pageArray;
     ffree_(&block);
     list->pages = nullptr;
-    ForgetWalk(list);
+    WalkOf(list).Forget();
     RankIndex::Destroy(RanksOf(list));
 }
 
@@ -141,50 +111,6 @@ bool AddRangeInPage(flist* list, uint32 page, uint32 first, uint32 last) {
         if (RankIndex* const ranks = RanksOf(list)) ranks->PageChanged(page, added);
     }
     return done;
-}
-
-// Notes that all of [first, last] are members.
-void NoteRun(flist* list, int32 first, int32 last) {
-    WalkOf(list).runFirst = first;
-    WalkOf(list).runSteps = static_cast<uint32>(last - first);
-}
-
-// Runs that are shorter do not pay for being noted.
-constexpr uint32 kShortestRun = 8;
-
-// The next member of a walk through bitmaps whose current word has one, noted. A run at the start of what is left of
-// the word is noted as a whole.
-int32 StepIntoWord(flist* list) {
-    WalkNotes& walk = WalkOf(list);
-    const uint32 run = walk.bitmaps.RunInWord();
-    const int32 member = walk.bitmaps.NextInWord();
-    walk.member = member;
-    if (run >= kShortestRun) {
-        const int32 last = member + static_cast<int32>(run) - 1;
-        walk.bitmaps.SkipInWord(run - 1);
-        walk.member = last;
-        NoteRun(list, member, std::min(last, list->max));
-    }
-    return member;
-}
-
-// The lowest member from the item on, which is at most `max`, or -1; with notes for the next step.
-int32 MemberFrom(flist* list, int32 item) {
-    WalkNotes& walk = WalkOf(list);
-    walk.member = kNowhere;
-    const uint32 end = std::min(PageOf(list->max) + 1, SlotsOf(list));
-    uint32 place = PlaceOf(item);
-    for (uint32 page = PageOf(item); page < end; ++page, place = 0) {
-        const flist_page& slot = list->pages[page];
-        if (pages::IsEmpty(slot)) continue;
-        if (pages::IsFull(slot)) {
-            NoteRun(list, ItemAt(page, place), std::min(ItemAt(page, pages::kPlaces - 1), list->max));
-            return ItemAt(page, place);
-        }
-        walk.bitmaps.Start(list->pages, end, page, place);
-        if (walk.bitmaps.WordGoesOn() || walk.bitmaps.NextWord()) return StepIntoWord(list);
-    }
-    return -1;
 }
 
 // The highest member at or below the item, or -1.
@@ -353,7 +279,7 @@ flist* flist_init() {
     }
     list->capacity = kFirstCapacity;
     list->pages = static_cast<flist_page*>(pageArray);
-    ForgetWalk(list);
+    WalkOf(list).Forget();
     return list;
 }
 
@@ -379,7 +305,7 @@ bool flist_add(flist* list, int32 item) {
     try {
         RequireList(list);
         if (item < 0) throw std::invalid_argument("invalid item");
-        ForgetWalk(list);
+        WalkOf(list).Forget();
         flist_page& page = PageFor(list, PageOf(item));
         const bool added = pages::Add(BitmapsOf(list), page, PlaceOf(item));
         Widen(list, item, item);
@@ -397,7 +323,7 @@ bool flist_add_range(flist* list, int32 first, int32 last) {
         RequireList(list);
         if (first > last) std::swap(first, last);
         if (first < 0) throw std::out_of_range("invalid range");
-        ForgetWalk(list);
+        WalkOf(list).Forget();
         for (uint32 page = PageOf(first); page <= PageOf(last); ++page) {
             const uint32 low = page == PageOf(first) ? PlaceOf(first) : 0;
             const uint32 high = page == PageOf(last) ? PlaceOf(last) : pages::kPlaces - 1;
@@ -413,7 +339,7 @@ bool flist_remove(flist* list, int32 item) {
     try {
         RequireList(list);
         if (item < 0 || PageOf(item) >= SlotsOf(list)) return false;
-        ForgetWalk(list);
+        WalkOf(list).Forget();
         const bool removed = pages::Remove(BitmapsOf(list), list->pages[PageOf(item)], PlaceOf(item));
         if (removed) {
             AddToCount(list, ~uint32{0});
@@ -473,25 +399,7 @@ bool flist_minmax(flist* list, int32* min, int32* max) {
 int32 flist_next(flist* list, int32 item) {
     try {
         RequireList(list);
-        WalkNotes& walk = WalkOf(list);
-        if (static_cast<uint32>(item) - static_cast<uint32>(walk.runFirst) < walk.runSteps) return item + 1;
-        if (walk.member == item && item < list->max) {
-            if (walk.bitmaps.WordGoesOn()) {
-                const int32 member = walk.bitmaps.NextInWord();
-                walk.member = member;
-                return member;
-            }
-            if (walk.bitmaps.NextWord()) {
-                if (!walk.bitmaps.HasOneInWord()) return StepIntoWord(list);
-                const int32 member = walk.bitmaps.NextInWord();
-                walk.member = member;
-                return member;
-            }
-        }
-        if (list->count < 1) return -1;
-        if (item < 0 || item < list->min) return list->min;
-        if (item >= list->max) return -1;
-        return MemberFrom(list, item + 1);
+        return WalkOf(list).Next(*list, item);
     } catch (const std::exception&) {
         return -1;
     }

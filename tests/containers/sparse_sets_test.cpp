@@ -699,6 +699,37 @@ TEST(SparseSetProperty, ManyPagesComeAndGo) {
     ASSERT_EQ(MembersOf(list), plain.members);
 }
 
+// A walk that looks ahead over lone members, runs, and full and empty pages finds them as they are when it gets there.
+TEST(SparseSetProperty, WalksSeeWhatChangesAheadOfThem) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    const int32 pages = 300;
+    const auto anyItem = [&random, pages] { return static_cast<int32>(random.Between(0, pages * int64{kPage})); };
+    for (int round = 0; round < 10; ++round) {
+        const List list;
+        PlainSparseSet plain;
+        for (int i = 0; i < 2'000; ++i) {
+            const int32 item = anyItem();
+            const auto last = item + static_cast<int32>(random.OneIn(10) ? random.Between(1, 300) : 0);
+            ASSERT_EQ(flist_add_range(list, item, last), plain.AddRange(item, last));
+        }
+        const auto full = static_cast<int32>(random.Between(0, pages - 1)) * kPage;
+        flist_add_range(list, full, full + kPage - 1);
+        plain.AddRange(full, full + kPage - 1);
+        int32 item = -1;
+        do {
+            if (random.OneIn(30)) {
+                ChangeBoth(list, plain, random, item + static_cast<int32>(random.Between(21, 3 * kPage)));
+            }
+            const int32 next = plain.Next(item);
+            ASSERT_EQ(flist_next(list, item), next);
+            // Over most of a long run.
+            item = next != -1 && random.OneIn(200) ? next + static_cast<int32>(random.Between(0, kPage / 2)) : next;
+            if (HasFatalFailure()) return;
+        } while (item != -1);
+    }
+}
+
 // Ordinals over many groups of pages, full, partly filled and empty, while the set changes.
 TEST(SparseSetProperty, OrdinalsHoldOverTheWholeValueSpace) {
     test::Random random;
