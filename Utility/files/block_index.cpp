@@ -13,14 +13,6 @@ bool BlockIndex::Allocate(const CacheEntry* table, int32 count) {
     return true;
 }
 
-int32 BlockIndex::Find(int32 handle, int64 block) const {
-    for (uint64 place = HomeOf(handle, block); places[place] != 0; place = Next(place)) {
-        const CacheEntry& entry = entries[places[place] - 1];
-        if (entry.block == block && entry.handle == handle) return places[place] - 1;
-    }
-    return -1;
-}
-
 void BlockIndex::Add(int32 entry) {
     uint64 place = HomeOf(entry);
     while (places[place] != 0) place = Next(place);
@@ -38,15 +30,6 @@ void BlockIndex::Remove(int32 entry) {
         hole = place;
     }
     places[hole] = 0;
-}
-
-// Multiplicative hashing by the golden ratio (Knuth, The Art of Computer Programming, volume 3, section 6.4): blocks
-// that follow each other come to lie far apart. The factor of the handle is another odd number, so that the runs of two
-// files do not meet.
-uint64 BlockIndex::HomeOf(int32 handle, int64 block) const {
-    const uint64 ofBlock = static_cast<uint64>(block) * 0x9E37'79B9'7F4A'7C15u;
-    const uint64 ofHandle = static_cast<uint64>(handle) * 0xD1B5'4A32'D192'ED03u;
-    return (ofBlock + ofHandle) >> shift;
 }
 
 uint64 BlockIndex::HomeOf(int32 entry) const {

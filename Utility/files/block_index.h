@@ -14,14 +14,27 @@ public:
     bool Allocate(const CacheEntry* entries, int32 count);
 
     // The index of the entry with this key, or -1.
-    int32 Find(int32 handle, int64 block) const;
+    int32 Find(int32 handle, int64 block) const {
+        for (uint64 place = HomeOf(handle, block); places[place] != 0; place = Next(place)) {
+            const CacheEntry& entry = entries[places[place] - 1];
+            if (entry.block == block && entry.handle == handle) return places[place] - 1;
+        }
+        return -1;
+    }
     // Adds an entry under the key that it has; no other has it.
     void Add(int32 entry);
     // Removes an entry that was added and still has its key.
     void Remove(int32 entry);
 
 private:
-    uint64 HomeOf(int32 handle, int64 block) const;
+    // Multiplicative hashing by the golden ratio (Knuth, The Art of Computer Programming, volume 3, section 6.4):
+    // blocks that follow each other come to lie far apart. The factor of the handle is another odd number, so that the
+    // runs of two files do not meet.
+    uint64 HomeOf(int32 handle, int64 block) const {
+        const uint64 ofBlock = static_cast<uint64>(block) * 0x9E37'79B9'7F4A'7C15u;
+        const uint64 ofHandle = static_cast<uint64>(handle) * 0xD1B5'4A32'D192'ED03u;
+        return (ofBlock + ofHandle) >> shift;
+    }
     uint64 HomeOf(int32 entry) const;
     uint64 PlaceOf(int32 entry) const;
     uint64 Next(uint64 place) const { return (place + 1) & mask; }

@@ -153,6 +153,19 @@ int ReadThrough(const FileEntry& entry, void* bytes, uint32 count) {
     return entry.fd != -1 ? platform::ReadAt(entry.fd, entry.position, bytes, count, count) : -1;
 }
 
+// Reads at the position of a file, which is at a place, what is wanted of that one block; how many bytes.
+uint64 ReadFromBlock(cFileCache& cache, int file, const FileEntry& entry, Place place, char* bytes, uint64 wanted) {
+    const CacheEntry* const block = ContentOf(cache, file, place.block, entry.length);
+    if (block == nullptr) {
+        // That the cache has no place for it, while another file cannot be written, is no reason to read less.
+        if (!LacksPlaceFor(cache, file, place.block)) return 0;
+        return static_cast<uint64>(std::max(ReadThrough(entry, bytes, static_cast<uint32>(wanted)), 0));
+    }
+    const uint64 got = std::min(wanted, static_cast<uint64>(std::max(block->count - place.offset, 0)));
+    platform::CopyBytes(bytes, BytesOf(cache, *block) + place.offset, got);
+    return got;
+}
+
 // Writes past the cache; false if not all of it could be written. The length follows as far as 32 bits go.
 bool WriteThrough(FileEntry& entry, int64 position, const void* bytes, uint32 count) {
     if (platform::WriteAt(entry.fd, position, bytes, count) != static_cast<int>(count)) return false;
@@ -184,6 +197,10 @@ void GrowTo(FileEntry& entry, int64 end) {
 }  // namespace
 
 int64 cFileSystemImpl::lseek2(int file, int64 offset, int whence) {
+    return Seek(file, offset, whence);
+}
+
+inline int64 cFileSystemImpl::Seek(int file, int64 offset, int whence) {
     FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return -1;
     // Unsigned, since an offset beyond all limits only has to be wrong, not undefined.
@@ -195,7 +212,7 @@ int64 cFileSystemImpl::lseek2(int file, int64 offset, int whence) {
 }
 
 int64 cFileSystemImpl::tell2(int file) {
-    return lseek2(file, 0, 1);
+    return Seek(file, 0, 1);
 }
 
 int64 cFileSystemImpl::filelength2(int file) {
@@ -227,24 +244,11 @@ int cFileSystemImpl::ReadBlocks(cFileCache* cache, int file, FileEntry& entry, v
     uint64 total = 0;
     while (total < count && entry.position >= 0) {
         const Place place = PlaceOf(entry.position, blockSize);
-        const CacheEntry* const block = ContentOf(*cache, file, place.block, entry.length);
-        if (block == nullptr) {
-            // That the cache has no place for it, while another file cannot be written, is no reason to read less.
-            if (!LacksPlaceFor(*cache, file, place.block)) break;
-            const uint64 wanted = std::min(count - total, static_cast<uint64>(blockSize - place.offset));
-            const int got = ReadThrough(entry, target + total, static_cast<uint32>(wanted));
-            if (got <= 0) break;
-            total += static_cast<uint64>(got);
-            entry.position += got;
-            if (got != static_cast<int>(wanted)) break;
-            continue;
-        }
-        if (place.offset >= block->count) break;
-        const uint64 piece = std::min(count - total, static_cast<uint64>(block->count - place.offset));
-        platform::CopyBytes(target + total, BytesOf(*cache, *block) + place.offset, piece);
-        total += piece;
-        entry.position += static_cast<int64>(piece);
-        if (static_cast<uint64>(place.offset) + piece < static_cast<uint64>(blockSize)) break;
+        const uint64 wanted = std::min(count - total, static_cast<uint64>(blockSize - place.offset));
+        const uint64 got = ReadFromBlock(*cache, file, entry, place, target + total, wanted);
+        total += got;
+        entry.position += static_cast<int64>(got);
+        if (got != wanted) break;
     }
     return static_cast<int>(total);
 }
@@ -302,10 +306,6 @@ int cFileSystemImpl::chsize2(int file, int64 length) {
     return 0;
 }
 
-int64 lseek2(int file, int64 offset, int whence) {
-    return cFileSystem::Instance()->lseek2(file, offset, whence);
-}
-
 int64 tell2(int file) {
     return cFileSystem::Instance()->tell2(file);
 }
@@ -314,7 +314,13 @@ int64 filelength2(int file) {
     return cFileSystem::Instance()->filelength2(file);
 }
 
-// Reading and writing go the road of a call once for both services.
+// What is called most spares itself the virtual call, and goes the road of a call once for both services.
+
+int64 lseek2(int file, int64 offset, int whence) {
+    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(*CurrentInstance());
+    auto* const own = AsOwn<cFileSystemImpl>(files);
+    return own != nullptr ? own->Seek(file, offset, whence) : files->lseek2(file, offset, whence);
+}
 
 int read2(int file, void* buffer, uint64 count) {
     InstanceData& instance = *CurrentInstance();

@@ -23,57 +23,31 @@ FileCacheImpl::FileCacheImpl(int blocks, long32 size, BlockFiles& blockFiles)
     : totalBlocks(std::clamp(blocks, 0, kMostBlocks)),
       usableBlocks(totalBlocks - 1),
       blockSize(size),
-      blockShift(std::has_single_bit(static_cast<uint32>(size)) ? std::countr_zero(static_cast<uint32>(size)) : 63),
+      blockShift(std::has_single_bit(static_cast<uint32>(size)) ? std::countr_zero(static_cast<uint32>(size)) : -1),
       files(blockFiles) {
     if (totalBlocks < 2) throw NoBlocks;
     // The pool's size is counted in 32 bits: a larger one cannot be had.
     const int64 poolSize = static_cast<int64>(blockSize) * totalBlocks;
     if (blockSize < 1 || poolSize > std::numeric_limits<int32>::max()) throw OutOfMemory;
     const bool allocated = entries.Allocate(totalBlocks) && pool.Allocate(poolSize) &&
-                           sorted.Allocate(int64{totalBlocks} + 1) && index.Allocate(entries.Start(), totalBlocks);
+                           sortedRoom.Allocate(2 * int64{totalBlocks}) && index.Allocate(entries.Start(), totalBlocks);
     if (!allocated) throw OutOfMemory;
     LinkAll();
 }
 
 void FileCacheImpl::LinkAll() {
+    sorted = sortedRoom.Start();
     for (int32 i = 0; i < usableBlocks; ++i) {
         entries[i].next = (i + 1) % usableBlocks;
         entries[i].prev = (i + usableBlocks - 1) % usableBlocks;
         entries[i].slot = i;
         sorted[i] = i;
     }
-    sorted[usableBlocks] = usableBlocks;
     head = 0;
     tail = usableBlocks - 1;
 }
 
 // The order of use.
-
-void FileCacheImpl::Unlink(int entry) {
-    const CacheEntry& taken = entries[entry];
-    entries[taken.prev].next = taken.next;
-    entries[taken.next].prev = taken.prev;
-}
-
-// Closes the circle through an entry that stands in it nowhere; the caller makes it the head or the tail.
-void FileCacheImpl::LinkBetweenTailAndHead(int entry) {
-    entries[entry].next = head;
-    entries[entry].prev = tail;
-    entries[tail].next = entry;
-    entries[head].prev = entry;
-}
-
-void FileCacheImpl::Touch(int entry) {
-    if (entry == head) return;
-    if (entry == tail) {
-        // The tail precedes the head in the circle already: only the names change.
-        tail = entries[entry].prev;
-    } else {
-        Unlink(entry);
-        LinkBetweenTailAndHead(entry);
-    }
-    head = entry;
-}
 
 void FileCacheImpl::MakeTail(int entry) {
     if (entry == tail) return;
@@ -148,13 +122,29 @@ int FileCacheImpl::PlaceFor(int handle, int64 block) {
 // Takes the item at one position out and puts it in at another, as counted without it.
 void FileCacheImpl::Move(int from, int to) {
     const int32 item = sorted[from];
-    if (from < to) {
-        std::memmove(&sorted[from], &sorted[from + 1], static_cast<std::size_t>(to - from) * sizeof(int32));
+    if (from > to) {
+        MoveItems(to, from, to + 1);
+    } else if (to - from <= usableBlocks / 2) {
+        MoveItems(from + 1, to + 1, from);
     } else {
-        std::memmove(&sorted[to + 1], &sorted[to], static_cast<std::size_t>(from - to) * sizeof(int32));
+        // Who reads much in order takes the first and puts it in last: rather than that nearly all go down by one, the
+        // others go up by one, and the whole begins one later.
+        if (sorted == sortedRoom.Start() + totalBlocks) BeginAtTheStart();
+        MoveItems(to + 1, usableBlocks, to + 2);
+        MoveItems(0, from, 1);
+        ++sorted;
     }
     sorted[to] = item;
     lastPlace = to;
+}
+
+void FileCacheImpl::MoveItems(int begin, int end, int to) {
+    std::memmove(sorted + to, sorted + begin, static_cast<std::size_t>(end - begin) * sizeof(int32));
+}
+
+void FileCacheImpl::BeginAtTheStart() {
+    std::memmove(sortedRoom.Start(), sorted, static_cast<std::size_t>(usableBlocks) * sizeof(int32));
+    sorted = sortedRoom.Start();
 }
 
 CacheEntry* FileCacheImpl::EntryAt(int position) {
@@ -179,15 +169,6 @@ bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) 
         if (mode == 2 && !ReadBlock(entries[head])) return false;
     }
     *out = &entries[head];
-    return true;
-}
-
-bool FileCacheImpl::Use(int handle, int64 position) {
-    if (position < 0) return false;
-    const int64 block = blockShift < 63 ? position >> blockShift : position / blockSize;
-    const int32 found = index.Find(handle, block);
-    if (found < 0) return false;
-    Touch(found);
     return true;
 }
 

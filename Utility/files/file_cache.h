@@ -39,13 +39,17 @@ public:
     void* BlockData(int slot) override { return slot >= 0 && slot < totalBlocks ? BytesOf(slot) : nullptr; }
     void EvictAt(int position) override;
 
-    // Where the bytes from a position of a file on are, if one block holds `count` of them, which is the last used
-    // then; else null. Saves time only: it is what a Lookup with mode 0 of the block leads to. It does not find
-    // everything.
+    // Where the bytes from a position of a file on are, if one block that is there holds `count` of them; it is the
+    // last used then, as after a Lookup with mode 0. Else null. Saves time only.
     char* Find(int handle, int64 position, uint64 count) {
-        char* const bytes = FindInLastUsed(handle, position, count);
-        return bytes != nullptr || count == 0 || !Use(handle, position) ? bytes
-                                                                        : FindInLastUsed(handle, position, count);
+        int32 found = head;
+        if (!HoldsPosition(entries[found], handle, position)) {
+            if (count == 0 || position < 0) return nullptr;
+            found = index.Find(handle, BlockOf(position));
+            if (found < 0) return nullptr;
+            Touch(found);
+        }
+        return BytesIn(entries[found], position, count);
     }
     // For who has changed what Find gave.
     void MarkLastUsedDirty() { entries[head].flags |= DirtyFlag; }
@@ -69,20 +73,43 @@ private:
         int end;
     };
 
-    char* FindInLastUsed(int handle, int64 position, uint64 count) const {
-        const CacheEntry& entry = entries[head];
-        const auto offset = static_cast<int64>(static_cast<uint64>(position) & ((uint64{1} << blockShift) - 1));
-        const bool isThere = entry.handle == handle && entry.block == position >> blockShift && position >= 0 &&
-                             offset <= entry.count && count <= static_cast<uint64>(entry.count - offset);
+    // Of a position that is not negative.
+    int64 BlockOf(int64 position) const {
+        return blockShift >= 0 ? position >> blockShift : position / blockSize;
+    }
+    bool HoldsPosition(const CacheEntry& entry, int handle, int64 position) const {
+        return entry.handle == handle && position >= 0 && entry.block == BlockOf(position);
+    }
+    char* BytesIn(const CacheEntry& entry, int64 position, uint64 count) const {
+        const int64 offset = position - entry.block * blockSize;
+        const bool isThere = offset <= entry.count && count <= static_cast<uint64>(entry.count - offset);
         return isThere ? BytesOf(entry.slot) + offset : nullptr;
     }
-    // Makes the block with that position the last used; false if it is not there.
-    bool Use(int handle, int64 position);
 
     void LinkAll();
-    void Unlink(int entry);
-    void LinkBetweenTailAndHead(int entry);
-    void Touch(int entry);
+    void Unlink(int entry) {
+        const CacheEntry& taken = entries[entry];
+        entries[taken.prev].next = taken.next;
+        entries[taken.next].prev = taken.prev;
+    }
+    // Closes the circle through an entry that stands in it nowhere; the caller makes it the head or the tail.
+    void LinkBetweenTailAndHead(int entry) {
+        entries[entry].next = head;
+        entries[entry].prev = tail;
+        entries[tail].next = entry;
+        entries[head].prev = entry;
+    }
+    void Touch(int entry) {
+        if (entry == head) return;
+        if (entry == tail) {
+            // The tail precedes the head in the circle already: only the names change.
+            tail = entries[entry].prev;
+        } else {
+            Unlink(entry);
+            LinkBetweenTailAndHead(entry);
+        }
+        head = entry;
+    }
     void CountHeldBlock();
     void MakeTail(int entry);
 
@@ -91,6 +118,8 @@ private:
     int PositionOf(int entry);
     int PlaceFor(int handle, int64 block);
     void Move(int from, int to);
+    void MoveItems(int begin, int end, int to);
+    void BeginAtTheStart();
 
     bool IsFull(int entry) const {
         return entries[entry].handle != 0;
@@ -113,7 +142,8 @@ private:
     int blockShift;
     ZeroedTable<CacheEntry> entries;
     ZeroedTable<char> pool;
-    ZeroedTable<int32> sorted;
+    ZeroedTable<int32> sortedRoom;
+    int32* sorted = nullptr;  // begins anywhere in its room, which is twice as large; see Move
     int32 head = 0;
     int32 tail = 0;
     int32 heldBlocks = 0;

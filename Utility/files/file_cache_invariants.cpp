@@ -39,7 +39,7 @@ bool FileCacheImpl::InvariantsHold() const {
         if (!IsFull(entry) && (entries[entry].block != 0 || entries[entry].flags != 0)) return false;
         if (entries[entry].count < 0 || entries[entry].count > blockSize) return false;
     }
-    if (sorted[usableBlocks] != usableBlocks) return false;
+    if (sorted < sortedRoom.Start() || sorted > sortedRoom.Start() + totalBlocks) return false;
 
     Meetings inCircle(usableBlocks);
     int32 entry = head;

@@ -155,7 +155,8 @@ public:
 
     // Descriptors (descriptor_io.cpp).
 
-    // read2 and write2 through a cache, or directly if that is null.
+    // lseek2; and read2 and write2 through a cache, or directly if that is null.
+    int64 Seek(int file, int64 offset, int whence);
     int Read(cFileCache* cache, int file, void* buffer, uint64 count);
     int Write(cFileCache* cache, int file, const void* buffer, uint64 count);
 

@@ -2,8 +2,8 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/frame/instance_data.h>
-#include <Utility/platform/platform.h>
 #include <Utility/platform/byte_copy.h>
+#include <Utility/platform/platform.h>
 #include <Utility/text/locale_value.h>
 
 #include <algorithm>

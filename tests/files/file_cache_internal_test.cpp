@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <support/failing_heap.h>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 #include <string>
@@ -249,18 +250,31 @@ TEST_F(FileCache, FindingBytesIsAUseOfTheirBlock) {
     EXPECT_EQ(blocks.TakeCalls(), (Calls{"r 1001 @0 16", "r 1001 @16 16"}));
 }
 
-TEST(FileCacheOfOddBlocks, BytesAreFoundInTheFirstBlockAlone) {
+TEST(FileCacheOfOddBlocks, BytesAreFoundByDivision) {
     MemoryBlockFiles blocks;
     blocks.files[1000] = "abcdefghijkl";
     FileCacheImpl cache(5, 6, blocks);
     CacheEntry* entry = nullptr;
-    ASSERT_TRUE(cache.Lookup(1000, 1, &entry, 2));
-    for (int64 position = 0; position < 12; ++position) EXPECT_EQ(cache.Find(1000, position, 1), nullptr);
-    EXPECT_EQ(cache.Find(1000, int64{1} << 62, 1), nullptr);
     ASSERT_TRUE(cache.Lookup(1000, 0, &entry, 2));
-    EXPECT_EQ(*cache.Find(1000, 5, 1), 'f');
-    EXPECT_EQ(cache.Find(1000, 6, 1), nullptr);
+    ASSERT_TRUE(cache.Lookup(1000, 1, &entry, 2));
+    for (int64 position = 0; position < 12; ++position) {
+        EXPECT_EQ(*cache.Find(1000, position, 1), static_cast<char>('a' + position));
+    }
+    EXPECT_EQ(cache.Find(1000, 5, 2), nullptr);
+    EXPECT_EQ(cache.Find(1000, 12, 1), nullptr);
     EXPECT_EQ(cache.Find(1000, int64{1} << 32, 1), nullptr);
+    EXPECT_EQ(cache.Find(1000, std::numeric_limits<int64>::max(), 1), nullptr);
+}
+
+TEST_F(FileCache, OrderOfKeysStandsThroughManyRoundsThroughTheFiles) {
+    for (int round = 0; round < 10; ++round) {
+        for (int64 block = 0; block < 5; ++block) {
+            Get(1000 + round % 2, block);
+            const auto keys = Keys();
+            EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+            EXPECT_TRUE(std::binary_search(keys.begin(), keys.end(), std::pair<int, int64>(1000 + round % 2, block)));
+        }
+    }
 }
 
 TEST_F(FileCache, BlockThatCannotBeReadStaysWithoutContent) {

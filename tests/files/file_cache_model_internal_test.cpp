@@ -83,14 +83,10 @@ private:
             return;
         }
         const int64 offset = position % blockSize;
-        const bool holdsAll = offset + count <= entry->count;
-        if (bytes != nullptr) {
-            ASSERT_TRUE(holdsAll);
-            const char* const expected = static_cast<const char*>(plain.BlockData(entry->slot)) + offset;
-            ASSERT_EQ(std::memcmp(bytes, expected, static_cast<std::size_t>(count)), 0);
-        } else if (position < blockSize || blockSize == 8) {
-            ASSERT_FALSE(holdsAll);
-        }
+        ASSERT_EQ(bytes != nullptr, offset + count <= entry->count);
+        if (bytes == nullptr) return;
+        const char* const expected = static_cast<const char*>(plain.BlockData(entry->slot)) + offset;
+        ASSERT_EQ(std::memcmp(bytes, expected, static_cast<std::size_t>(count)), 0);
     }
 
     void LookUp() {
