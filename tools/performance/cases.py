@@ -203,9 +203,10 @@ def figures_by_round(family, results):
     return {name: figures for (name, _), figures in benchmarks.items()}
 
 
-def words_for(case, values):
+def name_of(case, values):
     words = case.get("words", {})
-    return {name: words[name][value] if name in words else show_size(value) for name, value in values.items()}
+    shown = {name: words[name][value] if name in words else show_size(value) for name, value in values.items()}
+    return fill(case["name"], shown)
 
 
 def make_row(family, case, name, values, benchmarks):
@@ -225,7 +226,7 @@ def make_row(family, case, name, values, benchmarks):
         memory = {"": figures_of(name, case["memory"])} | measured(case.get("peers", {}), case["memory"])
     return Row(
         family=family.key,
-        name=fill(case["name"], words_for(case, values)),
+        name=name_of(case, values),
         case=case,
         values=values,
         ours=figures_of(name, metric),

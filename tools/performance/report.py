@@ -6,6 +6,7 @@ import statistics
 import tomllib
 
 import plot
+from cases import name_of
 from units import show_bytes, show_figure, show_ratio, show_size
 
 INTRODUCTION = """\
@@ -105,15 +106,21 @@ def row_cells(row):
     return [row.name, ours_cell(row), peer_cell(row), *ratio_cells(row), bars_cell(row)]
 
 
+HEAD = ["case", "ours", "best peer", "ratio", "spread", "bars"]
+
+
 def lost_section(families, reasons):
-    lost = [row for _, rows in families for row in lost_first(rows) if is_lost(row)]
-    text = "## Where a peer wins or a bar is missed\n\n"
-    if not lost:
-        return text + "Nowhere.\n"
-    head = ["case", "ours", "best peer", "ratio", "spread", "bars", "why"]
-    titles = {family.key: family.title for family, _ in families}
-    cells = [[f"{titles[row.family]}: {row.name}", *row_cells(row)[1:], reasons.why(row)] for row in lost]
-    return text + table(head, cells)
+    """The lost rows of each family, those with the same reason together."""
+    parts = ["## Where a peer wins or a bar is missed\n"]
+    for family, rows in families:
+        by_reason = {}
+        for row in lost_first(rows):
+            if is_lost(row):
+                by_reason.setdefault(reasons.why(row), []).append(row)
+        if by_reason:
+            parts.append(f"### {family.title}: lost\n")
+        parts += [f"{why}\n\n{table(HEAD, map(row_cells, lost))}" for why, lost in by_reason.items()]
+    return "\n".join(parts if len(parts) > 1 else [*parts, "Nowhere.\n"])
 
 
 def count(rows, verdict):
@@ -155,7 +162,7 @@ def growth_section(rows):
     cells = []
     for group in groups:
         size = group[0].case["grows"]
-        label = group[0].name.replace(show_size(group[0].values[size]), "N", 1)
+        label = name_of(group[0].case, group[0].values | {size: "N"})
         at_sizes = [f"{ours_cell(row)} ({peer_cell(row)})" if row.peers else ours_cell(row) for row in group]
         first, last = group[0], group[-1]
         common = [peer for peer in first.peers if peer in last.peers]
@@ -194,11 +201,10 @@ def family_section(family, rows):
     parts = [f"## {family.title}\n\n{family.about}\n"]
     if any(row.peers for row in rows):
         parts.append(f"![Ratios of {family.title}](performance/{family.key}.svg)\n")
-    head = ["case", "ours", "best peer", "ratio", "spread", "bars"]
     for title, is_cold in (("Warm", False), ("Cold", True)):
         some = [row for row in rows if row.is_cold() == is_cold]
         if some:
-            parts.append(f"### {title}\n\n" + table(head, map(row_cells, lost_first(some))))
+            parts.append(f"### {title}\n\n" + table(HEAD, map(row_cells, lost_first(some))))
     parts += [growth_section(rows), memory_section(rows), proved_section(family)]
     return "\n".join(part for part in parts if part)
 
