@@ -4,6 +4,7 @@
 #include <boost/icl/interval_set.hpp>
 #include <memory>
 
+#include "memory_probe.h"
 #include "row_shapes.h"
 
 namespace {
@@ -73,6 +74,15 @@ void BM_Add(benchmark::State& state, const std::vector<int32>& rows) {
 }
 
 template <typename Set>
+void BM_Memory(benchmark::State& state, const std::vector<int32>& rows) {
+    MeasureMemory(state, [&rows] {
+        auto set = std::make_unique<Set>();
+        Fill(*set, rows);
+        return set;
+    });
+}
+
+template <typename Set>
 void BM_Member(benchmark::State& state, const std::vector<int32>& rows) {
     Set set;
     Fill(set, rows);
@@ -102,8 +112,7 @@ void BM_Walk(benchmark::State& state, const std::vector<int32>& rows) {
     PerStep(state, rows.size());
 }
 
-// Ten thousand rows, and a million. Adding a million at random to one block of words takes the better part of a minute
-// for a single pass, so it is measured once.
+// Ten thousand rows, and a million.
 template <typename Set>
 void RegisterSet(const char* name) {
     for (const std::size_t count : {std::size_t{10'000}, std::size_t{kMembers}}) {
@@ -117,9 +126,9 @@ void RegisterSet(const char* name) {
                         const std::vector<int32> rows = FirstRows(shape, count);
                         run(state, mix ? Shuffled(rows) : rows);
                     });
-                if (mix && count == static_cast<std::size_t>(kMembers)) benchmark->Iterations(1);
-                benchmark->Unit(benchmark::kMillisecond);
+                return benchmark->Unit(benchmark::kMillisecond);
             };
+            add("Memory", BM_Memory<Set>, true)->Iterations(1);
             add("Member", BM_Member<Set>, false);
             add("AddInOrder", BM_Add<Set>, false);
             add("AddAtRandom", BM_Add<Set>, true);

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "memory_probe.h"
+
 namespace {
 
 using namespace Torvo;
@@ -93,6 +95,18 @@ void BM_ParsePointsAnew(benchmark::State& state, Form form) {
     Report(state, text, count);
 }
 
+// What the points take beside the text.
+void BM_ParsePointsMemory(benchmark::State& state, Form form) {
+    const Text& text = TextOf(form);
+    bench::MeasureMemory(state, [&text] {
+        std::unique_ptr<DPNTContainer> container(DPNTContainer::Create(0, 1000));
+        const std::unique_ptr<PointParserFactory> parser(
+            PointParserFactory::Create(container.get(), ZUTEXT(","), ZUTEXT(" "), false));
+        benchmark::DoNotOptimize(parser->ParsePoints(text.units.c_str(), text.units.size(), true));
+        return container;
+    });
+}
+
 double ReadNarrowed(const wchar16*& cursor) {
     char narrow[64];
     char* end = narrow;
@@ -148,12 +162,12 @@ const bool kRegistered = [] {
     for (const Form form : {kShort, kMixed, kFull, kThirds}) {
         const auto add = [form](std::string name, void (*run)(benchmark::State&, Form)) {
             name.append("/").append(kFormNames[form]);
-            benchmark::RegisterBenchmark(name.c_str(), [run, form](benchmark::State& state) {
-                run(state, form);
-            })->Unit(benchmark::kMillisecond);
+            const auto once = [run, form](benchmark::State& state) { run(state, form); };
+            return benchmark::RegisterBenchmark(name.c_str(), once)->Unit(benchmark::kMillisecond);
         };
         add("ParsePoints", BM_ParsePoints);
         add("ParsePointsAnew", BM_ParsePointsAnew);
+        add("ParsePointsMemory", BM_ParsePointsMemory)->Iterations(1);
         add("FastFloat", BM_FastFloat);
         add("Strtod", BM_Strtod);
     }

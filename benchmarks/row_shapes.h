@@ -3,7 +3,6 @@
 
 #include <Utility/platform/types.h>
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <random>
@@ -75,12 +74,6 @@ inline std::vector<int32> Probes(Shape shape) {
     std::uniform_int_distribution<int32> any(0, Rows(shape).back());
     for (std::size_t i = 0; i < probes.size(); i += 2) probes[i] = any(engine);
     return probes;
-}
-
-// The bytes that the heap has given out.
-inline double HeapBytes() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
 // Reports the time of one of `count` equal steps that an iteration makes.

@@ -2,13 +2,11 @@
 #include <Utility/memory_blocks.h>
 #include <Utility/sparse_sets.h>
 #include <roaring/roaring.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <memory>
 #include <set>
 
+#include "memory_probe.h"
 #include "row_shapes.h"
 
 namespace {
@@ -198,58 +196,37 @@ void BM_Select(benchmark::State& state, Shape shape) {
     PerStep(state, ordinals.size());
 }
 
-// The pages of memory that the process holds for itself, without those of programs and libraries.
-long ResidentPages() {
-    long size = 0;
-    long resident = 0;
-    long shared = 0;
-    if (std::FILE* const file = std::fopen("/proc/self/statm", "r")) {
-        if (std::fscanf(file, "%ld %ld %ld", &size, &resident, &shared) != 3) resident = shared = 0;
-        std::fclose(file);
-    }
-    return resident - shared;
+// What is left, and what was needed, when the rows have been added at random.
+template <typename Set>
+void BM_Memory(benchmark::State& state, Shape shape) {
+    const std::vector<int32> rows = Shuffled(Rows(shape));
+    const int32 reach = Rows(shape).back() + 1;
+    MeasureMemory(state, [&] {
+        auto set = std::make_unique<Set>(reach);
+        for (const int32 row : rows) set->Add(row);
+        return set;
+    });
 }
 
-// What a list of consecutive rows takes, in a process of its own: given out by the heap, and really held.
-void BM_MemoryOfConsecutiveRows(benchmark::State& state) {
-    const auto rows = static_cast<int32>(state.range(0));
-    double result[2] = {};
-    for (auto _ : state) {
-        int ends[2];
-        if (pipe(ends) != 0) return state.SkipWithError("no pipe");
-        if (fork() == 0) {
-            malloc_trim(0);
-            ResidentPages();
-            const double heapBefore = HeapBytes();
-            const long before = ResidentPages();
-            flist* list = flist_init();
-            flist_add_range(list, 0, rows - 1);
-            const long pages = ResidentPages() - before;
-            const double told[2] = {HeapBytes() - heapBefore, static_cast<double>(pages * sysconf(_SC_PAGESIZE))};
-            const bool written = write(ends[1], told, sizeof told) == static_cast<ssize_t>(sizeof told);
-            _exit(written && flist_count(list) == rows ? 0 : 1);
-        }
-        const bool told = read(ends[0], result, sizeof result) == static_cast<ssize_t>(sizeof result);
-        close(ends[0]);
-        close(ends[1]);
-        int status = 1;
-        wait(&status);
-        if (!told || status != 0) return state.SkipWithError("the child has not told");
-    }
-    state.counters["bytes"] = result[0];
-    state.counters["resident"] = result[1];
+// What a list of ten million consecutive rows takes.
+template <typename Set>
+void BM_MemoryOfARange(benchmark::State& state, int32 size) {
+    MeasureMemory(state, [size] {
+        auto set = std::make_unique<Set>(size);
+        set->AddRange(0, size - 1);
+        return set;
+    });
 }
-BENCHMARK(BM_MemoryOfConsecutiveRows)->Arg(10'000'000)->Iterations(1);
 
 template <typename Set>
 void RegisterSet(const char* name) {
     for (const Shape shape : {kConsecutive, kDense, kClustered, kSparse}) {
         const auto add = [&](const char* what, void (*run)(benchmark::State&, Shape)) {
-            benchmark::RegisterBenchmark(NameOf(what, kShapeNames[shape], name).c_str(), [run, shape](
-                                                                                             benchmark::State& state) {
-                run(state, shape);
-            })->Unit(benchmark::kMillisecond);
+            const auto once = [run, shape](benchmark::State& state) { run(state, shape); };
+            return benchmark::RegisterBenchmark(NameOf(what, kShapeNames[shape], name).c_str(), once)
+                ->Unit(benchmark::kMillisecond);
         };
+        add("Memory", BM_Memory<Set>)->Iterations(1);
         add("Member", BM_Member<Set>);
         add("AddAtRandom", BM_AddAtRandom<Set>);
         add("Walk", BM_Walk<Set>);
@@ -262,6 +239,9 @@ void RegisterSet(const char* name) {
         benchmark::RegisterBenchmark(NameOf("AddRange", "1000000", name).c_str(), [](benchmark::State& state) {
             BM_AddRange<Set>(state, 1'000'000);
         })->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(NameOf("MemoryOfARange", "10000000", name).c_str(), [](benchmark::State& state) {
+            BM_MemoryOfARange<Set>(state, 10'000'000);
+        })->Iterations(1);
     }
 }
 

@@ -43,6 +43,10 @@ GROWTH = """\
 Where the time is that of a byte, a point or another item, "× 1" means that an item costs the same at any size.
 """
 
+MEMORY = """\
+Each in a process of its own: what the heap has given out at the end, what is really there, and the most that was there.
+"""
+
 NO_REASON = "**no reason given**"
 
 
@@ -81,7 +85,11 @@ def table(head, rows):
 
 
 def ours_cell(row):
-    return show_figure(row.metric(), row.time())
+    return memory_cell(row, "") if row.memory else show_figure(row.metric(), row.time())
+
+
+def memory_cell(row, label):
+    return " / ".join(map(show_bytes, row.memory[label])) if label in row.memory else ""
 
 
 def peer_cell(row):
@@ -183,11 +191,10 @@ def memory_section(rows):
     if not measured:
         return ""
     peers = list(dict.fromkeys(label for row in measured for label in row.memory if label))
-    cells = [
-        [row.name, show_bytes(row.memory[""]), *(show_bytes(row.memory[p]) if p in row.memory else "" for p in peers)]
-        for row in measured
-    ]
-    return "### Memory\n\nWhat the heap has given out for the whole.\n\n" + table(["case", "ours", *peers], cells)
+    counters = list(dict.fromkeys(" / ".join(row.case["memory"]) for row in measured))
+    cells = [[row.name, *(memory_cell(row, label) for label in ["", *peers]), bars_cell(row)] for row in measured]
+    head = ["case", f"ours: {'; '.join(counters)}", *peers, "bars"]
+    return f"### Memory\n\n{MEMORY}\n" + table(head, cells)
 
 
 def proved_section(family):
@@ -202,7 +209,7 @@ def family_section(family, rows):
     if any(row.peers for row in rows):
         parts.append(f"![Ratios of {family.title}](performance/{family.key}.svg)\n")
     for title, is_cold in (("Warm", False), ("Cold", True)):
-        some = [row for row in rows if row.is_cold() == is_cold]
+        some = [row for row in rows if row.is_cold() == is_cold and not row.memory]
         if some:
             parts.append(f"### {title}\n\n" + table(HEAD, map(row_cells, lost_first(some))))
     parts += [growth_section(rows), memory_section(rows), proved_section(family)]
