@@ -13,6 +13,7 @@ using namespace Torvo;
 // A ring whose outline crosses the lower side of the rectangle below with every step.
 std::vector<LPNT> Zigzag(int32 vertices) {
     std::vector<LPNT> ring;
+    ring.reserve(static_cast<std::size_t>(vertices) + 3);
     for (int32 i = 0; i < vertices; ++i) ring.push_back({100 * i, i % 2 == 0 ? -50 : 51});
     ring.push_back({100 * vertices, 900});
     ring.push_back({0, 900});

@@ -21,11 +21,17 @@ def parse_arguments():
                         "build/bench-results")
     parser.add_argument("--family", metavar="NAME", help="only one family, the report in build/bench-results: "
                         + ", ".join(family.key for family in cases.load_families(HERE / "families")))
-    parser.add_argument("--render", action="store_true", help="write the report from the results of the last run")
-    parser.add_argument("--results", type=pathlib.Path, default=ROOT / "build/bench-results", help=argparse.SUPPRESS)
+    parser.add_argument("--render", action="store_true", help="write the report from the results of the last run of "
+                        "that kind, without measuring; that of all families goes to docs")
+    parser.add_argument("--results", type=pathlib.Path, help=argparse.SUPPRESS)
     parser.add_argument("--tables", type=pathlib.Path, default=HERE, help=argparse.SUPPRESS)
     parser.add_argument("--output", type=pathlib.Path, help=argparse.SUPPRESS)
-    return parser.parse_args()
+    arguments = parser.parse_args()
+    if arguments.results is None:
+        # Runs of different kinds do not mix.
+        kind = (["quick"] if arguments.quick else []) + ([arguments.family] if arguments.family else [])
+        arguments.results = pathlib.Path(ROOT, "build", "bench-results", "-".join(kind) or "whole")
+    return arguments
 
 
 def choose(families, name):

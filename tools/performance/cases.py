@@ -11,7 +11,7 @@ its own, whose peers are found by the same parts. The first case that fits takes
     metric   what is compared: time (default), items or bytes (the time of one), or a counter in seconds
     cold     true, or the placeholders' values for which it holds: nothing is at hand yet
     grows    the placeholder that is a size
-    memory   the counter that holds bytes
+    memory   the counters that hold bytes; such a case has no time, and its peers are compared by their bytes
     words    for a placeholder, what its values are called in the name
     bar      what was demanded: at_least N times as fast as `peer`, at_most N times its time, or below a limit, of the
              time or of a `counter`; `only` says for which values of the placeholders
@@ -73,7 +73,7 @@ class Row:
     peers: dict  # label: a figure a round
     against: dict
     counters: dict  # of ours, medians
-    memory: dict  # label: bytes, ours under ""
+    memory: dict  # label: bytes by each counter, ours under ""; empty where times are compared
     bars: list = dataclasses.field(default_factory=list)
 
     def time(self, label=None):
@@ -203,9 +203,10 @@ def figures_by_round(family, results):
     return {name: figures for (name, _), figures in benchmarks.items()}
 
 
-def words_for(case, values):
+def name_of(case, values):
     words = case.get("words", {})
-    return {name: words[name][value] if name in words else show_size(value) for name, value in values.items()}
+    shown = {name: words[name][value] if name in words else show_size(value) for name, value in values.items()}
+    return fill(case["name"], shown)
 
 
 def make_row(family, case, name, values, benchmarks):
@@ -220,19 +221,23 @@ def make_row(family, case, name, values, benchmarks):
         filled = {label: fill(template, values) for label, template in templates.items()}
         return {label: figures_of(peer, which) for label, peer in filled.items() if peer in benchmarks}
 
+    def bytes_of(benchmark):
+        return [statistics.median(figures_of(benchmark, counter)) for counter in case["memory"]]
+
     memory = {}
     if "memory" in case:
-        memory = {"": figures_of(name, case["memory"])} | measured(case.get("peers", {}), case["memory"])
+        peers = {label: fill(template, values) for label, template in case.get("peers", {}).items()}
+        memory = {"": bytes_of(name)} | {label: bytes_of(peer) for label, peer in peers.items() if peer in benchmarks}
     return Row(
         family=family.key,
-        name=fill(case["name"], words_for(case, values)),
+        name=name_of(case, values),
         case=case,
         values=values,
         ours=figures_of(name, metric),
-        peers=measured(case.get("peers", {}), metric),
+        peers={} if memory else measured(case.get("peers", {}), metric),
         against=measured(case.get("against", {}), metric),
         counters={each: statistics.median(figures_of(name, each)) for each in benchmarks[name][0]},
-        memory={label: statistics.median(each) for label, each in memory.items()},
+        memory=memory,
     )
 
 

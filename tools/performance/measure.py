@@ -125,9 +125,9 @@ def compiler(cache):
 
 
 def commit():
-    name = output("git", "log", "-1", "--format=%h of %cs")
+    name = output("git", "log", "-1", "--format=commit %h of %cs").strip()
     changed = " with changes" if output("git", "status", "--porcelain", "--untracked-files=no") else ""
-    return f"commit {name.strip()}{changed}"
+    return f"{name or 'no checkout'}{changed}"
 
 
 def versions(packages):

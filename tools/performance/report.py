@@ -6,6 +6,7 @@ import statistics
 import tomllib
 
 import plot
+from cases import name_of
 from units import show_bytes, show_figure, show_ratio, show_size
 
 INTRODUCTION = """\
@@ -40,6 +41,10 @@ HOW_TO_READ = """\
 
 GROWTH = """\
 Where the time is that of a byte, a point or another item, "× 1" means that an item costs the same at any size.
+"""
+
+MEMORY = """\
+Each in a process of its own: what the heap has given out at the end, what is really there, and the most that was there.
 """
 
 NO_REASON = "**no reason given**"
@@ -80,7 +85,11 @@ def table(head, rows):
 
 
 def ours_cell(row):
-    return show_figure(row.metric(), row.time())
+    return memory_cell(row, "") if row.memory else show_figure(row.metric(), row.time())
+
+
+def memory_cell(row, label):
+    return " / ".join(map(show_bytes, row.memory[label])) if label in row.memory else ""
 
 
 def peer_cell(row):
@@ -105,15 +114,21 @@ def row_cells(row):
     return [row.name, ours_cell(row), peer_cell(row), *ratio_cells(row), bars_cell(row)]
 
 
+HEAD = ["case", "ours", "best peer", "ratio", "spread", "bars"]
+
+
 def lost_section(families, reasons):
-    lost = [row for _, rows in families for row in lost_first(rows) if is_lost(row)]
-    text = "## Where a peer wins or a bar is missed\n\n"
-    if not lost:
-        return text + "Nowhere.\n"
-    head = ["case", "ours", "best peer", "ratio", "spread", "bars", "why"]
-    titles = {family.key: family.title for family, _ in families}
-    cells = [[f"{titles[row.family]}: {row.name}", *row_cells(row)[1:], reasons.why(row)] for row in lost]
-    return text + table(head, cells)
+    """The lost rows of each family, those with the same reason together."""
+    parts = ["## Where a peer wins or a bar is missed\n"]
+    for family, rows in families:
+        by_reason = {}
+        for row in lost_first(rows):
+            if is_lost(row):
+                by_reason.setdefault(reasons.why(row), []).append(row)
+        if by_reason:
+            parts.append(f"### {family.title}: lost\n")
+        parts += [f"{why}\n\n{table(HEAD, map(row_cells, lost))}" for why, lost in by_reason.items()]
+    return "\n".join(parts if len(parts) > 1 else [*parts, "Nowhere.\n"])
 
 
 def count(rows, verdict):
@@ -155,7 +170,7 @@ def growth_section(rows):
     cells = []
     for group in groups:
         size = group[0].case["grows"]
-        label = group[0].name.replace(show_size(group[0].values[size]), "N", 1)
+        label = name_of(group[0].case, group[0].values | {size: "N"})
         at_sizes = [f"{ours_cell(row)} ({peer_cell(row)})" if row.peers else ours_cell(row) for row in group]
         first, last = group[0], group[-1]
         common = [peer for peer in first.peers if peer in last.peers]
@@ -176,11 +191,10 @@ def memory_section(rows):
     if not measured:
         return ""
     peers = list(dict.fromkeys(label for row in measured for label in row.memory if label))
-    cells = [
-        [row.name, show_bytes(row.memory[""]), *(show_bytes(row.memory[p]) if p in row.memory else "" for p in peers)]
-        for row in measured
-    ]
-    return "### Memory\n\nWhat the heap has given out for the whole.\n\n" + table(["case", "ours", *peers], cells)
+    counters = list(dict.fromkeys(" / ".join(row.case["memory"]) for row in measured))
+    cells = [[row.name, *(memory_cell(row, label) for label in ["", *peers]), bars_cell(row)] for row in measured]
+    head = ["case", f"ours: {'; '.join(counters)}", *peers, "bars"]
+    return f"### Memory\n\n{MEMORY}\n" + table(head, cells)
 
 
 def proved_section(family):
@@ -194,11 +208,10 @@ def family_section(family, rows):
     parts = [f"## {family.title}\n\n{family.about}\n"]
     if any(row.peers for row in rows):
         parts.append(f"![Ratios of {family.title}](performance/{family.key}.svg)\n")
-    head = ["case", "ours", "best peer", "ratio", "spread", "bars"]
     for title, is_cold in (("Warm", False), ("Cold", True)):
-        some = [row for row in rows if row.is_cold() == is_cold]
+        some = [row for row in rows if row.is_cold() == is_cold and not row.memory]
         if some:
-            parts.append(f"### {title}\n\n" + table(head, map(row_cells, lost_first(some))))
+            parts.append(f"### {title}\n\n" + table(HEAD, map(row_cells, lost_first(some))))
     parts += [growth_section(rows), memory_section(rows), proved_section(family)]
     return "\n".join(part for part in parts if part)
 
