@@ -4,8 +4,7 @@
 #include <faults/operations.h>
 #include <support/fixture_path.h>
 
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 
 namespace Torvo::test {
 
@@ -13,6 +12,13 @@ namespace {
 
 wstring16 PathOf(const wchar16* name) {
     return FaultDirectory().Path(name);
+}
+
+// What a removal in two steps could not take away.
+void RemoveTemporaryFiles() {
+    for (const auto& entry : std::filesystem::directory_iterator(FaultDirectory().Native())) {
+        if (entry.path().extension() == ".TMP") std::filesystem::remove(entry.path());
+    }
 }
 
 // A file that is registered once for all, for the calls that only look at the table.
@@ -306,7 +312,7 @@ Operations ByteOperations() {
          [](Trial& trial) {
              const OpenFile file(omRead);
              CacheEntry* entry = nullptr;
-             trial.Try([&] { return file.cache->Lookup(file.handle, 0, &entry, 1) && entry->count == 512; });
+             trial.Try([&] { return file.cache->Lookup(file.handle, 0, &entry, 2) && entry->count == 512; });
          }},
         {"ProcessUTFBom",
          [](Trial& trial) {
@@ -344,7 +350,15 @@ Operations WholeFileOperations() {
              const RegisteredFile first(ZUTEXT("first.bin"));
              const RegisteredFile second(ZUTEXT("second.bin"));
              int files[] = {first.handle, second.handle};
-             trial.Try([&] { return group_fileremove(files, 2); });
+             trial.Try([&] { return group_fileremove(files, 2); },
+                       [] {
+                           // Where every call fails from then on, a file cannot get its name back either.
+                           for (const wchar16* name : {ZUTEXT("first.bin"), ZUTEXT("second.bin")}) {
+                               FaultDirectory().Write(name, FileContent());
+                           }
+                           return true;
+                       });
+             RemoveTemporaryFiles();
          }},
         {"renamefile",
          [](Trial& trial) {

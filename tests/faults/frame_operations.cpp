@@ -112,7 +112,7 @@ Operations StartOperations() {
                  return true;
              });
          }},
-        {"InitLiterals", [] { return InitLiterals(); }},
+        {"InitLiterals", [] { return InitLiterals() == InitLiterals(); }},
         {"GetDefaultRotatableFont", [] { return GetDefaultRotatableFont() != nullptr; }},
         {"LoadZULibrary",
          [](Trial& trial) {

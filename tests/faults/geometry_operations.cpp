@@ -420,6 +420,18 @@ void TryToGetBits(Trial& trial, const std::function<void*()>& call) {
     platform::GlobalFree(block);
 }
 
+// A block that is there once for all.
+void* SomeBlock() {
+    static void* const block = [] {
+        const Bytes bytes = SmallMetaFile();
+        const HMETAFILE metafile = platform::SetMetaFileBitsEx(static_cast<uint32>(bytes.size()), bytes.data());
+        void* const bits = GetMetaFileBits(metafile);
+        platform::DeleteMetaFile(metafile);
+        return bits;
+    }();
+    return block;
+}
+
 Operations MetafileOperations() {
     return {
         {"platform::SetMetaFileBitsEx",
@@ -459,9 +471,14 @@ Operations MetafileOperations() {
              TryToGetBits(trial, [&] { return GetEnhancedMetaFileBits(metafile); });
              platform::DeleteEnhMetaFile(metafile);
          }},
-        {"platform::GlobalLock", [] { return platform::GlobalLock(nullptr) == nullptr; }},
-        {"platform::GlobalUnlock", [] { return !platform::GlobalUnlock(nullptr); }},
-        {"platform::GlobalSize", [] { return platform::GlobalSize(nullptr) == 0; }},
+        {"platform::GlobalLock", [] { return platform::GlobalLock(SomeBlock()) != nullptr; }},
+        {"platform::GlobalUnlock",
+         [] {
+             platform::GlobalLock(SomeBlock());
+             platform::GlobalLock(SomeBlock());
+             return platform::GlobalUnlock(SomeBlock());
+         }},
+        {"platform::GlobalSize", [] { return platform::GlobalSize(SomeBlock()) > 0; }},
         {"platform::GlobalFree", [] { return platform::GlobalFree(nullptr) == nullptr; }},
     };
 }

@@ -2,6 +2,7 @@
 #include <Utility/Utility.h>
 #include <faults/file_fixture.h>
 #include <faults/operations.h>
+#include <files/tile_folders.h>
 #include <support/own_file_system.h>
 
 #include <memory>
@@ -245,11 +246,16 @@ Operations DiskOperations() {
          }},
         {"CreteTempFolderForZxtTile",
          [](Trial& trial) {
-             trial.Try([] {
-                 TextBuffer folder;
-                 CreteTempFolderForZxtTile(folder.units);
-                 return folder.units[0] != 0;
-             });
+             const OwnFileSystem own;
+             torvo_temp_dir(ZUTEXT("C:\\instead\\"));
+             TextBuffer folder;
+             trial.Try(
+                 [&] {
+                     CreteTempFolderForZxtTile(folder.units);
+                     return !folder.Is(ZUTEXT("C:\\instead\\"));
+                 },
+                 [&] { return folder.Is(ZUTEXT("C:\\instead\\")); });
+             RemoveTileFolders();
          }},
         {"FileFindFirst",
          [](Trial& trial) {

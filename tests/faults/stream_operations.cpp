@@ -87,6 +87,11 @@ Operations StreamOperations() {
          [](Trial& trial) { TryToWrite(trial, [](FILE* file) { return fputs2(ZUTEXT("one\ntwo"), file) == 0; }); }},
         {"fprintf2",
          [](Trial& trial) { TryToWrite(trial, [](FILE* file) { return fprintf2(file, ZUTEXT("%d"), 12) == 2; }); }},
+        {"cFileSystem::fprintf2",
+         [](Trial& trial) {
+             TryToWrite(trial,
+                        [](FILE* file) { return cFileSystem::Instance()->fprintf2(file, ZUTEXT("%d"), 12) == 2; });
+         }},
         {"vfprintf2",
          [](Trial& trial) { TryToWrite(trial, [](FILE* file) { return Print(file, ZUTEXT("%600d"), 12) == 600; }); }},
         {"fflush2",

@@ -3,7 +3,7 @@
 #include <Utility/files.h>
 #include <Utility/paths.h>
 #include <Utility/platform/files.h>
-#include <Utility/platform/threads.h>
+#include <files/tile_folders.h>
 #include <gtest/gtest.h>
 #include <support/failing_files.h>
 #include <support/failing_heap.h>
@@ -183,31 +183,6 @@ TEST(PathsWithFaults, WalkEndsEarlyAtWorst) {
     });
 }
 
-void RemoveIn(const wstring16& directory, const wstring16& pattern, int (*remove)(const wstring16& path)) {
-    WIN32_FIND_DATAW data;
-    void* const walk = platform::FindFirstFileW((directory + pattern).c_str(), &data);
-    if (walk == platform::InvalidFindHandle()) return;
-    do {
-        remove(directory + data.cFileName);
-    } while (platform::FindNextFileW(walk, &data));
-    platform::FindClose(walk);
-}
-
-// The folders that this process has made, with what a removal that failed left there.
-void RemoveTileFolders() {
-    wchar16 temp[300];
-    platform::GetTempPathW(300, temp);
-    const std::string number = std::to_string(platform::GetCurrentProcessId());
-    const wstring16 pattern =
-        ZUTEXT("Zunavia.Application.x64.") + wstring16(number.begin(), number.end()) + ZUTEXT("*");
-    RemoveIn(temp + wstring16(ZUTEXT("Zunaverse\\")), pattern, [](const wstring16& folder) {
-        RemoveIn(folder + ZUTEXT("\\"), ZUTEXT("ZUN*"),
-                 [](const wstring16& file) { return platform::_wremove(file.c_str()); });
-        EXPECT_TRUE(platform::RemoveDirectoryW(folder.c_str()));
-        return 0;
-    });
-}
-
 TEST(PathsWithFaults, FolderOfTilesIsOneThatCanBeWrittenTo) {
     FailEachCall([](uint64 nth, FailingFiles::Mode mode) {
         const OwnFileSystem own;
@@ -220,7 +195,7 @@ TEST(PathsWithFaults, FolderOfTilesIsOneThatCanBeWrittenTo) {
         EXPECT_TRUE(isOwn || (met && folder.Text() == ZUTEXT("C:\\instead\\")));
         EXPECT_EQ(register_file(ZUTEXT("next"), ftNone, true), 1000) << "no handle is left behind";
         unregister_file(1000);
-        RemoveTileFolders();
+        test::RemoveTileFolders();
         return met;
     });
 }
