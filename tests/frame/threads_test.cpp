@@ -71,15 +71,17 @@ bool ComparesText(int number) {
 
 bool AsksForLocales(int number) {
     static constexpr uint32 locales[] = {0x0407, 0x040C, 0x0415, 0x041F};
-    static constexpr wchar16 decimals[] = {',', ',', ',', ','};
+    const uint32 before = platform::GetThreadLocale();
+    bool isRight = true;
     for (int i = 0; i < kThreads; ++i) {
         const int at = (number + i) % kThreads;
         platform::SetThreadLocale(locales[at]);
         wchar16 decimal[10];
-        if (GetLocaleIdentifier() != locales[at]) return false;
-        if (!GetLocaleString(0x0E, decimal, 10) || decimal[0] != decimals[at]) return false;
+        isRight =
+            isRight && GetLocaleIdentifier() == locales[at] && GetLocaleString(0x0E, decimal, 10) && decimal[0] == ',';
     }
-    return true;
+    platform::SetThreadLocale(before);  // numbers of other families are read in it
+    return isRight;
 }
 
 bool ReadsAndPrintsNumbers(int number) {
