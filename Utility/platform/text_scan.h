@@ -95,6 +95,7 @@ std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, Limit limit
 
 #else
 
+inline constexpr std::uintptr_t PageBytes = 4096;
 inline constexpr std::size_t BlockBytes = sizeof(__m128i);
 inline constexpr std::size_t BlockUnits = BlockBytes / sizeof(wchar16);
 
@@ -222,9 +223,13 @@ __m128i SameUnits(__m128i a, __m128i b) {
     return _mm_cmpeq_epi16(_mm_andnot_si128(ignored, _mm_xor_si128(a, b)), _mm_setzero_si128());
 }
 
+// Whether so many bytes can be read at a place, wherever the text ends that is there.
+inline bool CanRead(const void* place, std::size_t bytes) {
+    return reinterpret_cast<std::uintptr_t>(place) % PageBytes <= PageBytes - bytes;
+}
+
 // How many units lie before the end of the page.
 inline std::size_t UnitsInPage(const wchar16* text) {
-    constexpr std::uintptr_t PageBytes = 4096;
     return (PageBytes - reinterpret_cast<std::uintptr_t>(text) % PageBytes) / sizeof(wchar16);
 }
 

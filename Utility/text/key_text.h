@@ -43,16 +43,11 @@ inline int32 CompareKeys(const uint8* a, const uint8* b) {
 
 #else
 
-// Whether the first 48 bytes can be read, however long the key is.
-inline bool CanReadAhead(const uint8* key) {
-    constexpr std::uintptr_t pageBytes = 4096;
-    return reinterpret_cast<std::uintptr_t>(key) % pageBytes <= pageBytes - 3 * platform::scan::BlockBytes;
-}
-
 inline int32 CompareKeys(const uint8* a, const uint8* b) {
     using namespace platform::scan;
-    if (CanReadAhead(a) && CanReadAhead(b)) {
-        const uint8* const end = a + 3 * BlockBytes;
+    constexpr std::size_t looksAt = 3 * BlockBytes;
+    if (CanRead(a, looksAt) && CanRead(b, looksAt)) {
+        const uint8* const end = a + looksAt;
         for (; a != end; a += BlockBytes, b += BlockBytes) {
             const __m128i left = _mm_loadu_si128(reinterpret_cast<const __m128i*>(a));
             const __m128i same = _mm_cmpeq_epi8(left, _mm_loadu_si128(reinterpret_cast<const __m128i*>(b)));

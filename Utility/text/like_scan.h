@@ -72,8 +72,7 @@ inline constexpr std::size_t lanes = 16;
 
 // Whether sixteen units, and so many more, can be read at `text`, whatever its length.
 inline bool CanRead(const wchar16* text, std::size_t more = 0) {
-    constexpr std::uintptr_t pageBytes = 4096;
-    return reinterpret_cast<std::uintptr_t>(text) % pageBytes <= pageBytes - (lanes + more) * sizeof(wchar16);
+    return scan::CanRead(text, (lanes + more) * sizeof(wchar16));
 }
 
 // Units made bytes: those that have none become the highest or the lowest one.

@@ -56,8 +56,7 @@ inline uint32 Mask(__m128i block) {
 
 // Whether 24 units from here on, and one more, can be loaded, whatever the text's length.
 inline bool CanReadAhead(const wchar16* text) {
-    constexpr std::uintptr_t pageBytes = 4096;
-    return reinterpret_cast<std::uintptr_t>(text) % pageBytes < pageBytes - ShortTextUnits * sizeof(wchar16);
+    return platform::scan::CanRead(text, (ShortTextUnits + 1) * sizeof(wchar16));
 }
 
 // Whether the text has fewer than 24 units. CanReadAhead must hold.
