@@ -143,7 +143,9 @@ void FileCacheImpl::MoveItems(int begin, int end, int to) {
 }
 
 void FileCacheImpl::BeginAtTheStart() {
-    std::memmove(sortedRoom.Start(), sorted, static_cast<std::size_t>(usableBlocks) * sizeof(int32));
+    // Never negative, which a compiler cannot know.
+    const std::size_t count = static_cast<uint32>(usableBlocks);
+    std::memmove(sortedRoom.Start(), sorted, count * sizeof(int32));
     sorted = sortedRoom.Start();
 }
 
