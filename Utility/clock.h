@@ -40,9 +40,9 @@ ZUAPI ZU_PLATFORM SystemPlatform();
 
 // Stores the local time; nothing where `time` is null.
 ZUAPI void GetDateTime(SYSTEMTIME* time);
-// Sets the local time; not 0 if that succeeded, 0 if the time is null or none or the caller has no right to. The system is
-// asked twice, because the first call goes by the daylight saving rule of the old date, and the second by that of the
-// new one; the result is the second call's.
+// Sets the local time; not 0 if that succeeded, 0 if the time is null or none or the caller has no right to. The system
+// is asked twice, because the first call goes by the daylight saving rule of the old date, and the second by that of
+// the new one; the result is the second call's.
 ZUAPI int SetDateTime(SYSTEMTIME* time);
 
 }  // namespace Torvo

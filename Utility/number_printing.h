@@ -38,8 +38,8 @@ enum PRINTF_FORMAT : int32 {
 
 // Prints `value` with `precision` digits: behind the point for E and F, in all for G. -1 stands for 6; with
 // PRINTF_FORMAT_G a number of five to twelve digits before the point gets three more than it has orders of magnitude,
-// from 7 up to 14, so that 1234567 and 12345.67 print in full. `width` pads with spaces on the left, a negative one on the right, and -1
-// not at all. With `group` the text is then brought into the UI form. Returns `out`.
+// from 7 up to 14, so that 1234567 and 12345.67 print in full. `width` pads with spaces on the left, a negative one on
+// the right, and -1 not at all. With `group` the text is then brought into the UI form. Returns `out`.
 ZUAPI wchar16* DoubleToString(double value, wchar16* out, uint64 outSize, bool group, int32 precision,
                               PRINTF_FORMAT format, int32 width);
 

@@ -78,8 +78,9 @@ public:
     // Writes the display form into `out`, `outSize` units with the terminator, the point only if `dot`. The time is
     // written by the picture, or by "hh:mm:ss.fffffff" for a null one, always in 24 hours and without a mark; what
     // separates a mark in the picture from its neighbours goes with it where the platform does as documented, and else
-    // only what stands before it. "f" is as in zuTime::ToString. False when the time has more than 31 units, or the platform refuses the picture, or when all of
-    // it does not fit; `out` is then left alone, except when only the point did not fit: then it holds the beginning.
+    // only what stands before it. "f" is as in zuTime::ToString. False when the time has more than 31 units, or the
+    // platform refuses the picture, or when all of it does not fit; `out` is then left alone, except when only the
+    // point did not fit: then it holds the beginning.
     virtual bool ToString(wchar16* out, uint64 outSize, const wchar16* pattern, bool dot) const = 0;
     // Stores the literal. True; false, and nothing is stored, if either pointer is null.
     virtual bool ToLiteral(int32* days, int64* time) const = 0;
