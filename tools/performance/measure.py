@@ -44,6 +44,7 @@ def run(families, binaries, results, plan):
     for family in families:
         settings |= {program: plan.settings(family.run.get(program, {})) for program in family.programs}
     programs = list(settings)
+    results = results.resolve()  # the programs run in its folders
     for program in programs:
         for old in results.glob(f"round-*/{program}.json"):
             old.unlink()
