@@ -73,7 +73,7 @@ std::string Read(const wstring16& text, const wstring16& format) {
 TEST_F(SqlDatesByPlainForm, PrintAndReadAlike) {
     SCOPED_TRACE(random.About());
     int readable = 0;
-    for (int round = 0; round < 60'000 && !HasFailure(); ++round) {
+    for (int round = 0; round < 20'000 && !HasFailure(); ++round) {
         const zuDATE date = RandomDate();
         const wstring16 format = RandomFormat();
         const wstring16 printed = PlainSqlDates::Print(date, format);
@@ -83,7 +83,7 @@ TEST_F(SqlDatesByPlainForm, PrintAndReadAlike) {
         EXPECT_EQ(Read(text, format), expected);
         if (expected.find('(') == std::string::npos) ++readable;
     }
-    EXPECT_GT(readable, 10'000) << "most texts are to be read";
+    EXPECT_GT(readable, 3'000) << "most texts are to be read";
 }
 
 }  // namespace
