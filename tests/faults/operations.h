@@ -38,6 +38,8 @@ public:
         const std::function<bool()>& call, const std::function<bool()>& isTold = [] { return true; });
 
     bool WasHit() const { return wasHit; }
+    // Whether everything fails from the first fault on, also what would put things right.
+    bool Lasts() const { return plan.fromThenOn; }
 
 private:
     bool CallUnderFaults(const std::function<bool()>& call);

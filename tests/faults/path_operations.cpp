@@ -6,6 +6,8 @@
 #include <support/own_file_system.h>
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace Torvo::test {
 
@@ -246,15 +248,22 @@ Operations DiskOperations() {
          }},
         {"CreteTempFolderForZxtTile",
          [](Trial& trial) {
-             const OwnFileSystem own;
-             torvo_temp_dir(ZUTEXT("C:\\instead\\"));
+             const wchar16* const instead = ZUTEXT("C:\\instead\\");
+             std::optional<OwnFileSystem> own(std::in_place);
+             torvo_temp_dir(instead);
              TextBuffer folder;
              trial.Try(
                  [&] {
                      CreteTempFolderForZxtTile(folder.units);
-                     return !folder.Is(ZUTEXT("C:\\instead\\"));
+                     return folder.units[0] != 0 && !folder.Is(instead);
                  },
-                 [&] { return folder.Is(ZUTEXT("C:\\instead\\")); });
+                 [&] {
+                     // The folder is chosen once in an instance.
+                     own.reset();
+                     own.emplace();
+                     torvo_temp_dir(instead);
+                     return folder.Is(instead);
+                 });
              RemoveTileFolders();
          }},
         {"FileFindFirst",
