@@ -6,9 +6,9 @@
 // other call looks at every unit. White and blank are the classes of <Utility/bounded_copy.h>.
 //
 // Sizes, counts and lengths are in 16-bit units, except where a call says bytes. A null text is refused: searches and
-// comparisons find nothing, and edits do nothing. (TextAddCrs takes null with a length of 0 for the empty text.) Nothing
-// but Like leaves an error record. None of the functions keeps state; all may be called on any thread with texts that
-// no other thread changes.
+// comparisons find nothing, and edits do nothing. (TextAddCrs takes null with a length of 0 for the empty text.)
+// Nothing but Like leaves an error record. None of the functions keeps state; all may be called on any thread with
+// texts that no other thread changes.
 //
 // Example: examples/families/text_tools.cpp
 #pragma once

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "memory_probe.h"
+
 namespace Torvo::bench {
 
 // Each set has a million members.

@@ -14,8 +14,8 @@ void free(void* block);
 std::size_t _msize(void* block);
 // The size of the large pages that the system gives a part of a heap block on request; 0 if it gives none.
 std::size_t LargePageBytes();
-// A large block is going to be used all over: pages of it that were not touched yet may be had in larger pieces. A wish:
-// where the system does not take it, nothing happens. errno is left alone.
+// A large block is going to be used all over: pages of it that were not touched yet may be had in larger pieces. A
+// wish: where the system does not take it, nothing happens. errno is left alone.
 void WantLargePages(void* block, std::size_t size);
 
 // Text of 16-bit units. Results point into the first argument where the C library's do.

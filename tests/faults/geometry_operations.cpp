@@ -341,8 +341,8 @@ Operations PointArrayOperations() {
 // A region of two rectangles, which ends with the object.
 struct SmallRegion {
     SmallRegion() {
-        const LRECT far = {20, 20, 30, 30};
-        region = rgn_unionrect(rgn_create(&Square), &far);
+        const LRECT away = {20, 20, 30, 30};
+        region = rgn_unionrect(rgn_create(&Square), &away);
     }
     ~SmallRegion() { rgn_destroy(region); }
     SmallRegion(const SmallRegion&) = delete;
