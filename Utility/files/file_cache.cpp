@@ -213,7 +213,7 @@ void FileCacheImpl::CountHeldBlock() {
     const int64 heldBytes = int64{heldBlocks} * blockSize;
     ++heldBlocks;
     if (heldBytes < enoughForLargePages && heldBytes + blockSize >= enoughForLargePages) {
-        platform::WantLargePages(pool.Start(), static_cast<std::size_t>(blockSize) * totalBlocks);
+        platform::WantLargePages(pool.Start(), static_cast<std::size_t>(blockSize) * static_cast<uint32>(totalBlocks));
     }
 }
 
