@@ -34,72 +34,72 @@ enum ZUCHARSET : int32 {
 
     csNeutral = 0,  // bytes as this machine's ANSI page has them; counts as "no set" in IsStrConvertNecessary
 
-    csISO8859_1 = 1,
-    csISO8859_2 = 2,
-    csISO8859_3 = 3,
-    csISO8859_4 = 4,
-    csISO8859_5 = 5,
-    csISO8859_6 = 6,
-    csISO8859_7 = 7,
-    csISO8859_8 = 8,
-    csISO8859_9 = 9,
+    csISO8859_1 = 1,  // "ISO8859_1", code page 28591
+    csISO8859_2 = 2,  // "ISO8859_2", code page 28592
+    csISO8859_3 = 3,  // "ISO8859_3", code page 28593
+    csISO8859_4 = 4,  // "ISO8859_4", code page 28594
+    csISO8859_5 = 5,  // "ISO8859_5", code page 28595
+    csISO8859_6 = 6,  // "ISO8859_6", code page 28596
+    csISO8859_7 = 7,  // "ISO8859_7", code page 28597
+    csISO8859_8 = 8,  // "ISO8859_8", code page 28598
+    csISO8859_9 = 9,  // "ISO8859_9", code page 28599
 
-    csWindowsLatin1 = 10,
-    csWindowsLatin2 = 11,
-    csWindowsArabic = 12,
-    csWindowsCyrillic = 13,
-    csWindowsGreek = 14,
-    csWindowsHebrew = 15,
-    csWindowsTurkish = 16,
-    csWindowsTradChinese = 17,
-    csWindowsSimpChinese = 18,
-    csWindowsJapanese = 19,
-    csWindowsKorean = 20,
+    csWindowsLatin1 = 10,       // "WindowsLatin1", code page 1252
+    csWindowsLatin2 = 11,       // "WindowsLatin2", code page 1250
+    csWindowsArabic = 12,       // "WindowsArabic", code page 1256
+    csWindowsCyrillic = 13,     // "WindowsCyrillic", code page 1251
+    csWindowsGreek = 14,        // "WindowsGreek", code page 1253
+    csWindowsHebrew = 15,       // "WindowsHebrew", code page 1255
+    csWindowsTurkish = 16,      // "WindowsTurkish", code page 1254
+    csWindowsTradChinese = 17,  // "WindowsTradChinese", code page 950
+    csWindowsSimpChinese = 18,  // "WindowsSimpChinese", code page 936
+    csWindowsJapanese = 19,     // "WindowsJapanese", code page 932
+    csWindowsKorean = 20,       // "WindowsKorean", code page 949
 
-    csMacRoman = 21,
-    csMacArabic = 22,
-    csMacGreek = 23,
-    csMacHebrew = 24,
-    csMacCentralEuropean = 25,
-    csMacCroatian = 26,
-    csMacCyrillic = 27,
-    csMacIcelandic = 28,
-    csMacThai = 29,
-    csMacTurkish = 30,
-    csMacTradChinese = 31,
-    csMacJapanese = 32,
-    csMacKorean = 33,
+    csMacRoman = 21,            // "MacRoman"
+    csMacArabic = 22,           // "MacArabic"
+    csMacGreek = 23,            // "MacGreek"
+    csMacHebrew = 24,           // "MacHebrew"
+    csMacCentralEuropean = 25,  // "MacCentralEuropean"
+    csMacCroatian = 26,         // "MacCroatian"
+    csMacCyrillic = 27,         // "MacCyrillic"
+    csMacIcelandic = 28,        // "MacIcelandic"
+    csMacThai = 29,             // "MacThai"
+    csMacTurkish = 30,          // "MacTurkish"
+    csMacTradChinese = 31,      // "MacTradChinese"
+    csMacJapanese = 32,         // "MacJapanese"
+    csMacKorean = 33,           // "MacKorean"
 
     csCodePage437 = 34,  // this machine's OEM page, whatever its number
-    csCodePage850 = 35,
-    csCodePage852 = 36,
-    csCodePage857 = 37,
-    csCodePage860 = 38,
-    csCodePage861 = 39,
-    csCodePage863 = 40,
-    csCodePage865 = 41,
-    csCodePage855 = 42,
-    csCodePage864 = 43,
-    csCodePage869 = 44,
+    csCodePage850 = 35,  // "CodePage850", code page 850
+    csCodePage852 = 36,  // "CodePage852", code page 852
+    csCodePage857 = 37,  // "CodePage857", code page 857
+    csCodePage860 = 38,  // "CodePage860", code page 860
+    csCodePage861 = 39,  // "CodePage861", code page 861
+    csCodePage863 = 40,  // "CodePage863", code page 863
+    csCodePage865 = 41,  // "CodePage865", code page 865
+    csCodePage855 = 42,  // "CodePage855", code page 855
+    csCodePage864 = 43,  // "CodePage864", code page 864
+    csCodePage869 = 44,  // "CodePage869", code page 869
 
     csLICS = 45,    // a single-byte international set
     csLMBCS = 46,   // its multi-byte form: a name only
     csLMBCS1 = 47,  // the single-byte code groups of that form
-    csLMBCS2 = 48,
+    csLMBCS2 = 48,  // "LMBCS2"
 
-    csMacSimpChinese = 49,
+    csMacSimpChinese = 49,  // "MacSimpChinese"
 
     csPackedEUCTradChinese = 50,  // the names of 50, 51 and 53 begin with a question mark
-    csPackedEUCSimpChinese = 51,
-    csPackedEUCJapanese = 52,
-    csPackedEUCKorean = 53,
+    csPackedEUCSimpChinese = 51,  // "?PackedEUCSimpChinese"
+    csPackedEUCJapanese = 52,     // "PackedEUCJapanese"
+    csPackedEUCKorean = 53,       // "?PackedEUCKorean"
 
-    csWindowsThai = 54,
-    csWindowsBalticRim = 55,
-    csWindowsVietnamese = 56,
+    csWindowsThai = 54,        // "WindowsThai", code page 874
+    csWindowsBalticRim = 55,   // "WindowsBalticRim", code page 1257
+    csWindowsVietnamese = 56,  // "WindowsVietnamese", code page 1258
 
-    csUTF8 = 57,
-    csUTF16 = 58,
+    csUTF8 = 57,   // "UTF-8", code page 65001
+    csUTF16 = 58,  // "UTF-16", code page 1200
 };
 
 // Names.

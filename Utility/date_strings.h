@@ -7,7 +7,8 @@
 //     2024-02-29        the ISO form: ten characters, a year from 1000 (Str2Date alone)
 //     2/29/2024  2/29   the locale's form: numbers in the locale's order, with its separator between them. Without a
 //                       year it is the current one.
-//     02-29-2024  2/29  the fixed form: month, day and year behind "-" or "/", the same in both places (Str2Date alone)
+//     02-29-2024  2/29  the fixed form: month, day and year behind "-" or "/", the same in both places (Str2Date alone,
+//                       and only where the host's callback for dates asks for it)
 //
 // A number may have white space and a sign before it, as the runtime's wcstol takes them, and spaces behind it. A year
 // from 0 to 99 gets the hundreds of the current year, whatever comes out: 99 read in 2026 is 2099. Negative years and
@@ -29,8 +30,9 @@ namespace Torvo {
 //
 // The literal and the ISO form are tried first, whatever the locale. What looks like one of them and is no date
 // (20230229, 2023-02-30) leaves the error of LiteralToDate, and is then tried in the other forms. Nothing else leaves
-// an error. Then the host's callback for dates is asked, if there is one; true means the fixed form. On false it is
-// asked a second time, and whatever it says then decides between the locale's order and separator and 0 and '/'.
+// an error: a caller that reports bad dates itself looks at the result, and clears the list. Then the host's callback
+// for dates is asked, if there is one; true means the fixed form. On false it is asked a second time, and whatever it
+// says then decides between the locale's order and separator and 0 and '/'.
 //
 //     order   three numbers        two numbers
 //     0       month, day, year     month, day
@@ -66,8 +68,9 @@ ZUAPI bool MakeDateStringEx(wchar16* out, uint64 outSize, zuDATE* date, int16 or
 // for what is no date; on Windows, for a pattern whose text could have more than 255 units; and if memory is short.
 ZUAPI bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, const wchar16* pattern);
 // The same with one of the locale's own pictures, by its locale type: 31 is the short date and 32 the long one. False,
-// with `out` untouched, if there is no such text or it has more than 259 units. It is that of the locale at the last
-// refresh or GetLocaleIdentifier.
+// with `out` untouched, if there is no such text or it has more than 259 units. The picture is that of the locale at
+// the last refresh or GetLocaleIdentifier, while the names are the present locale's: after a change of the thread's
+// locale call ResetZULocaleInfo (<Utility/locale_info.h>) first, or the two mix.
 ZUAPI bool FormatDateString(wchar16* out, uint64 outSize, zuDATE date, int16 localeItem);
 
 }  // namespace Torvo

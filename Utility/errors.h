@@ -10,7 +10,13 @@
 // RECORDS. A record is not a finished sentence. It holds a level, a resource identifier, a number, a GUID that names
 // the component, a message format, and up to three short texts: a prefix, which the application's cErrorFuncs may
 // supply, and two parameters. The library's own errors come without a format: the application looks the format up by
-// GetResourceID in its own string tables and hands it to GetErrorMsg.
+// GetResourceID in its own string tables and hands it to GetErrorMsg, for each record of the group, before it reads the
+// group. Without a format a record composes to its prefix alone, and a group of such records to spaces:
+//
+//     for (int32 i = 0; i < NumErrors(); ++i) GetErrorMsg(MyFormat(GetResourceID(i)), i, text, 200);
+//     ReportErrors();
+//
+// docs/errors.md lists all that the library raises, with the parameters.
 //
 // The list holds 30 records. One number is told once: while a record with a number stands, another error of that number
 // only raises its level to the larger of the two; the later texts and GUID are dropped. cErrorFuncs can switch that

@@ -94,7 +94,8 @@ ZUAPI wchar16* fgets2(wchar16* out, int size, FILE* file);
 // character below U+0100 is written.
 ZUAPI int fputc2(int c, FILE* file);
 // Writes a text in the file's charset, each LF as the charset's line end. 0, or -1 if it cannot be converted or
-// written.
+// written. A character that the charset lacks is no failure: something like it is written, or "_", as by
+// ConvertSystemToMBCSChar (<Utility/conversion.h>); who must not lose any converts there and back first.
 ZUAPI int fputs2(const wchar16* text, FILE* file);
 // Formats as the runtime's fwprintf does (%s and %c take system text) and writes the result by fputs2. The number of
 // units of the formatted text, or -1.

@@ -7,8 +7,9 @@
 //                what it folds to. The order of the folded bytes is the sort order: the Swedish table puts Å, Ä and Ö
 //                in this order behind Z. A character that the charset lacks is compared as "_". A normal form is text
 //                again.
-//   Unicode      For csUTF8 and csUTF16, by the collation of a locale as the ICU libraries have it. A normal form is a
-//                key text, see below.
+//   Unicode      For csUTF8 and csUTF16, which do not differ, by the collation of a locale as the ICU libraries have
+//   it.
+//                A normal form is a key text, see below. Names of many languages in one national order need this kind.
 //
 // CODES. A table is known by its conversion code, the CRC-16 of its 256 bytes. A caller holds the code and not the name
 // of a language: ConversionCodeForCharset says which code suits a charset and a locale today, and GetNormalizer gives
@@ -129,10 +130,10 @@ ZUAPI StringNormalizer* GetDefaultNormalizer();
 // made it; false if there is one already, which stays, or if it cannot be made.
 ZUAPI bool RequestDefaultNormalizer(int32 lcid);
 
-// The normalizer for a charset and a code: the one that an earlier call made, or a new one. Any table may go with any
-// charset. `lcid` counts for csUTF8 and csUTF16 alone. A Unicode normalizer is found again by the locale that it works
-// by, so asking with 0, or with a locale that has no name, makes a new one each time. The default normalizer is never
-// among those that are found.
+// The normalizer for a charset and a code: the one that an earlier call made, or a new one. Any table is taken with any
+// charset, but means something only for the one that the list above gives it. `lcid` counts for csUTF8 and csUTF16
+// alone. A Unicode normalizer is found again by the locale that it works by, so asking with 0, or with a locale that
+// has no name, makes a new one each time. The default normalizer is never among those that are found.
 //
 // Null if no table has the code, with error 74 and resource 74 raised, whose parameter is the code; null without an
 // error if memory is short. For csUTF8 and csUTF16 it throws UtfStringNormalizerImpl::eCreateError where there is no

@@ -10,7 +10,10 @@
 //
 // The FmtCtl forms read what a user has typed. With `deformat` the text is in the UI form of
 // <Utility/number_printing.h> and DeformatNumberFromUI is applied to a copy of it; such a text has at most 99 units, a
-// longer one fails. Without `deformat` the text is read as it stands.
+// longer one fails. Without `deformat` the text is read as it stands. They do not judge: marks between groups are
+// dropped wherever they stand, and what follows the number is not looked at, so that under a German locale "1.5" is 15
+// and "12abc" is 12. A form that is to refuse such input calls DeformatNumberFromUI and StringToDouble with `end`
+// itself.
 //
 // Nothing allocates, and nothing leaves an error record. errno is left as the runtime's reader leaves it: ERANGE for a
 // number beyond 32 bits (or 64, or a double), EINVAL for a base that is none; limits narrower than that, 16 bits or

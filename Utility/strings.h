@@ -95,7 +95,8 @@ ZUAPI bool striequ(const wchar16* a, const wchar16* b);
 ZUAPI bool strnequ(const wchar16* a, const wchar16* b, uint64 n);
 ZUAPI bool strniequ(const wchar16* a, const wchar16* b, uint64 n);
 
-// Tokenizers.
+// Tokenizers: the first for words between blanks or other delimiters, several of which count as one; the second for the
+// parts of an expression; the third for fields that are to keep their places, empty ones included.
 
 // The plain one. A token is a run of units that are not in `delimiters`; the delimiter behind it is overwritten with 0.
 // A null `s` goes on behind the last token. The token, or null when there is none left.

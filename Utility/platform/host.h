@@ -16,7 +16,8 @@ ZUAPI uint32 GetThreadLocale();
 
 // Sets the calling thread's locale. A language without a territory becomes the one that stands for it (0x07, German, is
 // set as 0x0407, German of Germany). False, and no change, for an identifier that names no locale. The library's locale
-// queries follow at once; its system charset stays what it was when the thread's services were created.
+// queries follow at once; what is read without a query (the pictures by number in <Utility/date_strings.h>) follows
+// after ResetZULocaleInfo, and the system charset stays what it was when the thread's services were created.
 ZUAPI bool SetThreadLocale(uint32 locale);
 
 // Metafiles: a handle of a metafile made from its bytes, for a caller that has no other source of one. The header must

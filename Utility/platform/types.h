@@ -9,6 +9,10 @@
 // Windows, and plain structures with the same fields elsewhere. In both cases they are found in the namespace Torvo.
 #pragma once
 
+#if __cplusplus < 202002L && !(defined(_MSVC_LANG) && _MSVC_LANG >= 202002L)
+#error "Torvo Utility needs C++20."
+#endif
+
 #include <sys/stat.h>
 
 #include <cstdarg>

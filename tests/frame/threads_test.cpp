@@ -179,8 +179,8 @@ bool CombinesRegions(int number) {
 }
 
 bool StartsUp(int) {
+    // The literal font is chosen once in a process, which another test watches.
     UtilDllEnsureInit();
-    InitLiterals();
     HINSTANCE none = nullptr;
     return GetDefaultRotatableFont() != nullptr && !LoadZULibrary(ZUTEXT("no_such_library"), nullptr, none);
 }
