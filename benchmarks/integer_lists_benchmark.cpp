@@ -72,15 +72,6 @@ void BM_Memory(benchmark::State& state, const std::vector<int32>& rows) {
 }
 
 template <typename Set>
-void BM_Memory(benchmark::State& state, const std::vector<int32>& rows) {
-    MeasureMemory(state, [&rows] {
-        auto set = std::make_unique<Set>();
-        Fill(*set, rows);
-        return set;
-    });
-}
-
-template <typename Set>
 void BM_Member(benchmark::State& state, const std::vector<int32>& rows) {
     Set set;
     Fill(set, rows);
