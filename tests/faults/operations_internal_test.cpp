@@ -48,6 +48,16 @@ constexpr uint64 kMostFaults = 2000;
 // A disk that fails, and one that is full.
 constexpr int kErrors[] = {EIO, ENOSPC};
 
+// Where the units of text are those of wchar_t, the C++ library grows such strings itself, in memory that is not
+// counted, and they are freed by code of ours, which is: there the count may sink, and everywhere else it stays.
+void ExpectNoBlockLost(int64 before) {
+    if constexpr (std::is_same_v<wchar16, wchar_t>) {
+        EXPECT_LE(LiveBlocks(), before) << "blocks lost";
+    } else {
+        EXPECT_EQ(LiveBlocks(), before) << "blocks lost, or freed twice";
+    }
+}
+
 // How many expectations of the present test have not been met so far.
 int Failures() {
     return testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
@@ -121,8 +131,7 @@ private:
                 isMet = (this->*attempt)(plan) || isMet;
                 if (Failures() != failures) return plan.nth;
                 if (watchesBlocks) {
-                    // Fewer are none of ours: a runtime frees what it kept for a thread that has ended.
-                    EXPECT_LE(LiveBlocks(), blocks) << "blocks lost";
+                    ExpectNoBlockLost(blocks);
                 }
             }
             if (!isMet) return plan.nth - 1;
