@@ -1,6 +1,6 @@
 // A stream of operations over clipping, intersections, arcs and arrays of points: whatever the coordinates, nothing may
 // be written out of bounds and nothing may overflow, and clipping has to agree with its plain form.
-#include "geometry/plain_clip.h"
+#include "reference/plain_clip.h"
 #include "require.h"
 
 #include <Utility/arcs.h>

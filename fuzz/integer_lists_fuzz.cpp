@@ -4,8 +4,8 @@
 #include <limits>
 #include <memory>
 
-#include "containers/plain_integer_lists.h"
 #include "operation_stream.h"
+#include "reference/plain_integer_lists.h"
 #include "require.h"
 
 using namespace Torvo;

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <memory>
 
-#include "containers/plain_point_parser.h"
 #include "operation_stream.h"
+#include "reference/plain_point_parser.h"
 #include "require.h"
 
 using namespace Torvo;

@@ -1,8 +1,8 @@
 // Operations on a sparse set, each compared with the plain form.
 #include <Utility/sparse_sets.h>
 
-#include "containers/plain_sparse_set.h"
 #include "operation_stream.h"
+#include "reference/plain_sparse_set.h"
 #include "require.h"
 
 using namespace Torvo;

@@ -1,4 +1,4 @@
-#include <Utility/containers/directory.h>
+#include <Utility/containers/block_directory.h>
 #include <Utility/containers/pair_runs.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include <Utility/containers/directory.h>
+#include <Utility/containers/block_directory.h>
 #include <Utility/containers/tagged_blocks.h>
 
 #include <exception>

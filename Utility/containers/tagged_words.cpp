@@ -1,4 +1,4 @@
-#include <Utility/containers/directory.h>
+#include <Utility/containers/block_directory.h>
 #include <Utility/containers/tagged_words.h>
 #include <Utility/memory_blocks.h>
 #include <emmintrin.h>

@@ -2,7 +2,7 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/file_search.h>
-#include <Utility/files/find_entry.h>
+#include <Utility/files/entry_choice.h>
 #include <Utility/platform/platform.h>
 
 #include <iterator>

@@ -1,6 +1,6 @@
 #include <Utility/files/handle_limit.h>
 
-#include <Utility/frame/guards.h>
+#include <Utility/frame/process_guards.h>
 #include <Utility/platform/platform.h>
 
 #include <cerrno>

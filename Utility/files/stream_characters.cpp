@@ -5,7 +5,7 @@
 #include <Utility/files/file_system_impl.h>
 #include <Utility/files/stream_entry.h>
 #include <Utility/platform/platform.h>
-#include <Utility/text/narrow_text.h>
+#include <Utility/text/byte_walk.h>
 
 namespace Torvo {
 

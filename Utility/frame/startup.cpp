@@ -2,10 +2,10 @@
 
 #include <Utility/bounded_copy.h>
 #include <Utility/charsets.h>
-#include <Utility/errors/string_resources.h>
+#include <Utility/errors/resources.h>
 #include <Utility/files/handle_limit.h>
 #include <Utility/frame/font_names.h>
-#include <Utility/frame/guards.h>
+#include <Utility/frame/process_guards.h>
 #include <Utility/frame/storage.h>
 #include <Utility/platform/platform.h>
 #include <Utility/resources.h>

@@ -1,5 +1,5 @@
 #include <Utility/clipping.h>
-#include <Utility/geometry/lanes.h>
+#include <Utility/geometry/coordinate_lanes.h>
 #include <Utility/geometry/sides.h>
 
 #include <algorithm>

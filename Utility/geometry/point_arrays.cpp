@@ -1,5 +1,5 @@
 #include <Utility/geometry.h>
-#include <Utility/geometry/lanes.h>
+#include <Utility/geometry/coordinate_lanes.h>
 #include <Utility/numbers/rounding.h>
 
 #include <algorithm>

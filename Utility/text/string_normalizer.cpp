@@ -5,8 +5,8 @@
 #include <Utility/locale_info.h>
 #include <Utility/platform/runtime.h>
 #include <Utility/strings.h>
-#include <Utility/text/narrow_text.h>
-#include <Utility/text/short_texts.h>
+#include <Utility/text/byte_walk.h>
+#include <Utility/text/short_comparison.h>
 #include <Utility/text/sign.h>
 
 #include <cstring>

@@ -2,7 +2,7 @@
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 #include <Utility/strings.h>
-#include <Utility/text/walker.h>
+#include <Utility/text/character_walk.h>
 
 namespace Torvo {
 
@@ -16,31 +16,31 @@ bool Walks() {
 }  // namespace
 
 uint64 zuStrLen(const wchar16* s) {
-    return Walks() ? walker::Length(s) : platform::wcslen(s);
+    return Walks() ? character_walk::Length(s) : platform::wcslen(s);
 }
 
 wchar16* zuStrchr(const wchar16* s, wchar16 c) {
-    return Walks() ? walker::Strchr(s, c) : platform::wcschr(s, c);
+    return Walks() ? character_walk::Strchr(s, c) : platform::wcschr(s, c);
 }
 
 wchar16* zuStrrchr(const wchar16* s, wchar16 c) {
-    return Walks() ? walker::Strrchr(s, c) : platform::wcsrchr(s, c);
+    return Walks() ? character_walk::Strrchr(s, c) : platform::wcsrchr(s, c);
 }
 
 wchar16* zuStrstr(const wchar16* s, const wchar16* sub) {
-    return Walks() ? walker::Strstr(s, sub) : platform::wcsstr(s, sub);
+    return Walks() ? character_walk::Strstr(s, sub) : platform::wcsstr(s, sub);
 }
 
 wchar16* zuStrpbrk(const wchar16* s, const wchar16* set) {
-    return Walks() ? walker::Strpbrk(s, set) : platform::wcspbrk(s, set);
+    return Walks() ? character_walk::Strpbrk(s, set) : platform::wcspbrk(s, set);
 }
 
 uint64 zuStrspn(const wchar16* s, const wchar16* set) {
-    return Walks() ? walker::Strspn(s, set) : platform::wcsspn(s, set);
+    return Walks() ? character_walk::Strspn(s, set) : platform::wcsspn(s, set);
 }
 
 uint64 zuStrcspn(const wchar16* s, const wchar16* set) {
-    return Walks() ? walker::Strcspn(s, set) : platform::wcscspn(s, set);
+    return Walks() ? character_walk::Strcspn(s, set) : platform::wcscspn(s, set);
 }
 
 // Goes on behind a whole character in both cases: a mark that follows a member of the set is never found.
@@ -48,7 +48,7 @@ int64 strrcspn(const wchar16* s, const wchar16* set) {
     const bool walks = Walks();
     int64 last = -1;
     for (const wchar16* p = s; *p != 0; p = platform::CharNextW(p)) {
-        p += walks ? walker::Strcspn(p, set) : platform::wcscspn(p, set);
+        p += walks ? character_walk::Strcspn(p, set) : platform::wcscspn(p, set);
         if (*p == 0) break;
         last = p - s;
     }
@@ -56,13 +56,13 @@ int64 strrcspn(const wchar16* s, const wchar16* set) {
 }
 
 wchar16* zuLastChar(const wchar16* s) {
-    if (Walks()) return walker::LastChar(s);
+    if (Walks()) return character_walk::LastChar(s);
     const uint64 length = platform::wcslen(s);
     return const_cast<wchar16*>(length > 0 ? s + length - 1 : s);
 }
 
 wchar16* zuStrtok(wchar16* s, const wchar16* delimiters, wchar16** context) {
-    return Walks() ? walker::Strtok(s, delimiters, context) : platform::wcstok(s, delimiters);
+    return Walks() ? character_walk::Strtok(s, delimiters, context) : platform::wcstok(s, delimiters);
 }
 
 wchar16* zuNextChar(const wchar16* s) {

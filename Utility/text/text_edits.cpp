@@ -1,7 +1,7 @@
 // Bounded searches and edits in place.
 
 #include <Utility/platform/runtime.h>
-#include <Utility/text/narrow_text.h>
+#include <Utility/text/byte_walk.h>
 #include <Utility/text/next_character.h>
 #include <Utility/text/unit_classes.h>
 #include <Utility/text_tools.h>

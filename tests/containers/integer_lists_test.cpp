@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "containers/integer_list_kinds.h"
-#include "containers/plain_integer_lists.h"
+#include "reference/plain_integer_lists.h"
 #include "support/random.h"
 #include "support/vtable_slot.h"
 

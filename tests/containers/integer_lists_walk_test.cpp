@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "containers/integer_list_kinds.h"
-#include "containers/plain_integer_lists.h"
+#include "reference/plain_integer_lists.h"
 #include "support/random.h"
 
 // Lists of many blocks, and walks that mix members and runs, compared with the plain forms.

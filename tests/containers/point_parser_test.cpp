@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "containers/plain_point_parser.h"
 #include "containers/points.h"
+#include "reference/plain_point_parser.h"
 #include "support/numeric_locale.h"
 #include "support/random.h"
 #include "support/vtable_slot.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "containers/container_failures.h"
-#include "containers/plain_sparse_set.h"
+#include "reference/plain_sparse_set.h"
 #include "support/random.h"
 
 // Sparse sets while memory is short.

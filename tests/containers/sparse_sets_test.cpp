@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "containers/plain_sparse_set.h"
+#include "reference/plain_sparse_set.h"
 #include "support/random.h"
 
 namespace {

@@ -1,5 +1,5 @@
-#include "geometry/plain_clip.h"
 #include "geometry/random_shapes.h"
+#include "reference/plain_clip.h"
 
 #include <Utility/clipping.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include <Utility/text/walker.h>
+#include <Utility/text/character_walk.h>
 
 #include <Utility/platform/runtime.h>
 #include <Utility/platform/text.h>
 
-namespace Torvo::walker {
+namespace Torvo::character_walk {
 
 namespace {
 
@@ -101,4 +101,4 @@ wchar16* Strtok(wchar16* s, const wchar16* delimiters, wchar16** context) {
     return token;
 }
 
-}  // namespace Torvo::walker
+}  // namespace Torvo::character_walk

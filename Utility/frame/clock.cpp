@@ -1,7 +1,7 @@
 #include <Utility/clock.h>
-#include <Utility/frame/guards.h>
+#include <Utility/frame/clock.h>
+#include <Utility/frame/process_guards.h>
 #include <Utility/frame/system_version.h>
-#include <Utility/numbers/clock.h>
 #include <Utility/numbers/rounding.h>
 #include <Utility/platform/clock.h>
 

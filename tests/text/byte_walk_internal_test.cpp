@@ -1,4 +1,4 @@
-#include <Utility/text/narrow_text.h>
+#include <Utility/text/byte_walk.h>
 #include <gtest/gtest.h>
 
 #include <string>

@@ -8,7 +8,7 @@
 
 #include <Utility/platform/types.h>
 
-namespace Torvo::walker {
+namespace Torvo::character_walk {
 
 // The number of characters.
 uint64 Length(const wchar16* s);
@@ -21,4 +21,4 @@ uint64 Strcspn(const wchar16* s, const wchar16* set);
 wchar16* LastChar(const wchar16* s);
 wchar16* Strtok(wchar16* s, const wchar16* delimiters, wchar16** context);
 
-}  // namespace Torvo::walker
+}  // namespace Torvo::character_walk

@@ -1,5 +1,5 @@
 #include <Utility/clock.h>
-#include <Utility/numbers/clock.h>
+#include <Utility/frame/clock.h>
 #include <gtest/gtest.h>
 
 #include <vector>

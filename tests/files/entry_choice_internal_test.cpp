@@ -1,4 +1,4 @@
-#include <Utility/files/find_entry.h>
+#include <Utility/files/entry_choice.h>
 #include <gtest/gtest.h>
 
 namespace {

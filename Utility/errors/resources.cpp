@@ -1,4 +1,4 @@
-#include <Utility/errors/string_resources.h>
+#include <Utility/errors/resources.h>
 
 #include <Utility/bounded_copy.h>
 #include <Utility/frame/instance_data.h>
