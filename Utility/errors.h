@@ -41,6 +41,7 @@
 // in the state of overflow; no call throws, except GetErrorNum, which says when.
 //
 // Example: examples/families/errors.cpp
+//          examples/families/error_functions.cpp
 #pragma once
 
 #include <Utility/platform/types.h>

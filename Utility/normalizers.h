@@ -7,9 +7,9 @@
 //                what it folds to. The order of the folded bytes is the sort order: the Swedish table puts Å, Ä and Ö
 //                in this order behind Z. A character that the charset lacks is compared as "_". A normal form is text
 //                again.
-//   Unicode      For csUTF8 and csUTF16, which do not differ, by the collation of a locale as the ICU libraries have
-//   it.
-//                A normal form is a key text, see below. Names of many languages in one national order need this kind.
+//   Unicode      For csUTF8 and csUTF16, which do not differ, by the collation of a locale as the ICU libraries
+//                have it. A normal form is a key text, see below. Names of many languages in one national order need
+//                this kind.
 //
 // CODES. A table is known by its conversion code, the CRC-16 of its 256 bytes. A caller holds the code and not the name
 // of a language: ConversionCodeForCharset says which code suits a charset and a locale today, and GetNormalizer gives
@@ -41,6 +41,7 @@
 // THREADS. Calls on one instance must not overlap, and each normalizer serves one thread at a time.
 //
 // Example: examples/families/normalizers.cpp
+//          examples/families/unicode_normalizer.cpp
 #pragma once
 
 #include <Utility/charsets.h>
