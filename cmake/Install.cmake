@@ -10,6 +10,15 @@ install(FILES ${TORVO_PUBLIC_HEADERS} ${PROJECT_BINARY_DIR}/include/Utility/vers
 install(FILES ${PROJECT_SOURCE_DIR}/Utility/platform/types.h ${PROJECT_SOURCE_DIR}/Utility/platform/host.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Utility/platform COMPONENT development)
 
+# What the headers point to: the pages, and the worked examples with what they print.
+set(TORVO_DOCUMENTS ${CMAKE_INSTALL_DATADIR}/doc/torvo-utility)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION ${TORVO_DOCUMENTS}
+        COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${TORVO_DOCUMENTS} COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/families ${PROJECT_SOURCE_DIR}/examples/embedding
+        DESTINATION ${TORVO_DOCUMENTS}/examples COMPONENT development)
+install(FILES ${PROJECT_SOURCE_DIR}/examples/show.h DESTINATION ${TORVO_DOCUMENTS}/examples COMPONENT development)
+
 install(TARGETS TorvoUtility EXPORT TorvoUtilityTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development

@@ -26,8 +26,8 @@ RUNTIME = ("lowest layer of a family of mapping applications",
            "Character sets, dates and times, numbers, files behind one cache, sets of row numbers and plane geometry,\n"
            "with the same answers on Linux and on Windows.")
 DEVELOPMENT = ("headers of Torvo Utility",
-               "What programs that use the library are built with: headers, CMake package and pkg-config file, and\n"
-               "printers by which gdb shows the library's records.")
+               "What programs that use the library are built with: headers, CMake package and pkg-config file,\n"
+               "documentation and examples, and printers by which gdb shows the library's records.")
 DEBUG = ("debug information of Torvo Utility", "For the debugger, which finds it by itself.")
 
 
@@ -117,6 +117,8 @@ def main():
     debug = Package(f"{runtime.name}-dbgsym", DEBUG, work)
     common.install(build, "runtime", runtime.tree / "usr")
     common.install(build, "development", development.tree / "usr")
+    documents = development.tree / "usr/share/doc"
+    (documents / "torvo-utility").rename(documents / development.name)
     library = (runtime.tree / f"usr/lib/libTorvoUtility.so.{major}").resolve(strict=True)
     split_debug_information(library, debug)
 

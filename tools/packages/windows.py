@@ -23,6 +23,7 @@ bin       TorvoUtility.dll and the compiler's DLLs, which it needs: a program fi
 lib       the import library, and the CMake package: find_package(TorvoUtility {version}), target Torvo::Utility,
           with this folder in CMAKE_PREFIX_PATH
 include   the headers: #include <Utility/Utility.h>
+share     the documentation, and the examples that the headers name, in share/doc/torvo-utility
 
 Programs are built with mingw-w64 for x86-64, posix threads, as the library is, since classes, exceptions and texts of
 the C++ library pass between the two.
