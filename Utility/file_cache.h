@@ -14,10 +14,10 @@
 // When the entry to be taken is dirty, all dirty blocks of its file are written, in the order of their numbers: a file
 // on disk is brought up to date as a whole, not one block here and one there.
 //
-// The cache reaches a file through its descriptor (GetFileFD), whose position it moves. A handle below 1 is no file: it
-// is never found. Nothing here leaves an error record. Each instance has a cache of its own, and calls on one must not
-// overlap. An instance may also have none (Instance gives null, after a host has set it so): the file system then reads
-// and writes directly.
+// The cache reaches a file through its descriptor (GetFileFD), whose position it may move. A handle below 1 is no
+// file: it is never found. Nothing here leaves an error record. Each instance has a cache of its own, and calls on one
+// must not overlap. An instance may also have none (Instance gives null, after a host has set it so): the file system
+// then reads and writes directly.
 //
 // How it works inside: docs/file_cache.md.
 //

@@ -127,7 +127,9 @@ ZUAPI int stream_read(int file, void* buffer, unsigned int count);
 ZUAPI bool fileremove(int file);
 // Removes all of the files or none: closes each and renames it to a temporary name beside it; when one cannot be
 // renamed, those before it get their names back, and the result is false; a file that the system does not let have it
-// back then lies beside its place under the temporary name. They stay registered.
+// back then lies beside its place under the temporary name. What can be renamed but not removed, as a read-only file,
+// lies there under the temporary name too, and the result is true. A handle whose name is a directory's is a failure.
+// They stay registered.
 ZUAPI bool group_fileremove(int* files, int count);
 // Gives a file another name, relative to its directory, and the handle of that name in *file; the old handle is
 // unregistered. `type` 0 keeps the type. A file on another disk is copied and removed. False if what is dirty cannot be

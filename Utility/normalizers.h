@@ -86,7 +86,7 @@ public:
     // A Unicode normalizer uses `capacity` units, or as many as the text has, without its terminator, when that is 0,
     // and fills what the key leaves with zeros. A key that does not fit is cut, still marked and terminated, and
     // compares by what is left of it. A key text stays as it is, with true. False, with the text as it was, for null,
-    // an empty text, room for less than 3 units, and where the key cannot be had.
+    // an empty text, room for less than 3 units (2 where the text has just as many), and where the key cannot be had.
     virtual bool NormalizeInPlace(wchar16* text, uint64 capacity) = 0;
 
     // -1, 0 or 1 as `a` comes before, with or after `b`. 0 if either is null.
@@ -151,26 +151,26 @@ ZUAPI uint16 ConversionCodeForCharset(ZUCHARSET cs, int32 lcid);
 // Whether one of the eleven tables has this code. The alias 5607 is not the code of a table.
 ZUAPI bool FindConversionTableCode(uint16 code);
 
-// The class of Unicode normalizers. A caller meets it by its error alone; GetNormalizer makes the objects.
+// The class of Unicode normalizers. GetNormalizer makes and keeps them; who makes one himself owns it.
 class UtfStringNormalizerImpl final : public StringNormalizer {
 public:
     enum eCreateError : int32 { eNoCollator = 1 };
 
     // Throws eNoCollator.
-    UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code);
-    ~UtfStringNormalizerImpl() override;
+    ZUAPI UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code);
+    ZUAPI ~UtfStringNormalizerImpl() override;
     UtfStringNormalizerImpl(const UtfStringNormalizerImpl&) = delete;
     UtfStringNormalizerImpl& operator=(const UtfStringNormalizerImpl&) = delete;
 
-    ZUCHARSET GetCharset() override;
-    uint16 GetConversionCode() override;
-    uint16 GetAsciiCode() override;
-    bool IsActive() override;
-    bool Normalize(const wchar16* source, wchar16** result, uint64* resultLength) override;
-    bool NormalizeInPlace(wchar16* text, uint64 capacity) override;
-    int32 Compare(const wchar16* a, const wchar16* b) override;
-    uint32 GetLCID() override;
-    bool IsNormalized(const wchar16* text) override;
+    ZUAPI ZUCHARSET GetCharset() override;
+    ZUAPI uint16 GetConversionCode() override;
+    ZUAPI uint16 GetAsciiCode() override;
+    ZUAPI bool IsActive() override;
+    ZUAPI bool Normalize(const wchar16* source, wchar16** result, uint64* resultLength) override;
+    ZUAPI bool NormalizeInPlace(wchar16* text, uint64 capacity) override;
+    ZUAPI int32 Compare(const wchar16* a, const wchar16* b) override;
+    ZUAPI uint32 GetLCID() override;
+    ZUAPI bool IsNormalized(const wchar16* text) override;
 
 private:
     struct Parts;

@@ -113,7 +113,7 @@ ZUAPI std::string WStringToString(const wstring16& src);
 // Whether `text` is like `pattern`, as in SQL, case-sensitive. It walks: in the pattern "%" stands for any number of
 // characters, none included, and "_" for exactly one; any other character for one whose first unit is the same. The
 // first unit of `escape` is the escape character, which takes a "%", a "_" or itself behind it for what it is; an empty
-// `escape` means that there is none.
+// `escape`, or null, means that there is none.
 //
 // True if the pattern is good, with the verdict in *match. False, with *match false and error 19 (resource 61), if the
 // escape character stands before any other character or at the end; but only if the match comes that far: a pattern

@@ -12,16 +12,13 @@
 #include <string>
 #include <vector>
 
+#include "require.h"
+
 namespace {
 
 using namespace Torvo;
 
-void Require(bool condition, const char* what) {
-    if (condition) return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
-
+using fuzz::Require;
 using Text = std::vector<wchar16>;
 
 // Bytes as text with its terminator; behind the mark where that is asked for.

@@ -15,9 +15,11 @@ public:
     int Read(int handle, int64 offset, void* bytes, int count) override {
         const int fd = GetFileFD(handle);
         if (fd < 0) return -1;
-        // What reaches to the end of the file need not be asked for once more to find that out.
+        // What reaches to the end of the file need not be asked for once more to find that out. Not every system tells
+        // the length of a file that it makes as it is read.
         const auto toTheEnd = static_cast<uint32>(std::clamp<int64>(filelength2(handle) - offset, 0, count));
-        return platform::ReadAt(fd, offset, bytes, static_cast<uint32>(count), toTheEnd);
+        const auto room = static_cast<uint32>(count);
+        return platform::ReadAt(fd, offset, bytes, room, toTheEnd > 0 ? toTheEnd : room);
     }
     bool Write(int handle, int64 offset, const void* bytes, int count) override {
         const int fd = GetFileFD(handle);

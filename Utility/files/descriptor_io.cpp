@@ -130,18 +130,15 @@ void ResizeBlocks(cFileCache& cache, int file, int64 former, int64 length) {
 }
 
 int ReadDirectly(FileEntry& entry, void* buffer, uint64 count) {
-    int result = -1;
-    if (entry.fd != -1) {
-        platform::_lseeki64(entry.fd, entry.position, 0);
-        result = platform::_read(entry.fd, buffer, static_cast<uint32>(count));
-    }
-    entry.position += static_cast<uint32>(result);  // a failure, -1, moves it on by 4294967295
+    const auto wanted = static_cast<uint32>(count);
+    const int result = entry.fd != -1 ? platform::ReadAt(entry.fd, entry.position, buffer, wanted, wanted) : -1;
+    // A failure, -1, moves it on by 4294967295. Unsigned, since a position beyond all limits only has to be wrong.
+    entry.position = static_cast<int64>(static_cast<uint64>(entry.position) + static_cast<uint32>(result));
     return result;
 }
 
 int WriteDirectly(FileEntry& entry, const void* buffer, uint64 count) {
-    platform::_lseeki64(entry.fd, entry.position, 0);
-    const int result = platform::_write(entry.fd, buffer, static_cast<uint32>(count));
+    const int result = platform::WriteAt(entry.fd, entry.position, buffer, static_cast<uint32>(count));
     if (result == -1) return -1;
     entry.position += result;
     entry.length = std::max(entry.length, entry.position);

@@ -39,8 +39,8 @@ public:
     void* BlockData(int slot) override { return slot >= 0 && slot < totalBlocks ? BytesOf(slot) : nullptr; }
     void EvictAt(int position) override;
 
-    // Where the bytes from a position of a file on are, if one block that is there holds `count` of them; it is the
-    // last used then, as after a Lookup with mode 0. Else null. Saves time only.
+    // Where the bytes from a position of a file on are, if one block that is there holds `count` of them; else null. A
+    // block with that position is the last used then in either case, as after a Lookup with mode 0. Saves time only.
     char* Find(int handle, int64 position, uint64 count) {
         int32 found = head;
         if (!HoldsPosition(entries[found], handle, position)) {
@@ -137,8 +137,7 @@ private:
     int32 totalBlocks;
     int32 usableBlocks;
     int32 blockSize;
-    // From a position to the number of its block; where that takes a division, only positions of block 0 come out
-    // right.
+    // From a position to the number of its block; -1 where that takes a division.
     int blockShift;
     ZeroedTable<CacheEntry> entries;
     ZeroedTable<char> pool;

@@ -110,8 +110,11 @@ const wchar16* AddRoot(const wchar16* path, AbsolutePath* target) {
     const bool hasDrive = IsDriveLetter(path[0]) && path[1] == ':';
     const auto drive = hasDrive ? path[0] : static_cast<wchar16>('A' + platform::_getdrive() - 1);
     const wchar16* const rest = hasDrive ? path + 2 : path;
-    target->Add(drive);
-    target->Add(':');
+    const bool isOnAShare = drive < 'A';  // the current directory has no drive then, and is told whole
+    if (!isOnAShare) {
+        target->Add(drive);
+        target->Add(':');
+    }
     if (!IsPathSeparator(*rest)) target->AddCurrentDirectory(drive);
     return rest;
 }

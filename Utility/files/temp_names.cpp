@@ -44,6 +44,10 @@ bool CanWriteIn(cFileSystem& files, const wchar16* folder) {
     wchar16 name[SystemPathSize];
     if (platform::GetTempFileNameW(folder, ZUTEXT("ZUN"), 0, name) == 0) return false;
     const int file = files.register_file(name, ftNone, true);
+    if (file == 0) {  // memory is short
+        platform::_wremove(name);
+        return true;
+    }
     files.fileremove(file);
     files.unregister_file(file);
     return true;

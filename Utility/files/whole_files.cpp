@@ -71,6 +71,8 @@ bool cFileSystemImpl::SetAside(int file, wchar16* temporaryName) {
     ReallyClose(*entry);
     Path path;
     if (!WholePathOf(*entry, &path)) return false;
+    const uint32 attributes = platform::GetFileAttributesW(path.data());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
     tempname(temporaryName, entry->name->directory);
     return rename2(path.data(), temporaryName) == 0;
 }
@@ -134,7 +136,9 @@ bool cFileSystemImpl::MoveFileTo(int from, int to, const wchar16* newName) {
         RaiseError(ERRORLEVEL_ERROR, 6, 48, newName);
         return false;
     }
-    if (rename2(oldPath.data(), newPath.data()) == 0 && !striequ(oldPath.data(), newPath.data())) return true;
+    // Two names that differ in case alone count as one. Where both can be there, the file is copied.
+    const bool isRenamed = !striequ(oldPath.data(), newPath.data()) && rename2(oldPath.data(), newPath.data()) == 0;
+    if (isRenamed) return true;
     if (!filecopy(from, to, false)) return false;
     if (fileremove(from)) return true;
     RaiseError(ERRORLEVEL_ERROR, 5, 47, oldPath.data());

@@ -166,11 +166,15 @@ bool UtfStringNormalizerImpl::NormalizeInPlace(wchar16* text, uint64 capacity) {
     if (keytext::HasMark(text)) return true;
     sCollationWork& work = parts->first;
     if (text[0] == 0 || !work.SetText(text)) return false;
-    const uint64 units = capacity != 0 ? capacity : platform::wcslen(text);
+    const uint64 length = platform::wcslen(text);
+    const uint64 units = capacity != 0 ? capacity : length;
     const uint64 bytes = units * sizeof(wchar16);
-    if (bytes < keytext::Overhead || !work.ComputeKey()) return false;
+    // Behind a room that the text fills, its own terminator stands.
+    const uint64 least = units == length ? sizeof keytext::Mark : keytext::Overhead;
+    if (bytes < least || !work.ComputeKey()) return false;
     std::memset(text, 0, bytes);
-    keytext::Write(text, work.Key(), std::min(work.KeySize(), bytes - keytext::Overhead));
+    const uint64 forKey = bytes > keytext::Overhead ? bytes - keytext::Overhead : 0;
+    keytext::Write(text, work.Key(), std::min(work.KeySize(), forKey));
     return true;
 }
 

@@ -475,6 +475,18 @@ TEST_F(NoCache, BytesGoStraightToTheFile) {
     EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "conT");
 }
 
+TEST_F(NoCache, ANegativePositionReadsAndWritesNothing) {
+    const int file = fileopen(files.Make(ZUTEXT("x.dat"), "0123456789"), omReadWrite, nullptr);
+    lseek2(file, -5, 0);
+    EXPECT_EQ(WriteBytes(file, "XYZ"), -1);
+    EXPECT_EQ(tell2(file), -5);
+    char bytes[4] = {};
+    EXPECT_EQ(read2(file, bytes, 3), -1);
+    EXPECT_EQ(tell2(file), 4294967290);
+    close2(file);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "0123456789");
+}
+
 TEST_F(NoCache, AFailedReadMovesThePositionByFourGigabytesLessOne) {
     const int file = fileopen(files.Make(ZUTEXT("x.dat"), "content"), omRead, nullptr);
     close2(file);

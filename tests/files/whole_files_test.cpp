@@ -61,6 +61,50 @@ TEST_F(WholeFiles, AFileIsRemovedWhoeverHoldsIt) {
     EXPECT_TRUE(fileremove(stream));
 }
 
+TEST_F(WholeFiles, ADirectoryIsNoneOfAGroup) {
+    const int inner = files.Make(ZUTEXT("sub\\inner"), "content");
+    const int other = files.Make(ZUTEXT("other"), "other");
+    int group[] = {other, register_file(files.directory.Path(ZUTEXT("sub")).c_str(), ftNone, true)};
+    EXPECT_FALSE(group_fileremove(group, 2));
+    EXPECT_EQ(files.directory.Read(ZUTEXT("other")), "other");
+    EXPECT_EQ(fileopen(inner, omRead, nullptr), inner);
+    close2(inner);
+}
+
+TEST_F(WholeFiles, WhatCannotBeRemovedOfAGroupLiesAside) {
+    int file = files.Make(ZUTEXT("kept"), "content");
+    files.directory.SetReadOnly(ZUTEXT("kept"), true);
+    EXPECT_TRUE(group_fileremove(&file, 1));
+    EXPECT_FALSE(files.directory.Has(ZUTEXT("kept")));
+    const auto left = std::filesystem::directory_iterator(files.directory.Native())->path().filename().u16string();
+    EXPECT_EQ(left.substr(0, 4), u"~ZUN");
+    files.directory.SetReadOnly(wstring16(left.begin(), left.end()), false);
+}
+
+TEST_F(WholeFiles, AnotherCaseIsTakenOrTheFileStaysWhole) {
+    int file = files.Make(ZUTEXT("c.dat"), "content");
+    const int old = file;
+    if (renamefile(&file, ZUTEXT("C.dat"), ftTxt)) {  // where the case of names counts
+        EXPECT_NE(file, old);
+        EXPECT_EQ(files.directory.Read(ZUTEXT("C.dat")), "content");
+        EXPECT_FALSE(files.directory.Has(ZUTEXT("c.dat")));
+    } else {
+        EXPECT_EQ(file, old);
+        EXPECT_TRUE(ThisErrorOccurred(6));
+        EXPECT_EQ(files.directory.Read(ZUTEXT("c.dat")), "content");
+        ClearErrors();
+    }
+    EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+    close2(file);
+}
+
+TEST_F(WholeFiles, AFileMayBeRenamedToItsOwnNameHoweverSpelt) {
+    const wstring16 path = files.directory.Write(ZUTEXT("z"), "content");
+    EXPECT_EQ(rename2(path.c_str(), path.c_str()), 0);
+    EXPECT_EQ(rename2(path.c_str(), files.directory.Path(ZUTEXT(".\\z")).c_str()), 0);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("z")), "content");
+}
+
 TEST_F(WholeFiles, AFileThatAnotherHandleHoldsStays) {
     const int other = files.Make(ZUTEXT("other"), "other");
     const wstring16 path = files.directory.Write(ZUTEXT("held"), "content");

@@ -254,6 +254,8 @@ TEST(PlatformFiles, AccessAsksForExistenceAndForWriting) {
         EXPECT_EQ(platform::_waccess(directory.Path(ZUTEXT("none")).c_str(), mode), -1) << mode;
         EXPECT_EQ(errno, ENOENT);
     }
+    EXPECT_EQ(platform::_waccess(file.c_str(), 1), -1);
+    EXPECT_EQ(errno, EINVAL);
     directory.SetReadOnly(ZUTEXT("file"), true);
     EXPECT_EQ(platform::_waccess(file.c_str(), 0), 0);
     EXPECT_EQ(platform::_waccess(file.c_str(), 4), 0);

@@ -120,6 +120,9 @@ TEST_F(LikeTest, OnlyTheFirstUnitOfTheEscapeCounts) {
 TEST_F(LikeTest, AnEmptyEscapeMeansNone) {
     EXPECT_EQ(Match(ZUTEXT("a!b"), ZUTEXT("a!b"), ZUTEXT("")), "yes");
     EXPECT_EQ(Match(ZUTEXT("a!b"), ZUTEXT("a!%"), ZUTEXT("")), "yes");
+    bool match = false;
+    EXPECT_TRUE(Like(ZUTEXT("a!b"), ZUTEXT("a!%"), nullptr, &match));
+    EXPECT_TRUE(match);
 }
 
 TEST_F(LikeTest, TheEscapeMayBeAWildcard) {

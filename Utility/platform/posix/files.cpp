@@ -75,8 +75,12 @@ int OpenOrCreate(const std::string& path, int flags, int permissions, bool* crea
 // Denies others what the share mode says; false with errno when others have been granted it.
 bool TakeLock(int file, int flags, int share) {
     if (share == ShareDenyNone) return true;
-    const int lock = !Writes(flags) && share == ShareDenyWrite ? LOCK_SH : LOCK_EX;
-    if (SystemCall([&] { return ::flock(file, lock | LOCK_NB); }) == 0) return true;
+    const auto take = [&](int lock) { return SystemCall([&] { return ::flock(file, lock | LOCK_NB); }) == 0; };
+    const bool isShared = !Writes(flags) && share == ShareDenyWrite;
+    if (take(isShared ? LOCK_SH : LOCK_EX)) return true;
+    // A file system of the network gives a lock against all others only to a descriptor that writes. A shared one keeps
+    // out those who write, and is refused while there are any.
+    if (!isShared && errno == EBADF && take(LOCK_SH)) return true;
     if (errno == RuntimeNoLocks || errno == RuntimeNoSuchCall || errno == RuntimeNotSupported) return true;
     if (errno == EAGAIN) errno = EACCES;
     return false;
@@ -104,6 +108,13 @@ bool EmptyIfAsked(int file, int flags, bool created) {
     return SystemCall([&] { return ::ftruncate(file, 0); }) == 0;
 }
 
+// A file that was created to be written is not read-only, whatever the process's mask takes from its mode.
+bool LetBeWritten(int file, int permissions, bool created, struct stat* status) {
+    if (!created || (permissions & PermitWrite) == 0 || !IsReadOnly(*status)) return true;
+    const mode_t mode = (status->st_mode & 07777) | S_IWUSR;
+    return SystemCall([&] { return ::fchmod(file, mode); }) == 0 && StatusOfOpen(file, status);
+}
+
 // A file that was created for nothing goes again, unless somebody else has got hold of it in between.
 void RemoveCreated(const std::string& path) {
     const int kept = errno;
@@ -117,7 +128,8 @@ int OpenShared(const std::string& path, int flags, int share, int permissions, s
     OpenFile file(OpenOrCreate(path, flags, permissions, &created));
     if (file.Get() == -1) return -1;
     const bool granted = TakeLock(file.Get(), flags, share) && StatusOfOpen(file.Get(), status) &&
-                         MayBeUsed(*status, flags, created) && EmptyIfAsked(file.Get(), flags, created);
+                         LetBeWritten(file.Get(), permissions, created, status) && MayBeUsed(*status, flags, created) &&
+                         EmptyIfAsked(file.Get(), flags, created);
     if (granted) {
         // A device is waited for again; for a file it makes no difference.
         if (!S_ISREG(status->st_mode)) ::fcntl(file.Get(), F_SETFL, 0);
@@ -158,12 +170,22 @@ int WriteAll(uint32 count, Call call) {
     return static_cast<int>(done);
 }
 
+// Whether two paths are spellings of one name: of the same file, which has no other name.
+bool IsSameName(const std::string& a, const std::string& b) {
+    if (a == b) return true;
+    struct stat first;
+    struct stat second;
+    return SystemCall([&] { return ::lstat(a.c_str(), &first); }) == 0 &&
+           SystemCall([&] { return ::lstat(b.c_str(), &second); }) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino && first.st_nlink == 1;
+}
+
 // Renames without replacing. Where the file system cannot do that in one step, the target is looked for first.
 int RenameToFree(const std::string& from, const std::string& to) {
     const int done =
         SystemCall([&] { return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE); });
     if (done == 0) return 0;
-    if (errno == EEXIST) return from == to ? 0 : -1;
+    if (errno == EEXIST) return IsSameName(from, to) ? 0 : Fail(EEXIST);
     if (errno != RuntimeNoSuchCall && errno != EINVAL) return -1;
     struct stat status;
     if (SystemCall([&] { return ::lstat(to.c_str(), &status); }) == 0) return Fail(EEXIST);

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <sys/utime.h>
 
+#include <cerrno>
 #include <climits>
 
 namespace Torvo::platform {
@@ -90,7 +91,9 @@ int64 _lseeki64(int descriptor, int64 offset, int whence) {
     return RuntimeCall(int64{-1}, [&] { return ::_lseeki64(descriptor, offset, whence); });
 }
 
+// The newer runtime's own tests of its arguments end the program where they are not met.
 int _chsize_s(int descriptor, int64 size) {
+    if (size < 0) return errno = EINVAL;
     return RuntimeCall(-1, [&] { return ::_chsize_s(descriptor, size) == 0 ? 0 : -1; }) == 0 ? 0 : errno;
 }
 
@@ -107,6 +110,10 @@ int _wremove(const wchar16* path) {
 }
 
 int _waccess(const wchar16* path, int mode) {
+    if ((mode & ~6) != 0) {
+        errno = EINVAL;
+        return -1;
+    }
     return RuntimeCall(-1, [&] { return ::_waccess(path, mode); });
 }
 

@@ -2,6 +2,8 @@
 
 #include <Utility/platform/stream_faults.h>
 
+#include <cerrno>
+
 namespace Torvo::platform {
 
 namespace {
@@ -70,6 +72,10 @@ int fputws(const wchar16* text, Stream* stream) {
 }
 
 int _fseeki64(Stream* stream, int64 offset, int whence) {
+    if (whence < 0 || whence > 2) {  // the newer runtime ends the program
+        errno = EINVAL;
+        return -1;
+    }
     return StreamCall(stream, -1, [&] {
         const int result = ::_fseeki64(stream, offset, whence);
         // Not every runtime of that name takes the end of the file back when it finds the place in its buffer.

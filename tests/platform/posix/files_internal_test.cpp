@@ -51,6 +51,52 @@ TEST(PosixFiles, LocksAreTheSystemsOwn) {
     platform::_close(file);
 }
 
+// Where a lock against all others is given to those alone who write: the third call, behind the status and the opening.
+template <typename Call>
+int WithoutLockAgainstAll(Call call) {
+    const test::FailingFiles faults(3, test::FailingFiles::Mode::kOnce, EBADF);
+    return call();
+}
+
+TEST(PosixFiles, AFileOfTheNetworkIsMovedAndRemovedUnlessAWriterHoldsIt) {
+    const TempDirectory directory;
+    const wstring16 a = directory.Write(ZUTEXT("a"), "first");
+    const wstring16 b = directory.Path(ZUTEXT("b"));
+    const int writer = OpenToWrite(a);
+    ASSERT_NE(writer, -1);
+    EXPECT_EQ(WithoutLockAgainstAll([&] { return platform::_wremove(a.c_str()); }), -1);
+    EXPECT_EQ(errno, EACCES);
+    platform::_close(writer);
+    EXPECT_EQ(WithoutLockAgainstAll([&] { return platform::_wrename(a.c_str(), b.c_str()); }), 0);
+    EXPECT_EQ(WithoutLockAgainstAll([&] { return platform::_wremove(b.c_str()); }), 0);
+}
+
+TEST(PosixFiles, AMaskDoesNotMakeACreatedFileReadOnly) {
+    const TempDirectory directory;
+    const wstring16 path = directory.Path(ZUTEXT("file"));
+    const mode_t mask = ::umask(0222);
+    int file = -1;
+    const int result =
+        platform::_wsopen_dispatch(path.c_str(), platform::OpenReadWrite | platform::OpenCreate,
+                                   platform::ShareDenyBoth, platform::PermitRead | platform::PermitWrite, &file, 0);
+    ::umask(mask);
+    ASSERT_EQ(result, 0);
+    platform::_close(file);
+    EXPECT_EQ(platform::GetFileAttributesW(path.c_str()), FILE_ATTRIBUTE_ARCHIVE);
+    EXPECT_EQ(platform::_wremove(path.c_str()), 0);
+}
+
+// The system tells a length of 0 for such a file.
+TEST(PosixFiles, AFileThatIsMadeAsItIsReadIsReadToItsEnd) {
+    const test::FreshFiles files;
+    const int file = register_file(ZUTEXT("/proc/self/smaps"), ftNone, true);
+    ASSERT_EQ(fileopen(file, omRead, nullptr), file);
+    EXPECT_EQ(filelength2(file), 0);
+    std::array<char, 8192> bytes;
+    EXPECT_EQ(read2(file, bytes.data(), bytes.size()), 8192);
+    close2(file);
+}
+
 TEST(PosixFiles, OneWriteBitOfAnySortMakesAFileWritable) {
     const TempDirectory directory;
     const wstring16 path = directory.Write(ZUTEXT("file"), "x");
