@@ -17,6 +17,9 @@
 // of the calling thread's instance are created; a later change of the locale leaves it as it is. It is one of the
 // Windows sets, or csNeutral for a locale without an ANSI page; never a Unicode set.
 //
+// The current ANSI and OEM pages are the machine's on Windows; elsewhere they are those of the thread's locale at the
+// moment of the call, which may be another than the system charset's once the locale was changed.
+//
 // The table of the sets is constant. Everything here may be called on any thread, and every text that comes back is a
 // constant that nobody frees.
 //
@@ -32,7 +35,7 @@ namespace Torvo {
 enum ZUCHARSET : int32 {
     csUnknown = -1,  // no such set; only Str2CS gives it
 
-    csNeutral = 0,  // bytes as this machine's ANSI page has them; counts as "no set" in IsStrConvertNecessary
+    csNeutral = 0,  // bytes in the current ANSI page; counts as "no set" in IsStrConvertNecessary
 
     csISO8859_1 = 1,  // "ISO8859_1", code page 28591
     csISO8859_2 = 2,  // "ISO8859_2", code page 28592
@@ -70,7 +73,7 @@ enum ZUCHARSET : int32 {
     csMacJapanese = 32,         // "MacJapanese"
     csMacKorean = 33,           // "MacKorean"
 
-    csCodePage437 = 34,  // this machine's OEM page, whatever its number
+    csCodePage437 = 34,  // the current OEM page, whatever its number
     csCodePage850 = 35,  // "CodePage850", code page 850
     csCodePage852 = 36,  // "CodePage852", code page 852
     csCodePage857 = 37,  // "CodePage857", code page 857

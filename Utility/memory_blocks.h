@@ -23,7 +23,9 @@ ZUAPI void ffree_(void** block);
 // Resizes *block to `size` bytes, keeping its content up to the smaller size and zeroing what is new; null is a block
 // of size 0. What was last asked for counts as the old size, even where the heap reports more: growing from 8 to 16
 // bytes zeroes the second eight. (For a block that did not come from these functions, the size that the heap reports
-// counts as the old one.) A size of 0 leaves a minimal block, not null. Returns whether *block is non-null.
+// counts as the old one.) The bytes between what was last asked for and what memSize reports belong to these functions,
+// which keep them zero for that: write there only after a GetMem_ has granted that size. A size of 0 leaves a minimal
+// block, not null. Returns whether *block is non-null.
 //
 // On failure *block is null and the old block is lost to the caller: it is NOT freed, and nothing leads to it any more.
 // A caller that must not lose it keeps a copy of the pointer and frees that.

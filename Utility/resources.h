@@ -7,7 +7,8 @@
 // it. So up to ten texts can be held at once, as for one message with several looked-up parts. Texts are cut to 255
 // units.
 //
-// Look-ups allocate nothing, and nothing here leaves an error record. Calls on one instance must not overlap.
+// Look-ups allocate nothing, but for those that load a resource library or try to, and nothing here leaves an error
+// record. Calls on one instance must not overlap.
 //
 // Example: examples/families/resources.cpp
 #pragma once
@@ -72,10 +73,10 @@ private:
     const sStringTable* table;
 };
 
-// Texts from a resource library, loaded at the first look-up. A library that cannot be loaded is tried again at each
-// look-up. Of a text in several languages, which one is the system's choice: by the language of the thread's user
-// interface on Windows; elsewhere the neutral one, else that of the thread's locale, of its primary language, of the
-// United States, else the first.
+// Texts from a resource library, loaded at the first look-up. Of a number the low 16 bits count. A library that cannot
+// be loaded is tried again at each look-up. Of a text in several languages, which one is the system's choice: by the
+// language of the thread's user interface on Windows; elsewhere the neutral one, else that of the thread's locale, of
+// its primary language, of the United States, else the first.
 class ZUAPI cResourceDLL : public cStringResource {
 public:
     // Thrown for a null name.

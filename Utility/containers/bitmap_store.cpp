@@ -78,7 +78,7 @@ void BitmapStore::Free(uint16* bitmap) {
     void* block = bitmap;
     ffree_(&block);
     --singles_;
-    Release(spare_);
+    if (singles_ < kSingles / 2) Release(spare_);
 }
 
 void BitmapStore::Close() {
@@ -124,7 +124,8 @@ void BitmapStore::FreeInSlab(BitmapSlab& slab, uint16* bitmap) {
     Unlink(slab);
     if (slab.used > 0) return Link(slab, true);
     BitmapSlab* empty = &slab;
-    const bool wanted = spare_ == nullptr && singles_ >= kSingles && !(first_ != nullptr && first_->HasRoom());
+    // One is kept even where another has room: a list that shrinks and grows about there would make a slab each time.
+    const bool wanted = spare_ == nullptr && singles_ >= kSingles / 2;
     if (wanted) {
         spare_ = empty;
     } else {

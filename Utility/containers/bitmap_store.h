@@ -6,7 +6,8 @@
 // system is asked to back by large pages. Where there are no large pages to be had, there are no slabs.
 //
 // A slab is never needed: where memory for one is short, a block for the single bitmap is tried. A slab that has become
-// empty is given back, unless it is the only one with room and the list is likely to want it again.
+// empty is kept for the next bitmap, one of them at most, until the list has shrunk to few bitmaps; any other is given
+// back.
 #pragma once
 
 #include <Utility/platform/types.h>

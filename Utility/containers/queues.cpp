@@ -125,7 +125,8 @@ bool DequeueAtIndex(QUEUE* queue, Q_ELEM** out, int32 index) {
 
 bool DequeueThisElement(QUEUE* queue, Q_ELEM* element) {
     if (element == nullptr || queue->head == nullptr) return false;
-    Q_ELEM* const previous = Before(queue, element);
+    // The head needs no walk, and whoever empties a queue from the front takes nothing else.
+    Q_ELEM* const previous = queue->head == element ? nullptr : Before(queue, element);
     if (previous == nullptr && queue->head != element) return false;
     RemoveBehind(queue, previous);
     return true;

@@ -25,18 +25,6 @@ uint32 OccupiedWordBelow(const uint16* bitmap, uint32 word) {
     return kWords;
 }
 
-// Makes the map of a bitmap that was written to directly.
-void MakeMap(uint16* bitmap) {
-    for (uint32 mapWord = 0; mapWord < kMapWords; ++mapWord) {
-        uint64 occupied = 0;
-        for (uint32 bit = 0; bit < bits::kWordBits; ++bit) {
-            const bool isOccupied = bits::LoadWord(bitmap, mapWord * bits::kWordBits + bit) != 0;
-            occupied |= uint64{isOccupied ? 1u : 0u} << bit;
-        }
-        bits::StoreWord(MapOf(bitmap), mapWord, occupied);
-    }
-}
-
 }  // namespace
 
 bool MakeBitmap(BitmapStore& store, flist_page& page) {
@@ -99,10 +87,23 @@ bool CopyRange(BitmapStore& store, flist_page& page, const flist_page& source, u
     const uint32 count = CountOfRange(source, first, last);
     if (count == 0) return true;
     if (!MakeBitmap(store, page)) return false;
-    std::memcpy(page.bits, source.bits, kBitmapBytes);
-    if (first > 0) bits::FillRange(page.bits, 0, first - 1, false);
-    if (last < kPlaces - 1) bits::FillRange(page.bits, last + 1, kPlaces - 1, false);
-    MakeMap(page.bits);
+    // By the words that the map tells of, so that of a thinly filled page little is read and written.
+    const uint32 firstWord = first / bits::kWordBits;
+    const uint32 lastWord = last / bits::kWordBits;
+    for (uint32 mapWord = firstWord / bits::kWordBits; mapWord <= lastWord / bits::kWordBits; ++mapWord) {
+        uint64 occupied = 0;
+        for (uint64 rest = bits::LoadWord(MapOf(source.bits), mapWord); rest != 0; rest &= rest - 1) {
+            const uint32 word = mapWord * bits::kWordBits + static_cast<uint32>(std::countr_zero(rest));
+            if (word < firstWord || word > lastWord) continue;
+            uint64 members = bits::LoadWord(source.bits, word);
+            if (word == firstWord) members &= bits::MaskOf(first % bits::kWordBits, bits::kWordBits - 1);
+            if (word == lastWord) members &= bits::MaskOf(0, last % bits::kWordBits);
+            if (members == 0) continue;
+            bits::StoreWord(page.bits, word, members);
+            occupied |= rest & (0 - rest);
+        }
+        bits::StoreWord(MapOf(page.bits), mapWord, occupied);
+    }
     page.count = count;
     return true;
 }
@@ -144,6 +145,7 @@ uint32 PlaceOfRank(const uint16* bitmap, uint32 word, uint32 rank) {
 uint32 CountOfRange(const flist_page& page, uint32 first, uint32 last) {
     if (IsFull(page)) return last - first + 1;
     if (IsEmpty(page)) return 0;
+    if (last - first == kPlaces - 1) return page.count;
     return bits::CountOfRange(page.bits, first, last);
 }
 

@@ -83,10 +83,10 @@ cStringTable::cStringTable(const cStringTable& other) = default;
 bool cStringTable::FindString(int id, wchar16* buffer) const {
     if (table == nullptr) return false;
     for (const sStringTable* row = table; row->id != 0; ++row) {
-        if (row->id == id && row->text != nullptr) {
-            strcpyn(buffer, row->text, ResourceTextSize);
-            return true;
-        }
+        if (row->id != id) continue;
+        if (row->text == nullptr) return false;
+        strcpyn(buffer, row->text, ResourceTextSize);
+        return true;
     }
     return false;
 }

@@ -21,16 +21,26 @@ namespace {
 // host's callback that refuses, no slot left); the services' own constructors and destructors must find it all the
 // same, or each of them would build another one without end.
 thread_local InstanceData* instanceInWork = nullptr;
+thread_local bool isBuilding = false;
 
 class InstanceInWork {
 public:
-    explicit InstanceInWork(InstanceData* instance) : former(instanceInWork) { instanceInWork = instance; }
-    ~InstanceInWork() { instanceInWork = former; }
+    enum class Work { Build, Destroy };
+
+    InstanceInWork(InstanceData* instance, Work work) : former(instanceInWork), wasBuilding(isBuilding) {
+        instanceInWork = instance;
+        isBuilding = work == Work::Build;
+    }
+    ~InstanceInWork() {
+        instanceInWork = former;
+        isBuilding = wasBuilding;
+    }
     InstanceInWork(const InstanceInWork&) = delete;
     InstanceInWork& operator=(const InstanceInWork&) = delete;
 
 private:
     InstanceData* const former;
+    const bool wasBuilding;
 };
 
 // The file cache of an instance: 32 MiB.
@@ -48,7 +58,7 @@ bool Install(T* created) {
 InstanceData* CreateServices() {
     InstanceData* const instance = InstanceData::Create();
     if (instance == nullptr) return nullptr;
-    const InstanceInWork inWork(instance);
+    const InstanceInWork inWork(instance, InstanceInWork::Work::Build);
     static_cast<void>(Install(cStringResourceBuffers::Create()) &&   //
                       Install(cErrorSystem::Create()) &&             //
                       Install(cLocaleInfo::Create()) &&              //
@@ -74,6 +84,8 @@ InstanceData* MoveThreadInstanceToHost() {
 }  // namespace
 
 InstanceData* FindOrCreateInstance() {
+    // What is being built gets its services itself where the store did not take it.
+    if (isBuilding) return instanceInWork;
     if (InstanceData* const moved = MoveThreadInstanceToHost()) return moved;
     if (instanceInWork != nullptr) return instanceInWork;
     return CreateServices();
@@ -147,7 +159,7 @@ void InstanceData::Destroy(bool onlyIfAutoDestroy, bool fromThreadStore) {
     if (onlyIfAutoDestroy && !target->GetAutoDestroy()) return;
     {
         // Each getter travels the ordinary road, so these are the services of the current store's instance.
-        const InstanceInWork inWork(target);
+        const InstanceInWork inWork(target, InstanceInWork::Work::Destroy);
         delete cStringResourceBuffers::Instance();
         delete cErrorSystem::Instance();
         delete StringNormalizerManager::Instance();

@@ -1,3 +1,4 @@
+#include <Utility/platform/path_separator.h>
 #include <Utility/platform/platform.h>
 #include <Utility/startup.h>
 
@@ -11,6 +12,15 @@ constexpr uint32 PathSize = 260;
 bool ModuleFileName(HINSTANCE module, wchar16 (&path)[PathSize]) {
     const uint32 length = platform::GetModuleFileNameW(module, path, PathSize);
     return length > 0 && length < PathSize;
+}
+
+// The file name alone. Only this much is split, so that the directory, which plays no part, may be of any length.
+const wchar16* FileName(const wchar16* path) {
+    const wchar16* name = path;
+    for (; *path != 0; ++path) {
+        if (platform::IsPathSeparator(*path)) name = path + 1;
+    }
+    return name;
 }
 
 }  // namespace
@@ -27,7 +37,7 @@ bool LoadZULibrary(wchar16 const* library, wchar16 const* siblingModule, HINSTAN
     wchar16 path[PathSize];
     result = nullptr;
     if (!ModuleFileName(sibling, siblingPath)) return false;
-    if (!platform::_wsplitpath(siblingPath, &place) || !platform::_wsplitpath(library, &file)) return false;
+    if (!platform::_wsplitpath(siblingPath, &place) || !platform::_wsplitpath(FileName(library), &file)) return false;
     const wchar16* const extension = file.extension[0] != 0 ? file.extension : ZUTEXT("dll");
     if (!platform::_wmakepath(path, PathSize, place.drive, place.directory, file.name, extension)) return false;
 

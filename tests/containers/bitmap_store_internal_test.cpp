@@ -95,9 +95,26 @@ TEST_F(BitmapStores, AnEmptySlabIsKeptForTheNextBitmapAlone) {
     }
     FreeLast();
     EXPECT_EQ(test::LiveBlocks() - before, 1);
-    // With a block of its own less, the next bitmap would not lie in a slab.
+    // A list that has shrunk to half of the blocks of its own is not likely to want it.
+    while (bitmaps_.size() >= BitmapStore::kSingles / 2) FreeLast();
+    EXPECT_EQ(test::LiveBlocks() - before, int64{BitmapStore::kSingles / 2 - 1} - int64{BitmapStore::kSingles});
+}
+
+TEST_F(BitmapStores, AnEmptySlabIsKeptBesideOneWithRoom) {
+    if (!HasSlabs()) GTEST_SKIP() << "the system gives no large pages";
+    bitmaps_.reserve(kMany);
+    TakeMany(BitmapStore::kSingles + 1);
+    const int64 oneSlab = test::LiveBlocks();
+    while (test::LiveBlocks() == oneSlab) TakeMany(bitmaps_.size() + 1);
+    // First one of the full slab goes, then the only one of the second.
+    std::swap(bitmaps_.back(), bitmaps_[bitmaps_.size() - 2]);
     FreeLast();
-    EXPECT_EQ(test::LiveBlocks() - before, -1);
+    FreeLast();
+    EXPECT_EQ(test::LiveBlocks(), oneSlab + 1);
+    const FailingHeap heap(1);
+    EXPECT_NE(Take(), nullptr);
+    EXPECT_NE(Take(), nullptr);
+    EXPECT_FALSE(heap.Refused());
 }
 
 TEST_F(BitmapStores, WithoutMemoryForASlabABlockWillDo) {

@@ -59,6 +59,22 @@ void ExpectSound(const QUEUE& queue) {
     EXPECT_EQ(queue.tail, last);
 }
 
+// What lies behind the head is not looked at: here it leads to itself, and a walk would not end.
+TEST(Queue, TheHeadIsTakenOutWithoutAWalk) {
+    Item head(1);
+    Item behind(2);
+    for (const bool byIndex : {false, true}) {
+        head.next = &behind;
+        behind.next = &behind;
+        QUEUE queue{&head, &behind};
+        Q_ELEM* out = nullptr;
+        EXPECT_TRUE(byIndex ? DequeueAtIndex(&queue, &out, 0) : DequeueThisElement(&queue, &head));
+        EXPECT_EQ(queue.head, &behind);
+        EXPECT_EQ(queue.tail, &behind);
+        EXPECT_EQ(head.next, nullptr);
+    }
+}
+
 TEST(Queue, ElementStartsUnlinkedAndCopiesItsLink) {
     Item a(1);
     Item b(2);

@@ -19,6 +19,26 @@ constexpr int32 kPage = 262144;
 
 using SparseSetFailures = test::ContainerFailures;
 
+TEST_F(SparseSetFailures, CopyLeavesOutWhatLiesOutsideTheBoundsOfABitmap) {
+    flist* list = flist_init();
+    flist_add_range(list, 0, kPage - 1);
+    {
+        const FailingHeap heap(1);
+        EXPECT_FALSE(flist_remove(list, 0));
+        EXPECT_FALSE(flist_remove(list, kPage - 1));
+    }
+    EXPECT_TRUE(flist_remove(list, 100));  // a bitmap now, with a member beyond either bound
+    flist* copy = flist_copy(list);
+    EXPECT_EQ(flist_count(copy), kPage - 3);
+    EXPECT_FALSE(flist_member(copy, 0));
+    EXPECT_FALSE(flist_member(copy, kPage - 1));
+    int32 members = 0;
+    for (int32 item = flist_next(copy, -1); item != -1; item = flist_next(copy, item)) ++members;
+    EXPECT_EQ(members, kPage - 3);
+    flist_destroy(copy);
+    flist_destroy(list);
+}
+
 TEST_F(SparseSetFailures, InitGivesNull) {
     const uint64 requests = test::RefuseEachRequest([](uint64 nth, FailingHeap::Mode mode) {
         FailingHeap heap(nth, mode);

@@ -33,6 +33,11 @@ TEST(StringTable, FindsTextsInAnyOrderAndTheFirstOfTwoEqual) {
     EXPECT_EQ(wstring16(table[8]), ZUTEXT(""));
 }
 
+TEST(StringTable, ARowWithoutATextEndsTheSearchForItsNumber) {
+    cStringTable::sStringTable withoutText[] = {{3, nullptr}, {3, ZUTEXT("second")}, {0, nullptr}};
+    EXPECT_EQ(wstring16(cStringTable(withoutText)[3]), MissingText("3"));
+}
+
 TEST(StringTable, EndsAtTheRowOfIdZeroWhichCannotBeLookedUp) {
     const cStringTable table(rows);
     EXPECT_EQ(wstring16(table[0]), MissingText("0"));
@@ -168,6 +173,19 @@ TEST(ResourceLibrary, RefusesANullName) {
         FAIL() << "not refused";
     } catch (cResourceDLL::eLoadError error) {
         EXPECT_EQ(error, 1);
+    }
+}
+
+TEST(ResourceLibrary, ThatIsCutOffIsNotLoadedAndTriedAgain) {
+    std::ifstream source(DataPath("strings.dll"), std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(source), std::istreambuf_iterator<char>()};
+    const std::string path = test::BuildPath("resource_library_cut_test.dll");
+    for (const std::size_t length : {2u, 64u, 512u, 2048u}) {
+        std::ofstream(path, std::ios::binary | std::ios::trunc) << whole.substr(0, length);
+        cResourceDLL library(Wide(path).c_str());
+        EXPECT_EQ(wstring16(library[1]), MissingText("1")) << length;
+        library.SetResource(Wide(DataPath("strings.dll")).c_str());
+        EXPECT_EQ(wstring16(library[1]), ZUTEXT("one")) << length;
     }
 }
 

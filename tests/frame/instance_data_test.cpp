@@ -202,6 +202,33 @@ TEST(Instance, DestroyOnAFreshThreadLeavesNothing) {
     });
 }
 
+TEST_F(HostStore, AClearWithoutACounterpartMakesTheNextCallOnlyCount) {
+    OnFreshThread([] {
+        ClearExternalDataStorage();
+        SetExternalDataStorage(HostGet, HostSet);
+        EXPECT_NE(GetInstanceData(), nullptr);
+        EXPECT_EQ(hostGets, 0);
+        EXPECT_EQ(hostInstance, nullptr);
+        InstanceData::Destroy(false, false);  // the count is 0 again
+    });
+}
+
+TEST_F(HostStore, ThatRefusesLeavesTheThreadsInstanceAloneWhenAnotherIsCreated) {
+    OnFreshThread([] {
+        InstanceData* const threads = GetInstanceData();
+        void* const buffers = threads->GetSlot(9);
+        SetExternalDataStorage(nullptr, nullptr);
+        InstanceData* const created = CreateInstanceData();
+        EXPECT_NE(created->GetSlot(9), nullptr);
+        EXPECT_EQ(threads->GetSlot(9), buffers);
+        ClearExternalDataStorage();
+        for (InstanceData* const instance : {threads, created}) {
+            SetInstanceData(instance);
+            InstanceData::Destroy(false, false);
+        }
+    });
+}
+
 TEST_F(HostStore, TakesOverTheInstanceThatAThreadAlreadyHas) {
     OnFreshThread([] {
         InstanceData* const own = GetInstanceData();

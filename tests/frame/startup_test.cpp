@@ -62,6 +62,7 @@ TEST_F(SiblingLibrary, IsFoundByNameBesideTheProgram) {
     EXPECT_NE(library, nullptr);
     EXPECT_EQ(Load(ZUTEXT("dbinfo.dll")), library);
     EXPECT_EQ(Load(ZUTEXT("C:\\any\\directory\\at\\all\\dbinfo.dll")), library) << "a directory part is ignored";
+    EXPECT_EQ(Load((wstring16(400, wchar16{'d'}) + ZUTEXT("\\dbinfo")).c_str()), library) << "of any length";
     EXPECT_EQ(Load(ZUTEXT("dbinfo"), ZUTEXT("no_module_of_this_name")), library);
     EXPECT_EQ(Load(ZUTEXT("dbinfo"), ZUTEXT("dbinfo.dll")), library) << "beside a module that is loaded";
 }

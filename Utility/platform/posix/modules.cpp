@@ -154,7 +154,9 @@ HINSTANCE LoadImage(const std::string& path) {
     if (absolute.empty()) return nullptr;
     if (const HINSTANCE loaded = modules.AddImageReference(absolute)) return loaded;
     auto content = ReadImage(absolute);
-    return content ? modules.AddImage(absolute, std::make_unique<ResourceImage>(std::move(*content))) : nullptr;
+    if (!content) return nullptr;
+    auto image = std::make_unique<ResourceImage>(std::move(*content));
+    return image->IsWhole() ? modules.AddImage(absolute, std::move(image)) : nullptr;
 }
 
 // A path is made absolute first: the loader remembers the one it was given, and the current directory may change.

@@ -99,21 +99,28 @@ ResourceImage::ResourceImage(std::vector<uint8> fileContent) : content(std::move
     constexpr std::size_t optionalOffset = 24;
     const auto magic = Read16(header, optionalOffset);
     if (magic != Pe32Magic && magic != Pe32PlusMagic) return;
+    isWhole = ReadSections(header, optionalOffset + *optionalSize, *sectionCount);
     const std::size_t directoriesOffset = optionalOffset + (magic == Pe32PlusMagic ? 112 : 96);
     const auto directoryCount = Read32(header, directoriesOffset - 4);
     const auto resourceAddress = Read32(header, directoriesOffset + ResourceDirectoryIndex * 8);
     if (!directoryCount || *directoryCount <= ResourceDirectoryIndex || !resourceAddress || *resourceAddress == 0)
         return;
+    resources = AtAddress(*resourceAddress, 0);
+}
 
-    for (std::size_t i = 0; i < *sectionCount; ++i) {
-        const std::size_t at = optionalOffset + *optionalSize + i * SectionHeaderSize;
+// Takes the sections that the table names, as far as it goes; whether it and all of their bytes are in the file.
+bool ResourceImage::ReadSections(Bytes header, std::size_t offset, std::size_t count) {
+    bool complete = count > 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = offset + i * SectionHeaderSize;
         const auto address = Read32(header, at + 12);
         const auto size = Read32(header, at + 16);
-        const auto offset = Read32(header, at + 20);
-        if (!address || !size || !offset) break;
-        sections.push_back({*address, *size, *offset});
+        const auto fileOffset = Read32(header, at + 20);
+        if (!address || !size || !fileOffset) return false;
+        sections.push_back({*address, *size, *fileOffset});
+        complete = complete && (*fileOffset == 0 || std::size_t{*fileOffset} + *size <= content.size());
     }
-    resources = AtAddress(*resourceAddress, 0);
+    return complete;
 }
 
 // What lies at an address of the loaded image: `size` bytes, or for a size of 0 all to the end of the section. Empty if

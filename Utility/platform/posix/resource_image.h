@@ -23,6 +23,10 @@ public:
     // Whether the bytes begin as a Windows executable does.
     static bool HasSignature(std::span<const uint8> bytes);
 
+    // Whether all of the image is there: its headers, and what its sections take from the file. The loader of the other
+    // system loads no other.
+    bool IsWhole() const { return isWhole; }
+
     // The units of string `id`, as they lie in the file: little-endian, two bytes each, `length` of them.
     struct String {
         const uint8* units;
@@ -35,6 +39,7 @@ public:
 private:
     using Bytes = std::span<const uint8>;
 
+    bool ReadSections(Bytes header, std::size_t offset, std::size_t count);
     Bytes AtAddress(uint32 address, std::size_t size) const;
     Bytes StringBlock(uint16 block, uint32 locale) const;
 
@@ -45,6 +50,7 @@ private:
     };
     std::vector<uint8> content;
     std::vector<Section> sections;
+    bool isWhole = false;
     Bytes resources;  // from the root of the resource directory to the end of its section
 };
 
