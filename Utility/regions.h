@@ -27,7 +27,8 @@ ZUAPI bool rgn_equal(HRGN a, HRGN b);
 ZUAPI HRGN rgn_intersect(HRGN a, HRGN b);
 // Adds a rectangle, or for null nothing, to a region, and returns that region; for a null region a new one. A region
 // that grows too complex for the system loses its shape: it is replaced by its bounds before the rectangle is added, so
-// that it covers too much, and never less than it did.
+// that it covers too much, and never less than it did; where there is no memory for the rectangle either, that is left
+// out.
 ZUAPI HRGN rgn_unionrect(HRGN region, const LRECT* rect);
 
 }  // namespace Torvo

@@ -31,7 +31,8 @@ ZUCHARSET cFileSystemImpl::ProcessUTFBom(FILE* file) {
     if (file == nullptr) return csUnknown;
     unsigned char bytes[sizeof kMark] = {};
     const int64 start = ftell2(file);
-    if (fread2(bytes, 1, sizeof bytes, file) == 0) return csUnknown;
+    // Who does not know where the stream stands could not put it back.
+    if (start == -1 || fread2(bytes, 1, sizeof bytes, file) == 0) return csUnknown;
     const bool isThere = IsMark(bytes);
     fseek2(file, isThere ? start + static_cast<int64>(sizeof bytes) : start, SEEK_SET);
     return isThere ? csUTF8 : csUnknown;

@@ -272,9 +272,17 @@ Operations IntegerListOperations() {
         {"ZUList::Add, to tagged words",
          [](Trial& trial) {
              const std::unique_ptr<ZUList<uint64>> list(ZUList<uint64>::Create());
-             list->Add(1);
-             trial.Try([&] { return list->Add(uint64{1} << 40); }, [&] { return list->Count() == 1; });
-             EXPECT_EQ(list->Count(), 2u);
+             // Apart from each other, until the list has to grow.
+             constexpr uint64 members = 1000;
+             uint64 added = 0;
+             trial.Try(
+                 [&] {
+                     while (added < members && list->Add((added + 1) << 8)) ++added;
+                     return added == members;
+                 },
+                 [&] { return list->Count() == added && !list->Member((added + 1) << 8); });
+             EXPECT_EQ(list->Count(), members);
+             EXPECT_TRUE(list->Member(1 << 8) && list->Member(members << 8));
          }},
     };
 }
@@ -333,18 +341,35 @@ Operations SparseSetOperations() {
          [](Trial& trial) {
              const SmallSet small;
              trial.Try([&] { return flist_add(small.set, 1000000); },
-                       [&] { return !flist_member(small.set, 1000000) && flist_count(small.set) == 12; });
+                       [&] {
+                           // The bounds are widened all the same, and nothing else.
+                           int32 min = 0;
+                           int32 max = 0;
+                           return !flist_member(small.set, 1000000) && flist_count(small.set) == 12 &&
+                                  flist_minmax(small.set, &min, &max) && min == 10 && max == 1000000;
+                       });
+             EXPECT_EQ(flist_count(small.set), 13);
          }},
         {"flist_add, beyond the pages that there are",
          [](Trial& trial) {
              SmallSet small;
              trial.Try([&] { return flist_add(small.set, 100000000); },
                        [&] {
-                           // A set that could not grow is good for nothing but to be destroyed.
-                           flist_destroy(small.set);
+                           if (small.set->pages != nullptr) {
+                               return flist_count(small.set) == 12 && flist_member(small.set, 300000) &&
+                                      !flist_member(small.set, 100000000);
+                           }
+                           // A set whose array could not grow has no members, and is good for nothing but to be
+                           // destroyed.
+                           const bool isLost = !flist_member(small.set, 15) && !flist_add(small.set, 15) &&
+                                               !flist_remove(small.set, 15);
+                           const bool isGone = flist_destroy(small.set) && small.set == nullptr;
                            small.set = flist_init();
-                           return true;
+                           return isLost && isGone && flist_add_range(small.set, 10, 20) &&
+                                  flist_add(small.set, 300000);
                        });
+             EXPECT_TRUE(flist_member(small.set, 100000000));
+             EXPECT_EQ(flist_count(small.set), 13);
          }},
         {"flist_add_range",
          [](Trial& trial) {
@@ -400,16 +425,27 @@ Operations PointOperations() {
              uint64 count = 77;
              trial.Try([&] { return container->Append(points, 3); },
                        [&] { return container->GetPoints(count) == nullptr && count == 0; });
+             const DPNT* const stored = container->GetPoints(count);
+             EXPECT_TRUE(count == 3 && stored[2].y == 6);
          }},
         {"DPNTContainer::Reset",
          [](Trial& trial) {
              const std::unique_ptr<DPNTContainer> container(DPNTContainer::Create(1, 1));
-             trial.Try([&] { return container->Reset(1000); });
+             EXPECT_TRUE(container->Append(points, 1));
+             uint64 count = 77;
+             trial.Try([&] { return container->Reset(1000); },
+                       [&] { return container->GetPoints(count) == nullptr && count == 0; });
+             EXPECT_TRUE(container->GetPoints(count) != nullptr && count == 0);
          }},
         {"DPNTContainer::Reserve",
          [](Trial& trial) {
              const std::unique_ptr<DPNTContainer> container(DPNTContainer::Create(1, 1));
-             trial.Try([&] { return container->Reserve(1000); });
+             EXPECT_TRUE(container->Append(points, 1));
+             uint64 count = 77;
+             // The array is lost with what it held.
+             const bool isReserved = trial.Try([&] { return container->Reserve(1000); },
+                                               [&] { return container->GetPoints(count) == nullptr && count == 0; });
+             EXPECT_TRUE(container->GetPoints(count) != nullptr && count == (isReserved ? 1u : 0u));
          }},
         {"PointParserFactory::Create",
          [](Trial& trial) {
@@ -426,10 +462,30 @@ Operations PointOperations() {
              const wstring16 text =
                  ZUTEXT("1.0000000000000000,2.0000000000000000 3.0000000000000000,4.0000000000000000 ")
                      ZUTEXT("5.0000000000000000,6.0000000000000000");
-             trial.Try([&] { return parser->ParsePoints(text.c_str(), text.size(), true); });
              uint64 count = 0;
-             container->GetPoints(count);
-             EXPECT_EQ(count, 3u);
+             trial.Try([&] { return parser->ParsePoints(text.c_str(), text.size(), true); },
+                       [&] { return container->GetPoints(count) == nullptr && count == 0; });
+             const DPNT* const read = container->GetPoints(count);
+             EXPECT_TRUE(count == 3 && read[2].y == 6);
+         }},
+        {"PointParserFactory::ParsePoints, whose points find no room",
+         [](Trial& trial) {
+             const std::unique_ptr<DPNTContainer> container(DPNTContainer::Create(1, 1));
+             const std::unique_ptr<PointParserFactory> parser(
+                 PointParserFactory::Create(container.get(), ZUTEXT(","), ZUTEXT(" "), true));
+             bool isParsed = false;
+             uint64 count = 0;
+             trial.Try(
+                 [&] {
+                     isParsed = parser->ParsePoints(ZUTEXT("1,2 3,4 5,6"), 11, true);
+                     container->GetPoints(count);
+                     return isParsed && count == 3;
+                 },
+                 // A point that cannot be kept loses those before it, and the parser does not look.
+                 [&] {
+                     const DPNT* const kept = container->GetPoints(count);
+                     return isParsed && count < 3 && (kept != nullptr) == (count > 0);
+                 });
          }},
     };
 }

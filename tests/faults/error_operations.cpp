@@ -4,6 +4,8 @@
 #include <faults/operations.h>
 #include <support/fixture_path.h>
 
+#include <memory>
+
 namespace Torvo::test {
 
 namespace {
@@ -12,8 +14,34 @@ constexpr GUID SomeKind = {1, 2, 3, {4}};
 const wchar16* const LongParameter =
     ZUTEXT("a parameter that is so long that it has to have a block of its own, as most have");
 
+// More than an error list has room for from the start.
+const wstring16& VeryLongParameter() {
+    static const wstring16 text(1500, 'x');
+    return text;
+}
+
 void RaiseOne() {
-    SetError(ERRORLEVEL_ERROR, ZUTEXT("^0"), SomeKind, 7, LongParameter, nullptr);
+    SetError(ERRORLEVEL_ERROR, ZUTEXT("^0"), SomeKind, 7, VeryLongParameter().c_str(), nullptr);
+}
+
+// An error list of a row's own, for one keeps the room that it has taken once.
+class OwnErrors {
+public:
+    OwnErrors() : own(cErrorSystem::Create()), former(cErrorSystem::Instance()) { cErrorSystem::Instance(own.get()); }
+    ~OwnErrors() { cErrorSystem::Instance(former); }
+    OwnErrors(const OwnErrors&) = delete;
+    OwnErrors& operator=(const OwnErrors&) = delete;
+
+private:
+    const std::unique_ptr<cErrorSystem> own;
+    cErrorSystem* const former;
+};
+
+// What the list has to say: whether it is that something was lost.
+bool HasLostSomething() {
+    static TextBuffer text;
+    GetNextError(true, text.units, 500);
+    return text.Is(ZUTEXT(" Too many errors.  Error information has been lost."));
 }
 
 class Listener : public cErrorFuncs {
@@ -32,48 +60,64 @@ Operations ListOperations() {
         {"cErrorSystem::Instance", [] { return cErrorSystem::Instance(cErrorSystem::Instance()); }},
         {"SetError",
          [](Trial& trial) {
+             const OwnErrors own;
+             wchar16 text[1600] = {};
              trial.Try(
-                 [] {
+                 [&] {
+                     ClearErrors();
                      RaiseOne();
-                     return NumErrors() == 1;
+                     GetErrorMsg(nullptr, 0, text, 1600);
+                     return text[0] == 'x' && text[1499] == 'x';
                  },
-                 [] { return NumErrors() == 0; });
-             EXPECT_EQ(GetErrorNum(0), 7);
+                 // The record is there without its text, and the list tells that it lost something.
+                 [] { return NumErrors() == 1 && GetErrorNum(0) == 7 && HasLostSomething(); }, {7});
+             EXPECT_EQ(NumErrors(), 1);
          }},
         {"SetError, with a resource",
          [](Trial& trial) {
+             const OwnErrors own;
+             wchar16 text[3200] = {};
              trial.Try(
-                 [] {
-                     SetError(ERRORLEVEL_ERROR, 49, nullptr, SomeKind, 7, LongParameter, LongParameter);
-                     return NumErrors() == 1;
+                 [&] {
+                     ClearErrors();
+                     SetError(ERRORLEVEL_ERROR, 49, ZUTEXT("a longer format: ^0^1"), SomeKind, 7,
+                              VeryLongParameter().c_str(), VeryLongParameter().c_str());
+                     GetErrorMsg(nullptr, 0, text, 3200);
+                     return text[0] == 'a' && text[17 + 2999] == 'x';
                  },
-                 [] { return NumErrors() == 0; });
-             EXPECT_EQ(GetResourceID(0), 49);
+                 [] { return NumErrors() == 1 && GetResourceID(0) == 49 && HasLostSomething(); }, {7});
          }},
         {"EndError",
-         [](Trial& trial) {
-             RaiseOne();
-             trial.Try(
-                 [] {
-                     EndError();
-                     return NumErrors() == 2;
-                 },
-                 [] { return NumErrors() == 1; });
+         [] {
+             EndError();
+             return NumErrors() == 0;
          }},
         {"GetErrorMsg",
          [](Trial& trial) {
+             const OwnErrors own;
              RaiseOne();
-             TextBuffer text;
-             trial.Try([&] {
-                 GetErrorMsg(nullptr, 0, text.units, 300);
-                 return text.Is(LongParameter);
-             });
+             static wchar16 text[1600];
+             text[0] = 'n';
+             trial.Try(
+                 [&] {
+                     GetErrorMsg(nullptr, 0, text, 1600);
+                     return text[0] == 'x' && text[1499] == 'x';
+                 },
+                 [] { return text[0] == 0 && NumErrors() == 1; }, {7});
          }},
         {"GetNextError",
          [](Trial& trial) {
-             RaiseOne();
-             TextBuffer text;
-             trial.Try([&] { return GetNextError(true, text.units, 300) && text.units[0] == LongParameter[0]; });
+             const OwnErrors own;
+             static wchar16 text[1600];
+             bool isFound = false;
+             trial.Try(
+                 [&] {
+                     ClearErrors();
+                     RaiseOne();
+                     isFound = GetNextError(true, text, 1600);
+                     return isFound && text[0] == 'x' && text[1499] == 'x';
+                 },
+                 [&] { return isFound && HasLostSomething(); }, {7});
          }},
         {"ReportErrors",
          [](Trial& trial) {

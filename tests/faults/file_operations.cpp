@@ -3,8 +3,13 @@
 #include <faults/file_fixture.h>
 #include <faults/operations.h>
 #include <support/fixture_path.h>
+#include <support/own_file_system.h>
 
+#include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
 
 namespace Torvo::test {
 
@@ -20,6 +25,76 @@ void RemoveTemporaryFiles() {
         if (entry.path().extension() == ".TMP") std::filesystem::remove(entry.path());
     }
 }
+
+// How many files of the directory hold these bytes, whatever their names are.
+int FilesHolding(const std::string& content) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(FaultDirectory().Native())) {
+        if (!entry.is_regular_file()) continue;
+        std::ifstream in(entry.path(), std::ios::binary);
+        if (std::string(std::istreambuf_iterator<char>(in), {}) == content) ++count;
+    }
+    return count;
+}
+
+// Two files that are idle, in a file system that leaves them open.
+class IdleFiles {
+public:
+    IdleFiles() : own(cFileSystem::Create(20, false, nullptr)), former(cFileSystem::Instance()) {
+        cFileSystem::Instance(own.get());
+        for (const wchar16* name : {ZUTEXT("idle1"), ZUTEXT("idle2")}) {
+            const int file = register_file(FaultDirectory().Write(name, FileContent()).c_str(), ftNone, true);
+            EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+            EXPECT_EQ(close2(file), 0);
+        }
+    }
+    ~IdleFiles() {
+        for (const int file : {First, Second}) unregister_file(file);
+        cFileSystem::Instance(former);
+    }
+    IdleFiles(const IdleFiles&) = delete;
+    IdleFiles& operator=(const IdleFiles&) = delete;
+
+    static constexpr int First = 1000;
+    static constexpr int Second = 1001;
+
+private:
+    const std::unique_ptr<cFileSystem> own;
+    cFileSystem* const former;
+};
+
+void TryToCloseIdle(Trial& trial, void (*closeIdle)()) {
+    const IdleFiles files;
+    EXPECT_NE(GetFileFD(IdleFiles::Second), -1);
+    trial.Try([&] {
+        closeIdle();
+        return GetFileFD(IdleFiles::First) == -1 && GetFileFD(IdleFiles::Second) == -1;
+    });
+    for (const int file : {IdleFiles::First, IdleFiles::Second}) {
+        EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+        EXPECT_EQ(close2(file), 0);
+    }
+}
+
+// A stream of a compound file, open.
+class OpenCompound {
+public:
+    OpenCompound() : file(register_file(Wide(DataPath("workbook.xls")).c_str(), ftNone, true)) {
+        EXPECT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+        EXPECT_EQ(GetFileFD(file), -1);  // it is no plain file
+        EXPECT_EQ(stream_read(file, start, 16), 16);
+    }
+    ~OpenCompound() {
+        stream_close(file);
+        unregister_file(file);
+    }
+    OpenCompound(const OpenCompound&) = delete;
+    OpenCompound& operator=(const OpenCompound&) = delete;
+    bool StartsWith(const char* bytes) const { return std::memcmp(bytes, start, 16) == 0; }
+
+    const int file;
+    char start[16] = {};
+};
 
 // A file that is registered once for all, for the calls that only look at the table.
 int KnownFile() {
@@ -68,26 +143,51 @@ Operations RegistryOperations() {
              TryToRegister(trial, [](const wchar16* path) { return fileno2(fregister_nonunique_file(path, ftNone)); });
          }},
         {"is_file_registered",
+         [] {
+             const int known = KnownFile();
+             static const wstring16 path = PathOf(ZUTEXT("known.tab"));
+             return is_file_registered(path.c_str(), ftNone) == known;
+         }},
+        {"is_file_registered, by a name alone",
          [](Trial& trial) {
-             const RegisteredFile file;
-             trial.Try([&] { return is_file_registered(file.path.c_str(), ftNone) == file.handle; });
+             const int file = register_file(ZUTEXT("here.bin"), ftNone, true);
+             trial.Try([&] { return is_file_registered(ZUTEXT("here.bin"), ftNone) == file; });
+             unregister_file(file);
          }},
         {"unregister_file",
          [](Trial& trial) {
-             const wstring16 path = PathOf(ZUTEXT("gone.bin"));
+             // It is open, and has bytes that are not on disk yet.
+             const OwnCache cache(5, 512);
+             const wstring16 path = FaultDirectory().Write(ZUTEXT("gone.bin"), FileContent());
              const int file = register_file(path.c_str(), ftNone, true);
-             bool isDone = false;
+             EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+             EXPECT_EQ(write2(file, "abc", 3), 3);
              trial.Try([&] {
-                 if (!isDone) unregister_file(file);
-                 isDone = true;
-                 return GetFileFD(file) == -1;
+                 unregister_file(file);
+                 return GetFileFD(file) == -1 && is_file_registered(path.c_str(), ftNone) == 0;
              });
-             EXPECT_EQ(is_file_registered(path.c_str(), ftNone), 0);
+             EXPECT_EQ(NumErrors(), 0);
+             // What could not be written is dropped, and nothing else.
+             const std::string content = FaultDirectory().Read(ZUTEXT("gone.bin"));
+             EXPECT_TRUE(content == "abc" + FileContent().substr(3) || (trial.WasHit() && content == FileContent()));
+             EXPECT_EQ(register_file(path.c_str(), ftNone, true), file);
+             EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+             std::string bytes(3010, '#');
+             EXPECT_EQ(read2(file, bytes.data(), 3010), 3010);
+             EXPECT_EQ(bytes, content);
+             EXPECT_EQ(close2(file), 0);
+             unregister_file(file);
          }},
         {"funregister_file",
-         [] {
-             funregister_file(nullptr);
-             return true;
+         [](Trial& trial) {
+             const wstring16 path = FaultDirectory().Write(ZUTEXT("gone.txt"), FileContent());
+             FILE* const file = fregister_file(path.c_str(), ftNone, true);
+             EXPECT_EQ(ffileopen(file, omRead, nullptr), file);
+             trial.Try([&] {
+                 funregister_file(file);
+                 return GetFilePtr(file) == nullptr && is_file_registered(path.c_str(), ftNone) == 0;
+             });
+             FaultDirectory().Remove(ZUTEXT("gone.txt"));
          }},
         {"fhandle2name",
          [] {
@@ -157,14 +257,15 @@ Operations OpeningOperations() {
          [](Trial& trial) {
              const RegisteredFile file;
              trial.Try([&] { return fileopen(file.handle, omReadWrite, nullptr) == file.handle; },
-                       [&] { return GetFileFD(file.handle) == -1; });
+                       [&] { return NumErrors() == 1 && GetFileFD(file.handle) == -1; }, {13, 5001});
+             EXPECT_EQ(filelength2(file.handle), 3010);
              EXPECT_EQ(close2(file.handle), 0);
          }},
         {"fileopen, to create",
          [](Trial& trial) {
              const RegisteredFile file;
              trial.Try([&] { return fileopen(file.handle, omCreate, nullptr) == file.handle; },
-                       [&] { return GetFileFD(file.handle) == -1; });
+                       [&] { return GetFileFD(file.handle) == -1; }, {5001});
              EXPECT_EQ(filelength2(file.handle), 0);
              EXPECT_EQ(close2(file.handle), 0);
          }},
@@ -174,36 +275,45 @@ Operations OpeningOperations() {
              EXPECT_EQ(fileopen(file.handle, omRead, nullptr), file.handle);
              bool isClosed = false;
              trial.Try([&] {
-                 if (!isClosed) close2(file.handle);
-                 isClosed = true;
-                 return GetFileFD(file.handle) == -1;
+                 if (!isClosed) isClosed = close2(file.handle) == 0;
+                 return isClosed && GetFileFD(file.handle) == -1;
              });
          }},
-        {"really_close_all",
+        {"really_close_all", [](Trial& trial) { TryToCloseIdle(trial, really_close_all); }},
+        {"really_close_next", [](Trial& trial) { TryToCloseIdle(trial, really_close_next); }},
+        {"fileopen, of a file that is held for reading",
          [](Trial& trial) {
-             trial.Try([] {
-                 really_close_all();
-                 return true;
-             });
-         }},
-        {"really_close_next",
-         [](Trial& trial) {
-             trial.Try([] {
-                 really_close_next();
-                 return true;
-             });
+             const RegisteredFile file;
+             EXPECT_EQ(fileopen(file.handle, omRead, nullptr), file.handle);
+             trial.Try([&] { return fileopen(file.handle, omReadWrite, nullptr) == file.handle; },
+                       // It is open as it was, if it could be had again at all.
+                       [&] {
+                           return (trial.Lasts() || GetFileFD(file.handle) != -1) &&
+                                  filehandle_get_openmode(file.handle) == omRead;
+                       },
+                       {13, 5001});
+             EXPECT_EQ(filehandle_get_openmode(file.handle), omReadWrite);
+             while (GetFileFD(file.handle) != -1) EXPECT_EQ(close2(file.handle), 0);
+             EXPECT_EQ(FaultDirectory().Read(ZUTEXT("file.bin")), FileContent());
          }},
         {"stream_fileopen",
          [](Trial& trial) {
              const std::string source = DataPath("workbook.xls");
              const int file = register_file(Wide(source).c_str(), ftNone, true);
-             bool isOpen = false;
-             trial.Try([&] {
-                 isOpen = stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")) == file;
-                 return isOpen;
-             });
+             int opened = 0;
+             trial.Try(
+                 [&] {
+                     opened = stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook"));
+                     return opened == file;
+                 },
+                 [&] { return opened == -1 && GetFileFD(file) == -1; }, {13, 5001});
              char bytes[16];
              EXPECT_EQ(stream_read(file, bytes, 16), 16);
+             EXPECT_EQ(stream_close(file), 0);
+             EXPECT_EQ(GetFileFD(file), -1);
+             // One that could not be looked into was opened as a plain file; now it is a compound one.
+             EXPECT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+             EXPECT_EQ(GetFileFD(file), -1);
              EXPECT_EQ(stream_close(file), 0);
              unregister_file(file);
          }},
@@ -217,6 +327,44 @@ Operations OpeningOperations() {
                  return stream_read(file.handle, bytes, 16) == 16;
              });
              EXPECT_EQ(stream_close(file.handle), 0);
+         }},
+        {"stream_read, of a compound file",
+         [](Trial& trial) {
+             const OpenCompound compound;
+             EXPECT_EQ(stream_lseek(compound.file, 0, 0), 0);
+             char bytes[16] = {};
+             int got = 0;
+             trial.Try(
+                 [&] {
+                     got = stream_read(compound.file, bytes, 16);
+                     return got == 16;
+                 },
+                 [&] { return got == -1; });
+             EXPECT_TRUE(compound.StartsWith(bytes));
+         }},
+        {"stream_lseek, of a compound file",
+         [](Trial& trial) {
+             const OpenCompound compound;
+             int position = 0;
+             trial.Try(
+                 [&] {
+                     position = stream_lseek(compound.file, -11, 1);
+                     return position == 5;
+                 },
+                 [&] { return position == -1; });
+             char byte = 0;
+             EXPECT_EQ(stream_read(compound.file, &byte, 1), 1);
+             EXPECT_EQ(byte, compound.start[5]);
+         }},
+        {"stream_close, of a compound file",
+         [](Trial& trial) {
+             const int file = register_file(Wide(DataPath("workbook.xls")).c_str(), ftNone, true);
+             EXPECT_EQ(stream_fileopen(file, omRead, nullptr, ZUTEXT("Workbook")), file);
+             trial.Try([&] { return stream_close(file) == 0; });
+             EXPECT_EQ(stream_lseek(file, 0, 0), 0);  // of the plain file that it is again
+             EXPECT_EQ(stream_close(file), -1);
+             ClearErrors();
+             unregister_file(file);
          }},
         {"stream_lseek",
          [] {
@@ -246,21 +394,36 @@ Operations ByteOperations() {
          [](Trial& trial) {
              const OpenFile file(omRead);
              std::string bytes(3010, '#');
-             trial.Try([&] {
-                 lseek2(file.handle, 0, 0);
-                 return read2(file.handle, bytes.data(), 3010) == 3010;
-             });
+             int got = 0;
+             trial.Try(
+                 [&] {
+                     lseek2(file.handle, 0, 0);
+                     got = read2(file.handle, bytes.data(), 3010);
+                     return got == 3010;
+                 },
+                 [&] {
+                     return got >= 0 && got < 3010 && tell2(file.handle) == got &&
+                            bytes.compare(0, static_cast<std::size_t>(got), FileContent(), 0,
+                                          static_cast<std::size_t>(got)) == 0;
+                 });
              EXPECT_EQ(bytes, FileContent());
          }},
         {"write2",
          [](Trial& trial) {
-             const OpenFile file(omReadWrite);
              const std::string bytes(3000, 'y');
-             trial.Try([&] {
-                 lseek2(file.handle, 1000, 0);
-                 return write2(file.handle, bytes.data(), 3000) == 3000;
-             });
-             EXPECT_EQ(filelength2(file.handle), 4000);
+             int put = 0;
+             {
+                 const OpenFile file(omReadWrite);
+                 trial.Try(
+                     [&] {
+                         lseek2(file.handle, 1000, 0);
+                         put = write2(file.handle, bytes.data(), 3000);
+                         return put == 3000;
+                     },
+                     [&] { return put == -1; });
+                 EXPECT_EQ(filelength2(file.handle), 4000);
+             }
+             EXPECT_EQ(FaultDirectory().Read(ZUTEXT("file.bin")), FileContent().substr(0, 1000) + bytes);
          }},
         {"chsize2",
          [](Trial& trial) {
@@ -312,9 +475,52 @@ Operations ByteOperations() {
          [](Trial& trial) {
              const OpenFile file(omRead);
              CacheEntry* entry = nullptr;
-             trial.Try([&] { return file.cache->Lookup(file.handle, 0, &entry, 2) && entry->count == 512; },
-                       // A block that could not be read is in the cache, and empty, until the file is forgotten.
-                       [&] { return file.cache->Forget(file.handle); });
+             bool isFound = true;
+             trial.Try(
+                 [&] {
+                     isFound = file.cache->Lookup(file.handle, 0, &entry, 2);
+                     return isFound && entry->count == 512;
+                 },
+                 // A block that could not be read is in the cache, and empty, until the file is forgotten.
+                 [&] {
+                     return !isFound && file.cache->Lookup(file.handle, 0, &entry, 2) && entry->count == 0 &&
+                            file.cache->Forget(file.handle) && !file.cache->Lookup(file.handle, 0, &entry, 0);
+                 });
+             EXPECT_EQ(std::memcmp(file.cache->BlockData(entry->slot), FileContent().data(), 512), 0);
+         }},
+        {"cFileCache::Lookup, in the place of a dirty block",
+         [](Trial& trial) {
+             {
+                 const OpenFile file(omReadWrite);
+                 EXPECT_EQ(write2(file.handle, "abc", 3), 3);
+                 CacheEntry* entry = nullptr;
+                 for (const int64 block : {1, 2, 3}) EXPECT_TRUE(file.cache->Lookup(file.handle, block, &entry, 2));
+                 bool isFound = true;
+                 trial.Try(
+                     [&] {
+                         isFound = file.cache->Lookup(file.handle, 4, &entry, 1);
+                         return isFound;
+                     },
+                     // What is not on disk is in the cache still.
+                     [&] {
+                         return !isFound && file.cache->Lookup(file.handle, 0, &entry, 0) && (entry->flags & 1) != 0;
+                     });
+             }
+             EXPECT_EQ(FaultDirectory().Read(ZUTEXT("file.bin")), "abc" + FileContent().substr(3));
+         }},
+        {"cFileCache::Forget",
+         [](Trial& trial) {
+             bool isForgotten = true;
+             {
+                 const OpenFile file(omReadWrite);
+                 EXPECT_EQ(write2(file.handle, "abc", 3), 3);
+                 CacheEntry* entry = nullptr;
+                 trial.Try([&] { return isForgotten = file.cache->Forget(file.handle); },
+                           // What could not be written is dropped.
+                           [&] { return !isForgotten && !file.cache->Lookup(file.handle, 0, &entry, 0); });
+             }
+             const std::string content = FaultDirectory().Read(ZUTEXT("file.bin"));
+             EXPECT_TRUE(content == "abc" + FileContent().substr(3) || (trial.WasHit() && content == FileContent()));
          }},
         {"ProcessUTFBom",
          [](Trial& trial) {
@@ -351,17 +557,24 @@ Operations WholeFileOperations() {
          [](Trial& trial) {
              const RegisteredFile first(ZUTEXT("first.bin"));
              const RegisteredFile second(ZUTEXT("second.bin"));
+             const auto write = [] {
+                 RemoveTemporaryFiles();
+                 FaultDirectory().Write(ZUTEXT("first.bin"), "the first");
+                 FaultDirectory().Write(ZUTEXT("second.bin"), "the second");
+             };
+             write();
              int files[] = {first.handle, second.handle};
              trial.Try([&] { return group_fileremove(files, 2); },
                        [&] {
+                           // Each is there once. Where every call fails from then on, it cannot get its name back.
+                           const bool areThere = FilesHolding("the first") == 1 && FilesHolding("the second") == 1;
                            const bool areBack =
                                FaultDirectory().Has(ZUTEXT("first.bin")) && FaultDirectory().Has(ZUTEXT("second.bin"));
-                           // Where every call fails from then on, a file cannot get its name back either.
-                           for (const wchar16* name : {ZUTEXT("first.bin"), ZUTEXT("second.bin")}) {
-                               FaultDirectory().Write(name, FileContent());
-                           }
-                           return areBack || trial.Lasts();
+                           write();
+                           return areThere && (areBack || trial.Lasts());
                        });
+             EXPECT_FALSE(FaultDirectory().Has(ZUTEXT("first.bin")) || FaultDirectory().Has(ZUTEXT("second.bin")));
+             EXPECT_TRUE(trial.WasHit() || FilesHolding("the first") + FilesHolding("the second") == 0);
              RemoveTemporaryFiles();
          }},
         {"renamefile",
@@ -369,31 +582,47 @@ Operations WholeFileOperations() {
              RegisteredFile file;
              const wchar16* const name = ZUTEXT("renamed.bin");
              if (FaultDirectory().Has(name)) FaultDirectory().Remove(name);
+             const int before = file.handle;
              trial.Try([&] { return renamefile(&file.handle, name, ftNone); },
                        [&] {
                            // A copy that could not be finished may be there.
                            if (FaultDirectory().Has(name)) FaultDirectory().Remove(name);
-                           return FaultDirectory().Read(ZUTEXT("file.bin")) == FileContent();
-                       });
+                           return FaultDirectory().Read(ZUTEXT("file.bin")) == FileContent() && file.handle == before &&
+                                  is_file_registered(PathOf(name).c_str(), ftNone) == 0;
+                       },
+                       {5, 7, 13, 5001});
              EXPECT_EQ(FaultDirectory().Read(name), FileContent());
+             EXPECT_FALSE(FaultDirectory().Has(ZUTEXT("file.bin")));
          }},
         {"filecopy",
          [](Trial& trial) {
              const RegisteredFile from(ZUTEXT("from.bin"));
              const RegisteredFile to(ZUTEXT("to.bin"));
-             trial.Try([&] { return filecopy(from.handle, to.handle, false); });
+             FaultDirectory().Write(ZUTEXT("to.bin"), "something else");
+             trial.Try([&] { return filecopy(from.handle, to.handle, false); },
+                       [&] {
+                           return NumErrors() <= 1 && FaultDirectory().Read(ZUTEXT("from.bin")) == FileContent() &&
+                                  GetFileFD(from.handle) == -1 && GetFileFD(to.handle) == -1;
+                       },
+                       {7, 13, 5001});
              EXPECT_EQ(FaultDirectory().Read(ZUTEXT("to.bin")), FileContent());
          }},
         {"touch",
          [](Trial& trial) {
              const RegisteredFile file;
-             trial.Try([&] { return touch(file.handle); });
+             trial.Try([&] { return touch(file.handle); }, [&] { return GetFileFD(file.handle) == -1; }, {13, 5001});
              EXPECT_EQ(FaultDirectory().Read(ZUTEXT("file.bin")), FileContent());
          }},
         {"file_get_timestamp",
          [](Trial& trial) {
              const RegisteredFile file;
-             trial.Try([&] { return file_get_timestamp(file.handle) > 0; });
+             int64 time = 77;
+             trial.Try(
+                 [&] {
+                     time = file_get_timestamp(file.handle);
+                     return time > 0;
+                 },
+                 [&] { return time == 0; });
          }},
         {"file_set_timestamp",
          [](Trial& trial) {
@@ -420,6 +649,30 @@ Operations WholeFileOperations() {
          [](Trial& trial) {
              const RegisteredFile file;
              trial.Try([&] { return access2(file.path.c_str(), 0) == 0; });
+         }},
+        {"fhandle2partialpath, from the current directory",
+         [](Trial& trial) {
+             const int file = register_file(ZUTEXT("here.bin"), ftNone, true);
+             TextBuffer name;
+             trial.Try([&] {
+                 fhandle2partialpath(file, name.units, 0);
+                 return name.Is(ZUTEXT("here.bin"));
+             });
+             unregister_file(file);
+         }},
+        {"register_file_variant, of a temporary file",
+         [](Trial& trial) {
+             const OwnFileSystem own;
+             const wstring16 directory = FaultDirectory().Path() + ZUTEXT("\\");
+             temp_dir(directory.c_str());
+             int file = 0;
+             trial.Try(
+                 [&] {
+                     file = register_file_variant(0, nullptr, ftNone);
+                     return file == 1000;
+                 },
+                 [&] { return file == 0; });
+             unregister_file(file);
          }},
         {"stat2",
          [](Trial& trial) {

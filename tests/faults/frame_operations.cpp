@@ -32,9 +32,10 @@ void TryToMakeInstance(Trial& trial, InstanceData* (*make)()) {
     InstanceData* const former = GetInstanceData();
     trial.Try([&] {
         SetInstanceData(nullptr);
-        return MakeAndDestroy(make);
+        const bool isComplete = MakeAndDestroy(make);
+        SetInstanceData(former);
+        return isComplete;
     });
-    SetInstanceData(former);
 }
 
 Operations InstanceOperations() {

@@ -396,13 +396,24 @@ Operations RegionOperations() {
         {"rgn_unionrect",
          [](Trial& trial) {
              const SmallRegion small;
-             trial.Try([&] {
-                 const LRECT more = {40, 40, 50, 50};
-                 LRECT bounds = {};
-                 EXPECT_EQ(rgn_unionrect(small.region, &more), small.region);
-                 rgn_bounding_rect(small.region, &bounds);
-                 return bounds.x2 == 50;
-             });
+             const SmallRegion whole;
+             const LRECT more = {40, 40, 50, 50};
+             const LRECT bounds = {0, 0, 30, 30};
+             rgn_unionrect(whole.region, &more);
+             const HRGN box = rgn_create(&bounds);
+             bool isShapeLost = false;
+             trial.Try(
+                 [&] {
+                     EXPECT_EQ(rgn_unionrect(small.region, &more), small.region);
+                     return rgn_equal(small.region, isShapeLost ? box : whole.region);
+                 },
+                 // It has lost its shape, and covers all that it covered.
+                 [&] {
+                     isShapeLost = rgn_equal(small.region, box);
+                     rgn_unionrect(box, &more);
+                     return isShapeLost;
+                 });
+             rgn_destroy(box);
          }},
     };
 }

@@ -102,10 +102,9 @@ Operations ReadingOperations() {
              return StringToDoubleFmtCtl(ZUTEXT("12"), &value, true) && value == 12;
          }},
         {"zuSQLStringToDouble",
-         [](Trial& trial) {
+         [] {
              double value = 77;
-             trial.Try([&] { return zuSQLStringToDouble(ZUTEXT("12.5"), ZUTEXT("99.9"), &value) && value == 12.5; },
-                       [&] { return value == 77; });
+             return zuSQLStringToDouble(ZUTEXT("12.5"), ZUTEXT("99.9"), &value) && value == 12.5;
          }},
     };
 }
@@ -150,10 +149,9 @@ Operations PrintingOperations() {
         {"GetThousandsSeparator", [] { return GetThousandsSeparator() == GetThousandsSeparator(); }},
         {"GetThousandsGroupSize", [] { return GetThousandsGroupSize() == GetThousandsGroupSize(); }},
         {"zuSQLDoubleToString",
-         [](Trial& trial) {
-             TextBuffer text(ZUTEXT("as it was"));
-             trial.Try([&] { return zuSQLDoubleToString(12.5, ZUTEXT("99.9"), text.units, 100); },
-                       [&] { return text.Is(ZUTEXT("as it was")); });
+         [] {
+             TextBuffer text;
+             return zuSQLDoubleToString(12.5, ZUTEXT("99.9"), text.units, 100) && text.units[0] != 0;
          }},
     };
 }

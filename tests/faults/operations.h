@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,10 @@ public:
     // Makes the call that is meant, once in a row, and tells whether its whole answer is there, as `call` says. If it
     // is not, then a fault must have been met, the answer must be the one that stands for the failure, as `isTold`
     // says, and the same call must work afterwards.
+    // `records` are the numbers of the errors that a failure may raise; without them it raises none.
     bool Try(
-        const std::function<bool()>& call, const std::function<bool()>& isTold = [] { return true; });
+        const std::function<bool()>& call, const std::function<bool()>& isTold = [] { return true; },
+        std::initializer_list<int32> records = {});
 
     bool WasHit() const { return wasHit; }
     // Whether everything fails from the first fault on, also what would put things right.

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace Torvo::test {
@@ -174,6 +175,13 @@ Operations KeptOperations() {
 
 #undef TORVO_KEEPS
 
+// Whether a name is one for a temporary file in a directory. Nothing is asked for.
+bool IsTemporaryName(const wchar16* name, const wstring16& directory, const wchar16* extension) {
+    const std::basic_string_view<wchar16> text(name);
+    return text.starts_with(directory) && text.substr(directory.size()).starts_with(ZUTEXT("\\~ZUN")) &&
+           text.ends_with(extension);
+}
+
 Operations DiskOperations() {
     return {
         {"ChangeDirectory",
@@ -183,10 +191,13 @@ Operations DiskOperations() {
              SAVED_DIR start = {};
              ChangeDirectory(file.handle, &start);
              RestoreDirectory(&start);
+             const TextBuffer inside(FaultDirectory().Path(ZUTEXT("x")));
              trial.Try(
                  [&] {
                      ChangeDirectory(file.handle, &saved);
-                     return Is(saved.current, start.current);
+                     TextBuffer here(ZUTEXT("x"));
+                     qualify_filename(here.units);
+                     return Is(saved.current, start.current) && striequ(here.units, inside.units);
                  },
                  [&] {
                      RestoreDirectory(&start);
@@ -198,12 +209,14 @@ Operations DiskOperations() {
          [](Trial& trial) {
              const RegisteredFile file;
              SAVED_DIR start = {};
+             TextBuffer outside(ZUTEXT("x"));
+             qualify_filename(outside.units);
              ChangeDirectory(file.handle, &start);
              trial.Try([&] {
                  RestoreDirectory(&start);
                  TextBuffer here(ZUTEXT("x"));
                  qualify_filename(here.units);
-                 return here.units[0] != 0;
+                 return here.Is(outside.units);
              });
              RestoreDirectory(&start);
          }},
@@ -231,7 +244,18 @@ Operations DiskOperations() {
              trial.Try([&] {
                  TextBuffer name;
                  tempname(name.units, directory.c_str());
-                 return name.units[0] != 0;
+                 return IsTemporaryName(name.units, directory, ZUTEXT(".TMP"));
+             });
+         }},
+        {"tempname, of a type",
+         [](Trial& trial) {
+             const OwnFileSystem own;
+             const wstring16 directory = FaultDirectory().Path();
+             temp_dir((directory + ZUTEXT("\\")).c_str());
+             trial.Try([&] {
+                 TextBuffer name;
+                 tempname(name.units, nullptr, ftTab);
+                 return IsTemporaryName(name.units, directory, ZUTEXT(".TAB"));
              });
          }},
         {"tempfile",
@@ -248,22 +272,35 @@ Operations DiskOperations() {
          }},
         {"CreteTempFolderForZxtTile",
          [](Trial& trial) {
-             const wchar16* const instead = ZUTEXT("C:\\instead\\");
+             const wstring16 instead = FaultDirectory().Path() + ZUTEXT("\\");
              std::optional<OwnFileSystem> own(std::in_place);
-             torvo_temp_dir(instead);
+             torvo_temp_dir(instead.c_str());
              TextBuffer folder;
+             const auto isOwnFolder = [&] {
+                 const std::basic_string_view<wchar16> text(folder.units);
+                 return text.find(ZUTEXT("\\Zunavia.Application.x64.")) != text.npos;
+             };
              trial.Try(
                  [&] {
                      CreteTempFolderForZxtTile(folder.units);
-                     return folder.units[0] != 0 && !folder.Is(instead);
+                     return isOwnFolder();
                  },
                  [&] {
                      // The folder is chosen once in an instance.
+                     bool isTold = folder.Is(instead.c_str());
+                     CreteTempFolderForZxtTile(folder.units);
+                     isTold = isTold && folder.Is(instead.c_str());
+                     isTold = isTold && register_file(ZUTEXT("next"), ftNone, true) == 1000;
+                     unregister_file(1000);
                      own.reset();
                      own.emplace();
-                     torvo_temp_dir(instead);
-                     return folder.Is(instead);
+                     torvo_temp_dir(instead.c_str());
+                     return isTold;
                  });
+             const TextBuffer first(folder.units);
+             EXPECT_TRUE(platform::PathIsDirectoryW(folder.units));
+             CreteTempFolderForZxtTile(folder.units);
+             EXPECT_TRUE(folder.Is(first.units));
              RemoveTileFolders();
          }},
         {"FileFindFirst",

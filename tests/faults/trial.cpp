@@ -1,7 +1,9 @@
+#include <Utility/errors.h>
 #include <faults/operations.h>
 #include <support/failing_files.h>
 #include <support/failing_heap.h>
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -29,7 +31,20 @@ bool Trial::CallUnderFaults(const std::function<bool()>& call) {
     return isWhole;
 }
 
-bool Trial::Try(const std::function<bool()>& call, const std::function<bool()>& isTold) {
+namespace {
+
+// Whether the list holds records of those numbers only.
+bool AreRecords(std::initializer_list<int32> numbers) {
+    for (int32 index = 0; index < NumErrors(); ++index) {
+        if (std::find(numbers.begin(), numbers.end(), GetErrorNum(index)) == numbers.end()) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool Trial::Try(const std::function<bool()>& call, const std::function<bool()>& isTold,
+                std::initializer_list<int32> records) {
     bool isWhole = false;
     try {
         isWhole = CallUnderFaults(call);
@@ -39,6 +54,7 @@ bool Trial::Try(const std::function<bool()>& call, const std::function<bool()>& 
     }
     if (isWhole) return true;
     EXPECT_TRUE(wasHit) << "it failed without a fault";
+    EXPECT_TRUE(AreRecords(records)) << NumErrors() << " records, the first of number " << GetErrorNum(0);
     EXPECT_TRUE(isTold()) << "the answer does not tell that it failed";
     EXPECT_TRUE(call()) << "it does not work afterwards";
     return false;

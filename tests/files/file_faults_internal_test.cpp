@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <support/failing_files.h>
 #include <support/failing_heap.h>
+#include <support/open_handles.h>
 #include <support/temp_directory.h>
 
 #include <algorithm>
@@ -81,10 +82,12 @@ protected:
             EXPECT_FALSE(run(1'000'000, FailingFiles::Mode::kOnce));
             const uint64 calls = FailEachCall([&](uint64 nth, FailingFiles::Mode mode) {
                 SCOPED_TRACE("call " + std::to_string(nth) + ", error " + std::to_string(error));
+                const int handles = test::OpenHandles();
                 const bool hit = run(nth, mode);
                 if (!HasFailure()) {
                     EXPECT_EQ(growth, 0);
                 }
+                EXPECT_EQ(test::OpenHandles(), handles);
                 EXPECT_TRUE(!directory.Has(kName) || IsClosed(directory.Path(kName)));
                 return hit && !HasFailure();
             });
@@ -342,6 +345,8 @@ TEST_F(FileFaults, Rename) {
         if (!hit) {
             EXPECT_TRUE(renamed);
         }
+        EXPECT_TRUE(OnlyTheseErrors({5, 7, 13, 5001}));
+        EXPECT_LE(NumErrors(), renamed ? 0 : 1);
         if (renamed) {
             EXPECT_NE(file, before);
         } else {

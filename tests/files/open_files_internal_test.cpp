@@ -199,7 +199,7 @@ TEST_P(OpenFaults, LeaveTheFileOpenOrClosed) {
             ClearErrors();
             EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
             EXPECT_EQ(close2(file), 0);
-            EXPECT_LE(LiveBlocks(), blocks);
+            EXPECT_EQ(LiveBlocks(), blocks);
             system->unregister_file(file);
             return hit;
         });

@@ -57,7 +57,9 @@ fs::path TempDirectory::Native(const wstring16& name) const {
 
 wstring16 TempDirectory::Write(const wstring16& name, std::string_view content) const {
     const fs::path file = Native(name);
-    fs::create_directories(file.parent_path());
+    if (const std::size_t separator = name.find_last_of(ZUTEXT("\\/")); separator != wstring16::npos) {
+        fs::create_directories(Native(name.substr(0, separator)));
+    }
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     out.write(content.data(), static_cast<std::streamsize>(content.size()));
     if (!out.flush()) throw std::runtime_error("cannot write " + file.string());

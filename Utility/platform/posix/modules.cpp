@@ -127,9 +127,23 @@ HINSTANCE FindLoadedImage(const std::string& path) {
     });
 }
 
+// A descriptor that is closed again, whatever is thrown meanwhile.
+class OpenFile {
+public:
+    explicit OpenFile(const std::string& path) : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+    ~OpenFile() {
+        if (descriptor >= 0) close(descriptor);
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    const int descriptor;
+};
+
 // The content of a Windows resource library; nothing if the file is not one or cannot be read.
 std::optional<std::vector<uint8>> ReadImage(const std::string& path) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const OpenFile opened(path);
+    const int file = opened.descriptor;
     if (file < 0) return std::nullopt;
     std::optional<std::vector<uint8>> content;
     struct stat status;
@@ -145,7 +159,6 @@ std::optional<std::vector<uint8>> ReadImage(const std::string& path) {
         content->resize(have);
         if (!ResourceImage::HasSignature(*content)) content.reset();
     }
-    close(file);
     return content;
 }
 
@@ -170,7 +183,12 @@ HINSTANCE LoadCode(const std::string& path) {
         dlclose(code);
         return nullptr;
     }
-    return modules.AddReference(AbsolutePath(map->l_name));
+    try {
+        return modules.AddReference(AbsolutePath(map->l_name));
+    } catch (...) {
+        dlclose(code);
+        throw;
+    }
 }
 
 // A name without a directory is looked for beside the program, then where the system looks for code, then in the
