@@ -83,7 +83,9 @@ TEST_P(GroupFaults, OfRemovingLeaveAllOrNone) {
                 // Whatever its name is, each is there once with its content; by one fault alone nothing loses its name.
                 EXPECT_EQ(left, (std::multiset<std::string>{content, "y", "z"}));
                 EXPECT_TRUE(lasts || (has(ZUTEXT("x")) && has(ZUTEXT("y")) && has(ZUTEXT("z"))));
-                if (!lasts) EXPECT_TRUE(group_fileremove(group, 3));
+                if (!lasts) {
+                    EXPECT_TRUE(group_fileremove(group, 3));
+                }
             }
         });
 }
