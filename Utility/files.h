@@ -227,8 +227,8 @@ ZUAPI void funregister_file(FILE* file);
 //    13      55     anything else; the first parameter is the number in `errno`; not in mode 3
 //
 // -1 without a record: for a handle that is not registered, or is given to another file by the retry callback; in mode
-// 3, where access is denied and for anything else; for the 1024th reference; and in the stream world for a mode other
-// than 1 to 3, which opens a descriptor to read only.
+// 3, where access is denied and for anything else; for the 1024th reference; and in the stream world where the runtime
+// has no stream to give, and for a mode other than 1 to 3, which opens a descriptor to read only.
 //
 // A file open to read and write serves one who wants to read; one open to read is opened anew for the first who wants
 // to write, in the same world, and everyone then holds it so. A file that is open to be created is not emptied again.

@@ -2,7 +2,8 @@
 //
 // The library starts with almost no work: its entry point does nothing, and a service exists only when a thread first
 // asks for one. Nothing is cleaned up at the end of the process but the guards and the slot of thread-local storage. A
-// host that wants its buffers on disk calls InstanceData::Destroy.
+// host that wants its buffers on disk closes its files, or flushes the block cache (<Utility/file_cache.h>), before it
+// calls InstanceData::Destroy, which writes nothing.
 //
 // Example: examples/families/startup.cpp
 #pragma once

@@ -1,4 +1,5 @@
-# What is installed: the public headers, the library, a CMake package, a pkg-config file, and the debugger's printers. The
+# What is installed: the public headers, the documentation and the worked examples that they name, the library, a CMake
+# package, a pkg-config file, and the debugger's printers. The
 # components are those that packages are made of: `runtime` is what a program needs to run, `development` what it needs to
 # be built, and `compiler_runtime`, on Windows, what both need of the compiler.
 include(GNUInstallDirs)

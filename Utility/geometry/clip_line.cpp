@@ -1,5 +1,5 @@
 #include <Utility/clipping.h>
-#include <Utility/geometry/sides.h>
+#include <Utility/geometry/clip_sides.h>
 
 #include <bit>
 

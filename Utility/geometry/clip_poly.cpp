@@ -1,6 +1,6 @@
 #include <Utility/clipping.h>
+#include <Utility/geometry/clip_sides.h>
 #include <Utility/geometry/coordinate_lanes.h>
-#include <Utility/geometry/sides.h>
 
 #include <algorithm>
 #include <bit>

@@ -1,5 +1,5 @@
 #include <Utility/geometry.h>
-#include <Utility/geometry/turn.h>
+#include <Utility/geometry/triangle_turn.h>
 #include <Utility/numbers/rounding.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include <Utility/geometry.h>
 #include <Utility/geometry/radians.h>
-#include <Utility/geometry/turn.h>
+#include <Utility/geometry/triangle_turn.h>
 #include <Utility/numbers/rounding.h>
 
 #include <cmath>

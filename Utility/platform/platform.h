@@ -1,6 +1,6 @@
 // The operations of the system and of the C runtime that the library needs, under the platform's own names and with
-// their documented contract, by family. The library calls these and nothing else of the system; each family has a file
-// here and one in each of the folders `posix` and `windows`.
+// their documented contract, by family. The library calls these and nothing else of the system; each family has a
+// header here and a source, or a few, in each of the folders `posix` and `windows`.
 #pragma once
 
 #include <Utility/platform/clock.h>

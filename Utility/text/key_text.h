@@ -7,7 +7,7 @@
 #pragma once
 
 #include <Utility/platform/text_scan.h>
-#include <Utility/text/sign.h>
+#include <Utility/text/comparison_sign.h>
 
 #include <cstring>
 

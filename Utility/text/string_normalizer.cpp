@@ -6,8 +6,8 @@
 #include <Utility/platform/runtime.h>
 #include <Utility/strings.h>
 #include <Utility/text/byte_walk.h>
+#include <Utility/text/comparison_sign.h>
 #include <Utility/text/short_comparison.h>
-#include <Utility/text/sign.h>
 
 #include <cstring>
 #include <limits>

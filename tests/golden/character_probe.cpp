@@ -1,5 +1,5 @@
 // Writes the character vectors of the system it runs on: character_units.txt and character_calls.txt, in the current
-// directory. make_character_vectors.sh beside it builds and runs it under Wine.
+// directory. make_character_vectors beside it builds and runs it under Wine.
 #include "character_vectors.h"
 
 #include <fstream>

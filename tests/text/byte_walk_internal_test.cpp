@@ -30,7 +30,7 @@ std::string LeadBytesOf(ZUCHARSET charset) {
     return ranges;
 }
 
-TEST(NarrowText, FixedLeadBytes) {
+TEST(ByteWalk, FixedLeadBytes) {
     const SystemCharset system(csWindowsLatin1);
     for (int32 value = -1; value <= 60; ++value) {
         const auto charset = static_cast<ZUCHARSET>(value);
@@ -65,7 +65,7 @@ TEST(NarrowText, FixedLeadBytes) {
     }
 }
 
-TEST(NarrowText, CharsetBelowOneMeansTheSystems) {
+TEST(ByteWalk, CharsetBelowOneMeansTheSystems) {
     const SystemCharset system(csWindowsKorean);
     EXPECT_EQ(LeadBytesOf(csNeutral), "81-C8 CA-FD");
     EXPECT_EQ(LeadBytesOf(csUnknown), "81-C8 CA-FD");
@@ -77,7 +77,7 @@ TEST(NarrowText, CharsetBelowOneMeansTheSystems) {
     EXPECT_EQ(CharsetNextChar(text, -1), text + 2);
 }
 
-TEST(NarrowText, LeadBytesByTheSystem) {
+TEST(ByteWalk, LeadBytesByTheSystem) {
     EXPECT_TRUE(CharsetLeadByteEx("\x82\xA0", csWindowsJapanese));
     EXPECT_FALSE(CharsetLeadByteEx("a", csWindowsJapanese));
     EXPECT_FALSE(CharsetLeadByteEx("\xB1", csWindowsJapanese));
@@ -88,7 +88,7 @@ TEST(NarrowText, LeadBytesByTheSystem) {
     EXPECT_FALSE(CharsetLeadByteEx("\x82\xA0", 0));
 }
 
-TEST(NarrowText, StepsByTheSystem) {
+TEST(ByteWalk, StepsByTheSystem) {
     char text[] = "a\x82\xA0\xB1";
     EXPECT_EQ(CharsetNextChar(text, csWindowsJapanese), text + 1);
     EXPECT_EQ(CharsetNextChar(text + 1, csWindowsJapanese), text + 3);
@@ -98,7 +98,7 @@ TEST(NarrowText, StepsByTheSystem) {
     EXPECT_EQ(CharsetNextChar(text + 1, csMacJapanese), text + 2);  // no code page
 }
 
-TEST(NarrowText, LeadByteBeforeTheTerminatorIsOneCharacter) {
+TEST(ByteWalk, LeadByteBeforeTheTerminatorIsOneCharacter) {
     char text[] = "\x82";
     EXPECT_EQ(CharsetNextChar(text, csWindowsJapanese), text + 1);
 }
