@@ -1,6 +1,6 @@
 // The pattern match, on any text and pattern, against its plain form. Texts are copied to memory of exactly their size,
 // so that a read past the end is seen. The plain form takes exponential time, so the input is kept short for it, or has
-// few runs; other input is matched all the same, and must only come to an end.
+// few runs, a few more where the text is short; other input is matched all the same, and must only come to an end.
 
 #include <Utility/errors.h>
 #include <Utility/text_tools.h>
@@ -45,7 +45,8 @@ wstring16 NextText(OperationStream& stream, uint32 length) {
 
 bool IsForThePlainForm(const wstring16& text, const wstring16& pattern) {
     if (text.size() <= 9 && pattern.size() <= 9) return true;
-    return text.size() <= 80 && std::count(pattern.begin(), pattern.end(), wchar16{'%'}) <= 2;
+    const auto runs = std::count(pattern.begin(), pattern.end(), wchar16{'%'});
+    return text.size() <= 80 && (runs <= 2 || (text.size() <= 31 && runs <= 4));
 }
 
 }  // namespace

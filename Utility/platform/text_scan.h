@@ -237,21 +237,35 @@ inline std::size_t WholeBlocks(std::size_t units) {
     return units - units % BlockUnits;
 }
 
+// Two bits for each unit of a block at which two texts differ or the first one ends.
+template <bool IgnoreCase>
+unsigned Stops(const wchar16* a, const wchar16* b) {
+    const __m128i left = LoadAny(a);
+    const __m128i goesOn = _mm_and_si128(SameUnits<IgnoreCase>(left, LoadAny(b)), left);
+    return Mask(_mm_cmpeq_epi16(goesOn, _mm_setzero_si128()));
+}
+
 // The same as FirstDifferenceByUnit from 0 to the limit: by blocks while both texts stay within a page, the last of
-// which may reach beyond the limit, then by unit to the end of the page that ends first.
+// which may reach beyond the limit, then by unit to the end of the page that ends first. Most texts differ or end in
+// the first blocks, which need no look at how much of the page is left.
 template <bool IgnoreCase, typename Limit>
 static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, Limit limit) {
+    constexpr std::size_t firstUnits = 3 * BlockUnits;
     const std::size_t count = limit;
     std::size_t index = 0;
+    if (count != 0 && CanRead(a, firstUnits * sizeof(wchar16)) && CanRead(b, firstUnits * sizeof(wchar16))) {
+        for (; index < firstUnits; index += BlockUnits) {
+            const unsigned stops = Stops<IgnoreCase>(a + index, b + index);
+            if (stops != 0) return std::min(index + FirstUnit(stops), count);
+        }
+    }
     while (index < count) {
         const std::size_t pageEnd = index + std::min(UnitsInPage(a + index), UnitsInPage(b + index));
         const std::size_t end = std::min(pageEnd, count);
         const std::size_t blocksEnd = std::min(index + WholeBlocks(pageEnd - index), count);
         for (; index < blocksEnd; index += BlockUnits) {
-            const __m128i left = LoadAny(a + index);
-            const __m128i same = SameUnits<IgnoreCase>(left, LoadAny(b + index));
-            const unsigned goesOn = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same));
-            if (goesOn != WholeMask) return std::min(index + FirstUnit(~goesOn), count);
+            const unsigned stops = Stops<IgnoreCase>(a + index, b + index);
+            if (stops != 0) return std::min(index + FirstUnit(stops), count);
         }
         index = FirstDifferenceByUnit<IgnoreCase>(a, b, index, end);
         if (index < end) return index;

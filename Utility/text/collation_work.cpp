@@ -1,6 +1,8 @@
 #include <Utility/text/collation_work.h>
 
 #include <Utility/platform/runtime.h>
+#include <Utility/text/key_text.h>
+#include <Utility/text/sign.h>
 
 #include <algorithm>
 #include <cstring>
@@ -25,6 +27,11 @@ bool IsComposed(const wchar16* text, int32 length) {
         if (!isBelow(fourUnits)) return false;
     }
     return std::all_of(text, end, isBelow);
+}
+
+// The key of the text in a work area; null if it cannot be had.
+const uint8* ComputedKey(sCollationWork& work) {
+    return work.ComputeKey() ? work.Key() : nullptr;
 }
 
 }  // namespace
@@ -70,6 +77,10 @@ bool sCollationWork::Convert(Conversion convert, WorkRoom<wchar16>& room) {
     return true;
 }
 
+int32 sCollationWork::CompareWith(const sCollationWork& other) const {
+    return Sign(calls.compare(collator, prepared, length, other.prepared, other.length));
+}
+
 bool sCollationWork::ComputeKey() {
     int32 bytes = calls.getSortKey(collator, prepared, length, key.Start(), key.Size());
     if (bytes > key.Size()) {
@@ -78,6 +89,20 @@ bool sCollationWork::ComputeKey() {
     }
     keySize = bytes > 0 && bytes <= key.Size() ? static_cast<uint64>(bytes) : 0;
     return keySize > 0;
+}
+
+// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
+// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
+// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
+int32 CompareTexts(sCollationWork& first, const wchar16* a, sCollationWork& second, const wchar16* b) {
+    const bool isKeyA = keytext::HasMark(a);
+    const bool isKeyB = keytext::HasMark(b);
+    if (!isKeyA && !first.SetText(a)) return 0;
+    if (!isKeyB && !second.SetText(b)) return 0;
+    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) return first.CompareWith(second);
+    const uint8* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
+    const uint8* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
+    return keyA != nullptr && keyB != nullptr ? keytext::CompareKeys(keyA, keyB) : 0;
 }
 
 template class WorkRoom<wchar16>;

@@ -42,6 +42,9 @@ public:
     // Whether all of its units are below the first combining mark.
     bool IsPlain() const { return isPlain; }
 
+    // Compares the text with that of another area, as the collator does by itself.
+    int32 CompareWith(const sCollationWork& other) const;
+
     // Computes the key of the text. False on failure.
     bool ComputeKey();
     // The key, and how many bytes it has, the zero byte at its end included. Good until the next call of ComputeKey.
@@ -65,5 +68,9 @@ private:
     bool isPlain = false;
     uint64 keySize = 0;
 };
+
+// Compares two texts, of which one may be a key text but not both: -1, 0 or 1. Each has a work area of its own. (Key
+// texts have a road to themselves, which is quick because this one is not part of it.)
+int32 CompareTexts(sCollationWork& first, const wchar16* a, sCollationWork& second, const wchar16* b);
 
 }  // namespace Torvo

@@ -1,5 +1,5 @@
 // The parts of the pattern match. Most matches are decided by looking at many units at once, in like.cpp and
-// like_short.cpp; everything else is left to MatchSteps, and all could be.
+// like_run.cpp; everything else is left to MatchSteps, and all could be.
 #pragma once
 
 #include <Utility/platform/types.h>
@@ -16,7 +16,13 @@ using EscapeUnit = uint32;
 //
 // Character by character (like_steps.cpp).
 bool MatchSteps(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool* match);
-// A pattern that begins with a run (like_short.cpp).
+// A pattern that begins with a run (like_run.cpp).
 bool MatchRun(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool* match);
+
+// What is rarely needed behind a run, and would only be in the way there (like_steps.cpp): the first place from `text`
+// on where a part may stand that begins with a plain unit, or the terminator; and whether a part is the last one, and
+// takes one unit for each of its own where nothing joins another.
+const wchar16* NextPlace(const wchar16* text, const wchar16* part, EscapeUnit escape);
+bool IsLastPart(const wchar16* part, EscapeUnit escape);
 
 }  // namespace Torvo::like

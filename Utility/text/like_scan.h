@@ -18,6 +18,11 @@ inline bool IsPlain(wchar16 unit, EscapeUnit escape) {
     return unit != 0 && !Joins(unit) && unit != anyRun && unit != anyOne && unit != escape;
 }
 
+// Whether the escape character may stand before the unit.
+inline bool MayBeEscaped(wchar16 unit, EscapeUnit escape) {
+    return unit == anyRun || unit == anyOne || unit == escape;
+}
+
 // Whether a unit of the pattern takes one of the text, where neither joins another: a plain unit its equal, and "_" any
 // but the terminator.
 inline bool Takes(wchar16 unit, wchar16 text, EscapeUnit escape) {
@@ -70,9 +75,9 @@ namespace scan = platform::scan;
 
 inline constexpr std::size_t lanes = 16;
 
-// Whether sixteen units, and so many more, can be read at `text`, whatever its length.
-inline bool CanRead(const wchar16* text, std::size_t more = 0) {
-    return scan::CanRead(text, (lanes + more) * sizeof(wchar16));
+// Whether sixteen units can be read at `text`, whatever its length.
+inline bool CanRead(const wchar16* text) {
+    return scan::CanRead(text, lanes * sizeof(wchar16));
 }
 
 // Units made bytes: those that have none become the highest or the lowest one.
@@ -82,10 +87,6 @@ inline __m128i Bytes(__m128i low, __m128i high) {
 
 inline __m128i EachByte(wchar16 unit) {
     return Bytes(scan::Broadcast(unit), scan::Broadcast(unit));
-}
-
-inline __m128i LoadBytes(const wchar16* text) {
-    return Bytes(scan::LoadAny(text), scan::LoadAny(text + lanes / 2));
 }
 
 // All ones where a unit is neither the terminator nor one that joins.

@@ -35,8 +35,8 @@ Element Read(const wchar16* pattern, EscapeUnit escape) {
     if (*pattern == 0) return {Kind::End, 0, pattern};
     const wchar16* const next = NextCharacter(pattern);
     if (*pattern == escape) {
-        const bool isGood = *next == anyRun || *next == anyOne || *next == escape;
-        return isGood ? Element{Kind::Literal, *next, NextCharacter(next)} : Element{Kind::BadEscape, 0, next};
+        return MayBeEscaped(*next, escape) ? Element{Kind::Literal, *next, NextCharacter(next)}
+                                           : Element{Kind::BadEscape, 0, next};
     }
     if (*pattern == anyRun) return {Kind::AnyRun, 0, next};
     if (*pattern == anyOne) return {Kind::AnyOne, 0, next};
@@ -51,26 +51,21 @@ enum class Outcome {
     BadPattern,  // a bad escape
 };
 
-// How far a match has come.
-struct Progress {
-    const wchar16* text;
-    const wchar16* pattern;
-    Outcome outcome;
-};
-
-// Compares the text with the pattern up to the next run.
+// Compares the text with the pattern up to the next run, and moves both to where that ends. (Places are passed by
+// reference, so that they stay in registers.)
 class PartComparer {
 public:
     explicit PartComparer(EscapeUnit escape) : escape_(escape), taker_(escape) {}
 
-    Progress Compare(const wchar16* text, const wchar16* pattern) const {
+    Outcome Compare(const wchar16*& text, const wchar16*& pattern) const {
         for (;;) {
             const std::size_t count = taker_.Count(text, pattern);
             text += count;
             pattern += count;
             const bool joinsText = Joins(*text);
             if (*pattern == anyRun && escape_ != anyRun && !joinsText) {
-                return {text, NextCharacter(pattern), Outcome::MetRun};
+                pattern = NextCharacter(pattern);
+                return Outcome::MetRun;
             }
             // What comes on either side may join the last unit to a character: that is left for the careful steps.
             if (count != 0 && (joinsText || Joins(*pattern))) {
@@ -80,16 +75,17 @@ public:
             const Element element = Read(pattern, escape_);
             switch (element.kind) {
                 case Kind::AnyRun:
-                    return {text, element.next, Outcome::MetRun};
+                    pattern = element.next;
+                    return Outcome::MetRun;
                 case Kind::End:
-                    return {text, pattern, *text == 0 ? Outcome::Match : Outcome::Differs};
+                    return *text == 0 ? Outcome::Match : Outcome::Differs;
                 case Kind::BadEscape:
-                    return {text, pattern, Outcome::BadPattern};
+                    return Outcome::BadPattern;
                 case Kind::Literal:
                     if (*text == element.unit) break;
-                    return {text, pattern, *text == 0 ? Outcome::TextEnded : Outcome::Differs};
+                    return *text == 0 ? Outcome::TextEnded : Outcome::Differs;
                 case Kind::AnyOne:
-                    if (*text == 0) return {text, pattern, Outcome::TextEnded};
+                    if (*text == 0) return Outcome::TextEnded;
                     break;
             }
             text = NextCharacter(text);
@@ -116,39 +112,50 @@ Outcome CompareLastPart(const wchar16* text, const wchar16* part, EscapeUnit esc
 
 // Goes on behind a run: to the first place where the part stands, and behind it.
 template <typename Find>
-Progress FindPart(const wchar16* text, const wchar16* part, const PartComparer& comparer, EscapeUnit escape,
-                  Find find) {
+Outcome FindPart(const wchar16*& text, const wchar16*& pattern, const PartComparer& comparer, EscapeUnit escape,
+                 Find find) {
+    const wchar16* const part = pattern;
     for (bool isFirst = true;; isFirst = false) {
         text = find(text);
         // Also right behind the run: at the end of the text it matches only if it ends the pattern.
-        if (*text == 0) return {text, part, Outcome::TextEnded};
-        const Progress progress = comparer.Compare(text, part);
-        if (progress.outcome != Outcome::Differs) return progress;
+        if (*text == 0) return Outcome::TextEnded;
+        const wchar16* const place = text;
+        pattern = part;
+        const Outcome outcome = comparer.Compare(text, pattern);
+        if (outcome != Outcome::Differs) return outcome;
         if (isFirst) {
-            const Outcome last = CompareLastPart(text, part, escape);
-            if (last != Outcome::Differs) return {text, part, last};
+            const Outcome last = CompareLastPart(place, part, escape);
+            if (last != Outcome::Differs) return last;
         }
-        text = NextCharacter(text);
+        text = NextCharacter(place);
     }
 }
 
 Outcome Match(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
     const PartComparer comparer(escape);
-    Progress at = comparer.Compare(text, pattern);
-    while (at.outcome == Outcome::MetRun) {
-        const wchar16* const part = at.pattern;
-        if (*part == 0) return Outcome::Match;
-        if (IsPlain(*part, escape)) {
-            const PartStart start(part, escape);
-            at = FindPart(at.text, part, comparer, escape, [&](const wchar16* place) { return start.Find(place); });
+    Outcome outcome = comparer.Compare(text, pattern);
+    while (outcome == Outcome::MetRun) {
+        if (*pattern == 0) return Outcome::Match;
+        if (IsPlain(*pattern, escape)) {
+            const PartStart start(pattern, escape);
+            outcome =
+                FindPart(text, pattern, comparer, escape, [&](const wchar16* place) { return start.Find(place); });
         } else {
-            at = FindPart(at.text, part, comparer, escape, [&](const wchar16* place) { return place; });
+            outcome = FindPart(text, pattern, comparer, escape, [&](const wchar16* place) { return place; });
         }
     }
-    return at.outcome;
+    return outcome;
 }
 
 }  // namespace
+
+const wchar16* NextPlace(const wchar16* text, const wchar16* part, EscapeUnit escape) {
+    return PartStart(part, escape).Find(text);
+}
+
+bool IsLastPart(const wchar16* part, EscapeUnit escape) {
+    return CountToEnd(part, escape) != 0;
+}
 
 bool MatchSteps(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool* match) {
     const Outcome outcome = Match(text, pattern, escape);

@@ -136,10 +136,11 @@ int32 StringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (!UnitFolding::StandAlone(atA, atB)) return CompareAny(a, b);
     const uint16 left = units.Fold(unitA);
     const uint16 right = units.Fold(unitB);
-    if (left == right || (left | right) >= UnitFolding::Unknown) return CompareAny(a, b);
-    const bool asByUnit = (left < right) == (unitA < unitB);
+    if (!UnitFolding::Differ(left, right)) return CompareAny(a, b);
+    const int32 folded = int32{left} - right;
+    const bool asByUnit = (folded ^ (int32{unitA} - unitB)) >= 0;
     if (!IsShortText(a) || !(asByUnit || IsShortText(b))) return CompareAny(a, b);
-    return left < right ? -1 : 1;
+    return folded < 0 ? -1 : 1;
 }
 
 int32 StringNormalizerImpl::CompareAny(const wchar16* a, const wchar16* b) const {

@@ -27,6 +27,8 @@ public:
     // is not known.
     static constexpr uint16 Unknown = 0x100;
     uint16 Fold(wchar16 unit) const { return folds[unit]; }
+    // Whether both of two are known, and differ.
+    static bool Differ(uint16 a, uint16 b) { return (uint32{a} ^ b) - 1 < Unknown - 1; }
     // What the byte means in system text, for a byte that Fold gave.
     wchar16 Unit(uint16 byte) const { return meanings[byte]; }
     // Whether units before these two are known to be folded each for itself.

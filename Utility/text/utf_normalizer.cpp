@@ -76,8 +76,6 @@ struct UtfStringNormalizerImpl::Parts {
                                      name.IsJapanese() ? CollationStrength::Quaternary : StrengthFor(code));
     }
 
-    int32 Compare(const wchar16* a, const wchar16* b);
-
     const ZUCHARSET charset;
     const uint32 lcid;
     const uint16 code;  // not 0: the finer strength
@@ -85,34 +83,6 @@ struct UtfStringNormalizerImpl::Parts {
     sCollationWork first;   // of single texts and of the first one of a comparison
     sCollationWork second;  // of the second one
 };
-
-namespace {
-
-// The key of the text in a work area; null if it cannot be had.
-const uint8* ComputedKey(sCollationWork& work) {
-    return work.ComputeKey() ? work.Key() : nullptr;
-}
-
-}  // namespace
-
-// Not both of the two are key texts.
-//
-// Two texts below the combining marks are compared by the collator itself, which gives what comparing their keys gives,
-// and sooner. Beyond them it does not always: it skips what the texts begin with alike, and so loses what a mark
-// depends on where accents count from the end, as in Canadian French, or where punctuation is passed over, as in Thai.
-int32 UtfStringNormalizerImpl::Parts::Compare(const wchar16* a, const wchar16* b) {
-    const bool isKeyA = keytext::HasMark(a);
-    const bool isKeyB = keytext::HasMark(b);
-    if (!isKeyA && !first.SetText(a)) return 0;
-    if (!isKeyB && !second.SetText(b)) return 0;
-    if (!isKeyA && !isKeyB && first.IsPlain() && second.IsPlain()) {
-        return Sign(
-            collator.Calls().compare(collator.Get(), first.Text(), first.Length(), second.Text(), second.Length()));
-    }
-    const uint8* const keyA = isKeyA ? keytext::KeyOf(a) : ComputedKey(first);
-    const uint8* const keyB = isKeyB ? keytext::KeyOf(b) : ComputedKey(second);
-    return keyA != nullptr && keyB != nullptr ? keytext::CompareKeys(keyA, keyB) : 0;
-}
 
 UtfStringNormalizerImpl::UtfStringNormalizerImpl(ZUCHARSET charset, uint32 lcid, uint16 code)
     : parts(new (std::nothrow) Parts(charset, NamedLocale(lcid), code)) {
@@ -182,7 +152,7 @@ int32 UtfStringNormalizerImpl::Compare(const wchar16* a, const wchar16* b) {
     if (keytext::HasMark(a) && keytext::HasMark(b)) {
         return keytext::CompareKeys(keytext::KeyOf(a), keytext::KeyOf(b));
     }
-    return a != nullptr && b != nullptr ? parts->Compare(a, b) : 0;
+    return a != nullptr && b != nullptr ? CompareTexts(parts->first, a, parts->second, b) : 0;
 }
 
 uint32 UtfStringNormalizerImpl::GetLCID() {

@@ -331,6 +331,68 @@ TEST_F(LikeTest, AnswersAsThePlainFormDoesWithEscapesOnLongTexts) {
     EXPECT_GT(CompareOnLongTexts({ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("c"), ZUTEXT("%")}, 12, 10'000), 1'000);
 }
 
+// Texts full of wildcards, and patterns that escape them as they should, but for one in a hundred.
+wstring16 EscapedPatternFor(test::Random& random, const wstring16& text) {
+    wstring16 pattern;
+    for (const wchar16 unit : text) {
+        if (random.OneIn(10)) {
+            pattern += random.OneIn(2) ? ZUTEXT("_") : ZUTEXT("%");
+            continue;
+        }
+        const bool isWild = unit == '%' || unit == '_' || unit == '!';
+        if (isWild != random.OneIn(100)) pattern += '!';
+        pattern += unit;
+    }
+    return pattern;
+}
+
+TEST_F(LikeTest, AnswersAsThePlainFormDoesWithManyEscapes) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    int matches = 0;
+    for (int i = 0; i < 20'000; ++i) {
+        const wstring16 text =
+            RandomFrom(random, {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("a"), ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("!")}, 24);
+        const wstring16 pattern = EscapedPatternFor(random, text);
+        const Placed placedText(random, text);
+        const Placed placedPattern(random, pattern);
+        bool expected = true;
+        int errors = 0;
+        const bool isGood = PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
+        bool match = !expected;
+        ASSERT_EQ(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match), isGood) << i;
+        ASSERT_EQ(match, expected) << i;
+        ASSERT_EQ(NumErrors(), errors);
+        if (errors != 0) ClearErrors();
+        matches += match;
+    }
+    EXPECT_GT(matches, 10'000);
+}
+
+// What is short has up to 31 units: every length of text and of pattern around that.
+TEST_F(LikeTest, AnswersAsThePlainFormDoesAtEveryLength) {
+    for (std::size_t length = 0; length < 36; ++length) {
+        wstring16 text;
+        for (std::size_t index = 0; index < length; ++index) text += static_cast<wchar16>('a' + index % 26);
+        for (std::size_t first = 0; first <= length; ++first) {
+            for (std::size_t count = 0; first + count <= length; ++count) {
+                const wstring16 part = text.substr(first, count);
+                const bool isEnd = first + count == length;
+                const bool isLast = count == 0 || text.rfind(part) == length - count;
+                EXPECT_EQ(Match(text, ZUTEXT("%") + part), isLast || isEnd ? "yes" : "no") << length << " " << first;
+                const bool isNothing = count == 0 && length == 0;
+                EXPECT_EQ(Match(text, ZUTEXT("%") + part + ZUTEXT("%")), isNothing ? "no" : "yes") << length;
+                if (count == 0) continue;
+                wstring16 other = part;
+                other[count / 2] = '-';
+                EXPECT_EQ(Match(text, ZUTEXT("%") + other + ZUTEXT("%")), "no") << length << " " << first;
+                other[count / 2] = '_';
+                EXPECT_EQ(Match(text, ZUTEXT("%") + other + ZUTEXT("%")), "yes") << length << " " << first;
+            }
+        }
+    }
+}
+
 // The last part is looked for at the end of the text, where each character is one unit.
 TEST_F(LikeTest, TheLastPartStandsAtTheEndOfALongText) {
     const wstring16 start(100, 'x');

@@ -50,6 +50,20 @@ private:
     bool metRefused_ = false;
 };
 
+// Pairs that follow one another: a first one, of which the lead byte is there, and up to `most` of them. False, with
+// `at` at its lead byte, where one is none.
+bool DecodePairs(const CodePage& page, std::ptrdiff_t most, const uint8*& at, wchar16*& to) {
+    const uint8* const end = at + 2 * most;
+    for (const wchar16* row = page.Row(*at); row != nullptr; row = page.Row(*at)) {
+        const wchar16 unit = CodePage::PairIn(row, at[1]);
+        if (unit == 0) return false;
+        *to++ = unit;
+        at += 2;
+        if (at == end) break;
+    }
+    return true;
+}
+
 // Up to the first byte that needs a closer look, the last one, or the last unit. Sixteen bytes of ASCII go at once.
 // Places are kept in locals, so that they can be kept in registers.
 void DecodeByTable(const CodePage& page, DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
@@ -69,10 +83,7 @@ void DecodeByTable(const CodePage& page, DoubleDecoder& decoder, UnitTarget targ
         } else if (!page.IsLead(*at)) {
             *to++ = page.Single(*at++);
         } else {
-            const wchar16 unit = page.Pair(at[0], at[1]);
-            if (unit == 0) break;
-            *to++ = unit;
-            at += 2;
+            if (!DecodePairs(page, std::min((last - at + 1) / 2, room - to), at, to)) break;
         }
     }
     decoder.Skip(static_cast<std::size_t>(at - decoder.At()));
@@ -97,8 +108,17 @@ constexpr std::ptrdiff_t BlockCount = 8;
 // What a block may come to, and two bytes for the character behind it.
 constexpr std::ptrdiff_t MixedRoom = 2 * BlockCount + 2;
 
-// Ranges that hold every unit that may combine, and no other that text of East Asia is full of.
+// Whether one of eight units lies in a range.
+bool IsOneIn(UnitRange range, __m128i units) {
+    const __m128i fromFirst = _mm_sub_epi16(units, _mm_set1_epi16(static_cast<short>(range.first)));
+    const __m128i beyond = _mm_subs_epu16(fromFirst, _mm_set1_epi16(static_cast<short>(range.last - range.first)));
+    return HighBytes(_mm_cmpeq_epi16(beyond, _mm_setzero_si128())) != 0;
+}
+
+// Ranges that hold every unit that may combine, and no other that text of East Asia is full of; and one that holds
+// them, in which there is neither ASCII nor most of what has two bytes.
 constexpr UnitRange nearCombining[] = {{0x0300, 0x0345}, {0x05B4, 0x1B35}, {0x3099, 0x309A}};
+constexpr UnitRange aroundCombining = {std::begin(nearCombining)->first, std::end(nearCombining)[-1].last};
 static_assert(std::all_of(std::begin(combiningUnits), std::end(combiningUnits), [](UnitRange range) {
     return std::any_of(std::begin(nearCombining), std::end(nearCombining),
                        [range](UnitRange wide) { return wide.first <= range.first && range.last <= wide.last; });
@@ -107,13 +127,8 @@ static_assert(std::all_of(std::begin(combiningUnits), std::end(combiningUnits), 
 // Whether one of eight units may combine.
 bool MayOneCombine(const wchar16* units) {
     const __m128i lanes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
-    const auto isIn = [lanes](UnitRange range) {
-        const __m128i fromFirst = _mm_sub_epi16(lanes, _mm_set1_epi16(static_cast<short>(range.first)));
-        const __m128i beyond = _mm_subs_epu16(fromFirst, _mm_set1_epi16(static_cast<short>(range.last - range.first)));
-        return _mm_cmpeq_epi16(beyond, _mm_setzero_si128());
-    };
-    const __m128i first = _mm_or_si128(isIn(nearCombining[0]), isIn(nearCombining[1]));
-    return HighBytes(_mm_or_si128(first, isIn(nearCombining[2]))) != 0;
+    return IsOneIn(aroundCombining, lanes) &&
+           (IsOneIn(nearCombining[0], lanes) || IsOneIn(nearCombining[1], lanes) || IsOneIn(nearCombining[2], lanes));
 }
 
 // Eight units that all have two bytes; false, and nothing is written, if they do not.
@@ -143,17 +158,6 @@ std::ptrdiff_t EncodeMixed(const uint16* codes, const wchar16* units, uint8*& ta
     return taken;
 }
 
-// Whether all of eight units, and the one behind them, have higher numbers than all that may combine.
-bool AreAllHigh(const wchar16* units) {
-    constexpr wchar16 lastCombining = std::end(nearCombining)[-1].last;
-    const auto beyond = [limit = _mm_set1_epi16(static_cast<short>(lastCombining))](const wchar16* at) {
-        return _mm_subs_epu16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)), limit);
-    };
-    const __m128i zero = _mm_setzero_si128();
-    const __m128i isLow = _mm_or_si128(_mm_cmpeq_epi16(beyond(units), zero), _mm_cmpeq_epi16(beyond(units + 1), zero));
-    return HighBytes(isLow) == 0;
-}
-
 bool HasAscii(const wchar16* units) {
     const __m128i lanes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
     const __m128i beyond = _mm_subs_epu16(lanes, _mm_set1_epi16(0x7F));
@@ -164,9 +168,8 @@ bool HasAscii(const wchar16* units) {
 // sixteen bytes.
 std::ptrdiff_t EncodeBlock(const uint16* codes, bool composes, const wchar16* units, uint8*& target,
                            const uint8* room) {
-    const bool areHigh = AreAllHigh(units);
-    if (!areHigh && composes && MayOneCombine(units + 1)) return 0;
-    if ((areHigh || !HasAscii(units)) && EncodePairs(codes, units, target)) {
+    if (composes && MayOneCombine(units + 1)) return 0;
+    if (!HasAscii(units) && EncodePairs(codes, units, target)) {
         target += 2 * BlockCount;
         return BlockCount;
     }

@@ -47,12 +47,15 @@ public:
     wchar16 DefaultUnit() const { return defaultUnit_; }
     const wchar16* SingleUnits() const { return single_.data(); }
     wchar16 Single(uint8 byte) const { return single_[byte]; }
-    bool IsLead(uint8 byte) const { return rows_[byte] != nullptr; }
+    // The units of the pairs that begin with this byte, for PairIn; null if there are none.
+    const wchar16* Row(uint8 lead) const { return rows_[lead]; }
+    bool IsLead(uint8 byte) const { return Row(byte) != nullptr; }
     bool IsRefused(uint8 byte) const { return refused_[byte]; }
     // 0 where the two bytes are no pair.
-    wchar16 Pair(uint8 lead, uint8 trail) const {
-        return trail < FirstTrail || trail > LastTrail ? wchar16{0} : rows_[lead][trail - FirstTrail];
+    static wchar16 PairIn(const wchar16* row, uint8 trail) {
+        return trail < FirstTrail || trail > LastTrail ? wchar16{0} : row[trail - FirstTrail];
     }
+    wchar16 Pair(uint8 lead, uint8 trail) const { return PairIn(Row(lead), trail); }
 
     // ---- units to bytes ----
 

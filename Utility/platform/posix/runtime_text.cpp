@@ -1,7 +1,6 @@
 #include <Utility/platform/number_text.h>
-#include <Utility/platform/posix/builtin_locale.h>
+#include <Utility/platform/posix/runtime_case.h>
 #include <Utility/platform/runtime.h>
-#include <Utility/platform/text.h>
 #include <Utility/platform/text_scan.h>
 #include <Utility/platform/unit_set.h>
 
@@ -28,33 +27,18 @@ const wchar16* FindInSet(const wchar16* text, const wchar16* set, std::size_t co
     return text;
 }
 
-bool CharacterLocaleIsC() {
-    static const char* const builtInCodeset = BuiltInLocaleItem(CODESET);
-    return nl_langinfo(CODESET) == builtInCodeset;
-}
-
-// Compares from the first difference beyond ASCII on. Only here the locale makes a difference, so only here it is asked
-// for.
-int CompareBeyondAscii(const wchar16* a, const wchar16* b, std::size_t count) {
-    const auto fold = CharacterLocaleIsC() ? scan::FoldUnit : static_cast<wchar16 (*)(wchar16)>(CharLowerW);
-    for (std::size_t index = 0; index < count; ++index) {
-        const wchar16 left = fold(a[index]);
-        const wchar16 right = fold(b[index]);
-        if (left != right || left == 0) return left - right;
-    }
-    return 0;
-}
-
 template <typename Limit>
 int CompareIgnoringCase(const wchar16* a, const wchar16* b, Limit limit) {
     const std::size_t count = limit;
     const std::size_t index = scan::FirstDifferenceOrEnd<true>(a, b, limit);
     if (index == count) return 0;
-    const wchar16 left = scan::FoldUnit(a[index]);
-    const wchar16 right = scan::FoldUnit(b[index]);
-    if (left >= 0x80 || right >= 0x80) [[unlikely]]
-        return CompareBeyondAscii(a + index, b + index, count - index);
-    return left - right;
+    const wchar16 left = a[index];
+    const wchar16 right = b[index];
+    // Most often the end of both.
+    if (left == right) return 0;
+    if ((left | right) >= 0x80) [[unlikely]]
+        return CompareByCharacterLocale(a + index, b + index, count - index);
+    return scan::FoldUnit(left) - scan::FoldUnit(right);
 }
 
 }  // namespace
@@ -141,10 +125,6 @@ int _wcsicmp(const wchar16* a, const wchar16* b) {
 
 int _wcsnicmp(const wchar16* a, const wchar16* b, std::size_t count) {
     return CompareIgnoringCase(a, b, count);
-}
-
-wchar16 towlower(wchar16 unit) {
-    return unit < 0x80 || CharacterLocaleIsC() ? scan::FoldUnit(unit) : CharLowerW(unit);
 }
 
 int _wtoi(const wchar16* text) {

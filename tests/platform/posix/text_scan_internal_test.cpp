@@ -1,6 +1,8 @@
 // Texts that end where the next page must not be touched.
 
 #include <Utility/platform/runtime.h>
+#include <Utility/text/key_text.h>
+#include <Utility/text_tools.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -78,6 +80,50 @@ TEST(TextScan, NothingIsReadInAPageBehindTheBound) {
     }
     EXPECT_EQ(platform::wcsnlen(pages.End(), 0), 0u);
     EXPECT_EQ(platform::wcsncmp(pages.End(), pages.End(), 0), 0);
+}
+
+// At the end of its page and at each distance from it that a vector may reach over.
+TEST(TextScan, NothingIsReadInAPageBehindTextAndPatternOfAMatch) {
+    GuardedPages first;
+    GuardedPages second;
+    const auto matches = [](const wchar16* text, const wchar16* pattern) {
+        bool match = false;
+        EXPECT_TRUE(Torvo::Like(text, pattern, ZUTEXT("!"), &match));
+        return match;
+    };
+    for (std::size_t length = 0; length < 100; ++length) {
+        const wchar16* const text = first.TextAtEnd(length);
+        for (std::size_t size = 0; size < 40; ++size) {
+            wchar16* const pattern = second.TextAtEnd(size);
+            ASSERT_EQ(matches(text, pattern), length == size);
+            if (size == 0) continue;
+            pattern[0] = '%';
+            ASSERT_EQ(matches(text, pattern), length + 1 >= size) << length << " " << size;
+            pattern[size - 1] = '%';
+            ASSERT_EQ(matches(text, pattern), length + 2 >= size && (size != 2 || length != 0))
+                << length << " " << size;
+            if (size < 4) continue;
+            pattern[1] = '!';
+            pattern[2] = '_';
+            ASSERT_FALSE(matches(text, pattern));
+        }
+    }
+}
+
+TEST(TextScan, NothingIsReadInAPageBehindAKey) {
+    GuardedPages first;
+    GuardedPages second;
+    for (std::size_t length = 0; length < 100; ++length) {
+        wchar16* const left = first.TextAtEnd(length);
+        wchar16* const right = second.TextAtEnd(length);
+        std::fill_n(left, length, wchar16{0x6161});
+        std::fill_n(right, length, wchar16{0x6161});
+        const auto* const a = reinterpret_cast<const Torvo::uint8*>(left);
+        const auto* const b = reinterpret_cast<const Torvo::uint8*>(right);
+        ASSERT_EQ(Torvo::keytext::CompareKeys(a, b), 0);
+        if (length != 0) right[length - 1] = 0x6261;
+        ASSERT_EQ(Torvo::keytext::CompareKeys(a, b), length != 0 ? -1 : 0);
+    }
 }
 
 }  // namespace
