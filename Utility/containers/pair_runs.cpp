@@ -1,4 +1,3 @@
-#include <Utility/containers/block_directory.h>
 #include <Utility/containers/pair_runs.h>
 
 #include <algorithm>
@@ -33,18 +32,24 @@ typename PairRuns<T>::Position PairRuns<T>::Before(Position at) const {
 }
 
 template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Nearest(T item) const {
+    const std::size_t block = BlockBelow(lows_, item);
+    const std::vector<Run<T>>& runs = blocks_[block]->runs;
+    return {block, static_cast<std::size_t>(NearestIn(runs, item) - runs.data())};
+}
+
+template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::Find(T item) const {
-    const std::size_t behind = CountLeading(lows_, [item](T low) { return low <= item; });
-    if (behind == 0) return {};
-    const std::vector<Run<T>>& runs = blocks_[behind - 1]->runs;
-    const std::size_t place = CountLeading(runs, [item](const Run<T>& run) { return run.high < item; });
-    return place < runs.size() ? Position{behind - 1, place} : Position{behind, 0};
+    if (Empty()) return End();
+    const Position at = Nearest(item);
+    return At(at).high < item ? Behind(at) : at;
 }
 
 template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::Above(T item) const {
-    const Position at = Find(item);
-    return !AtEnd(at) && At(at).low <= item ? Behind(at) : at;
+    if (Empty()) return End();
+    const Position at = Nearest(item);
+    return At(at).low <= item ? Behind(at) : at;
 }
 
 template <typename T>
@@ -54,28 +59,21 @@ typename PairRuns<T>::Position PairRuns<T>::BehindTouching(T high) const {
 }
 
 template <typename T>
-bool PairRuns<T>::Member(T item) const {
-    const Position at = Find(item);
-    return !AtEnd(at) && At(at).low <= item;
-}
-
-template <typename T>
 void PairRuns<T>::Add(T item) {
     if (Empty() || item > Last().high) return Append(item);
-    const Position at = Find(item);
-    const Run<T> above = At(at);
-    if (above.low <= item) return;
+    const Position at = Nearest(item);
+    const Run<T> below = At(at);
+    if (Holds(below, item)) return;
+    // The first run of all may lie above the item.
+    const bool hasBelow = below.low < item;
+    const Position behind = hasBelow ? Behind(at) : at;
+    const Run<T> above = At(behind);
+    const bool touchesBelow = hasBelow && item - below.high == 1;
     const bool touchesAbove = above.low - item == 1;
-    if (at != Position{}) {
-        const Position before = Before(at);
-        const Run<T> below = At(before);
-        if (item - below.high == 1) {
-            if (touchesAbove) Erase(at, Behind(at));
-            return Change(before, {below.low, touchesAbove ? above.high : item});
-        }
-    }
-    if (touchesAbove) return Change(at, {item, above.high});
-    Insert(at, {item, item});
+    if (!touchesBelow && !touchesAbove) return Insert(behind, {item, item});
+    if (!touchesBelow) return Change(behind, {item, above.high});
+    if (touchesAbove) Erase(behind, Behind(behind));
+    Change(at, {below.low, touchesAbove ? above.high : item});
 }
 
 template <typename T>

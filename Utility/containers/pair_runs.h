@@ -10,6 +10,7 @@
 // then.
 #pragma once
 
+#include <Utility/containers/block_directory.h>
 #include <Utility/platform/types.h>
 
 #include <memory>
@@ -51,7 +52,9 @@ public:
     // The number of members, modulo 2^64.
     uint64 Count() const { return count_; }
 
-    bool Member(T item) const;
+    bool Member(T item) const {
+        return !Empty() && Holds(*NearestIn(blocks_[BlockBelow(lows_, item)]->runs, item), item);
+    }
     // Adds the value.
     void Add(T item);
     // Adds the values [low, high].
@@ -76,6 +79,7 @@ private:
     // What the first run of a list reserves.
     static constexpr std::size_t kFirstRuns = 32;
 
+    static bool Holds(const Run<T>& run, T item) { return item - run.low <= run.high - run.low; }
     static uint64 SizeOf(const Run<T>& run) { return uint64{run.high} - run.low + 1; }
     static uint64 SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to);
 
@@ -84,6 +88,11 @@ private:
     Position Behind(Position at) const;
     Position Before(Position at) const;
 
+    // The last run of which the low is at or below the item, or else the first; for a list that is not empty.
+    Position Nearest(T item) const;
+    static const Run<T>* NearestIn(const std::vector<Run<T>>& runs, T item) {
+        return LastHolding(runs.data(), runs.size(), [item](const Run<T>& run) { return run.low <= item; });
+    }
     // The first run of which the high is at or above the item, or the end.
     Position Find(T item) const;
     // The first run that lies above the item, or the end.

@@ -38,7 +38,7 @@ public:
     int32 Highest() const { return blocks_.back().Highest(); }
     // The number of members.
     uint64 Count() const { return count_; }
-    bool Member(int32 item) const { return blocks_[BlockOf(item)].Member(item); }
+    bool Member(int32 item) const { return !Empty() && blocks_[BlockOf(item)].Member(item); }
 
     // The first entry of a list that is not empty.
     Position First() const { return {}; }
@@ -67,7 +67,7 @@ private:
     static constexpr uint64 kMostWords = 512;
 
     // The block that has the item if any has.
-    std::size_t BlockOf(int32 item) const;
+    std::size_t BlockOf(int32 item) const { return BlockBelow(lows_, item); }
     // The first entry that ends at or above the item, or the end.
     Position Find(int32 item) const;
     // A place of a block, or the end of the block as the start of the next one.
@@ -77,6 +77,8 @@ private:
     // Adds a value that lies above all members.
     bool Append(int32 item);
     bool AppendBlock(int32 item);
+    // Adds the value just below the lowest one of a block that is not the first.
+    bool AddInFrontOf(std::size_t block);
     bool Insert(Position at, Entry entry);
     // Puts entries in the place of those in [from, to), where there are some, or in a place of a block.
     template <typename... Entries>
