@@ -71,9 +71,10 @@ void PairRuns<T>::Add(T item) {
     const bool touchesBelow = hasBelow && item - below.high == 1;
     const bool touchesAbove = above.low - item == 1;
     if (!touchesBelow && !touchesAbove) return Insert(behind, {item, item});
-    if (!touchesBelow) return Change(behind, {item, above.high});
-    if (touchesAbove) Erase(behind, Behind(behind));
-    Change(at, {below.low, touchesAbove ? above.high : item});
+    if (touchesBelow && touchesAbove) Erase(behind, Behind(behind));
+    // Which of the two it is nobody can foresee, so it is chosen and not asked for by a branch.
+    const Position changed{touchesBelow ? at.block : behind.block, touchesBelow ? at.place : behind.place};
+    Change(changed, {touchesBelow ? below.low : item, touchesAbove ? above.high : item});
 }
 
 template <typename T>
