@@ -73,14 +73,16 @@ private:
         std::vector<Run<T>> runs;
     };
 
-    // A block takes up to 2 or 4 KiB. Twice as much would have an insertion move for longer than it searches; half as
-    // much would make the directory of a large list the part that takes long to move.
-    static constexpr std::size_t kBlockRuns = 256;
+    // What an insertion moves is what a block has: of few blocks each has little. Of many each has four times as much,
+    // or else the directory would be the part that takes long to move.
+    static constexpr std::size_t kManyBlocks = 512;
+    std::size_t MostRuns() const { return blocks_.size() < kManyBlocks ? 64 : 256; }
     // What the first run of a list reserves.
     static constexpr std::size_t kFirstRuns = 32;
 
     static bool Holds(const Run<T>& run, T item) { return item - run.low <= run.high - run.low; }
-    static uint64 SizeOf(const Run<T>& run) { return uint64{run.high} - run.low + 1; }
+    static uint64 SizeOf(T low, T high) { return uint64{high} - low + 1; }
+    static uint64 SizeOf(const Run<T>& run) { return SizeOf(run.low, run.high); }
     static uint64 SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to);
 
     Position End() const { return {blocks_.size(), 0}; }
@@ -102,11 +104,12 @@ private:
 
     // Adds a value that lies above all members.
     void Append(T item);
-    void Insert(Position at, Run<T> run);
+    // Low and high one by one: a pair that has just been put together is slow to read as one.
+    void Insert(Position at, T low, T high);
     void InsertBlock(std::size_t at, std::unique_ptr<Block> block);
     // Moves the upper half of a full block to a new one behind it.
     void Split(std::size_t block);
-    void Change(Position at, Run<T> run);
+    void Change(Position at, T low, T high);
     // Removes the runs [from, to).
     void Erase(Position from, Position to);
     // The same within a block, which may become empty.

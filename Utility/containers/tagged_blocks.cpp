@@ -130,7 +130,7 @@ void TaggedBlocks::Clear() {
 bool TaggedBlocks::Append(int32 item) {
     TaggedWords& block = blocks_.back();
     const bool touches = !Empty() && item - Highest() == 1;
-    if (!touches && block.Used() >= kMostWords) return AppendBlock(item);
+    if (!touches && block.Used() >= MostWords()) return AppendBlock(item);
     if (!block.Append(item)) return false;
     lows_.back() = block.Lowest();
     ++count_;
@@ -183,7 +183,7 @@ void TaggedBlocks::Settle(std::size_t block) {
     ++changes_;
     if (!blocks_[block].Empty()) {
         lows_[block] = blocks_[block].Lowest();
-        if (blocks_[block].Used() > kMostWords) Split(block);
+        if (blocks_[block].Used() > MostWords()) Split(block);
     } else if (blocks_.size() > 1) {
         EraseBlocks(block, block + 1);
     }
