@@ -6,23 +6,25 @@
 
 namespace Torvo {
 
-// The number of leading elements that the predicate holds for; it holds for none behind those. The steps depend on the
-// number of elements alone, so that no branch is guessed wrong on the way.
+// The last element that the predicate holds for, which holds for none behind one that it does not hold for; the first
+// element if it holds for none. There is at least one. The steps depend on the number of elements alone, and where the
+// search goes on is chosen by a conditional move: no branch is guessed wrong on the way.
 template <typename Element, typename Predicate>
-std::size_t CountLeading(const Element* elements, std::size_t count, Predicate holds) {
-    if (count == 0) return 0;
-    const Element* base = elements;
+const Element* LastHolding(const Element* elements, std::size_t count, Predicate holds) {
     while (count > 1) {
         const std::size_t half = count / 2;
-        base += half * static_cast<std::size_t>(holds(base[half - 1]));
+        const Element* const upper = elements + half;
+        elements = holds(*upper) ? upper : elements;
         count -= half;
     }
-    return static_cast<std::size_t>(base - elements) + (holds(*base) ? 1 : 0);
+    return elements;
 }
 
-template <typename Element, typename Predicate>
-std::size_t CountLeading(const std::vector<Element>& elements, Predicate holds) {
-    return CountLeading(elements.data(), elements.size(), holds);
+// The place of the last low that is at or below the item, or 0.
+template <typename T>
+std::size_t BlockBelow(const std::vector<T>& lows, T item) {
+    return static_cast<std::size_t>(LastHolding(lows.data(), lows.size(), [item](T low) { return low <= item; }) -
+                                    lows.data());
 }
 
 // Makes sure that one more element needs no memory.

@@ -1,4 +1,3 @@
-#include <Utility/containers/block_directory.h>
 #include <Utility/containers/pair_runs.h>
 
 #include <algorithm>
@@ -33,18 +32,24 @@ typename PairRuns<T>::Position PairRuns<T>::Before(Position at) const {
 }
 
 template <typename T>
+typename PairRuns<T>::Position PairRuns<T>::Nearest(T item) const {
+    const std::size_t block = BlockBelow(lows_, item);
+    const std::vector<Run<T>>& runs = blocks_[block]->runs;
+    return {block, static_cast<std::size_t>(NearestIn(runs, item) - runs.data())};
+}
+
+template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::Find(T item) const {
-    const std::size_t behind = CountLeading(lows_, [item](T low) { return low <= item; });
-    if (behind == 0) return {};
-    const std::vector<Run<T>>& runs = blocks_[behind - 1]->runs;
-    const std::size_t place = CountLeading(runs, [item](const Run<T>& run) { return run.high < item; });
-    return place < runs.size() ? Position{behind - 1, place} : Position{behind, 0};
+    if (Empty()) return End();
+    const Position at = Nearest(item);
+    return At(at).high < item ? Behind(at) : at;
 }
 
 template <typename T>
 typename PairRuns<T>::Position PairRuns<T>::Above(T item) const {
-    const Position at = Find(item);
-    return !AtEnd(at) && At(at).low <= item ? Behind(at) : at;
+    if (Empty()) return End();
+    const Position at = Nearest(item);
+    return At(at).low <= item ? Behind(at) : at;
 }
 
 template <typename T>
@@ -54,45 +59,40 @@ typename PairRuns<T>::Position PairRuns<T>::BehindTouching(T high) const {
 }
 
 template <typename T>
-bool PairRuns<T>::Member(T item) const {
-    const Position at = Find(item);
-    return !AtEnd(at) && At(at).low <= item;
-}
-
-template <typename T>
 void PairRuns<T>::Add(T item) {
     if (Empty() || item > Last().high) return Append(item);
-    const Position at = Find(item);
-    const Run<T> above = At(at);
-    if (above.low <= item) return;
-    const bool touchesAbove = above.low - item == 1;
-    if (at != Position{}) {
-        const Position before = Before(at);
-        const Run<T> below = At(before);
-        if (item - below.high == 1) {
-            if (touchesAbove) Erase(at, Behind(at));
-            return Change(before, {below.low, touchesAbove ? above.high : item});
-        }
-    }
-    if (touchesAbove) return Change(at, {item, above.high});
-    Insert(at, {item, item});
+    const Position at = Nearest(item);
+    const T low = At(at).low;
+    const T high = At(at).high;
+    if (item - low <= high - low) return;
+    // The first run of all may lie above the item.
+    const bool hasBelow = low < item;
+    const Position behind = hasBelow ? Behind(at) : at;
+    const T nextHigh = At(behind).high;
+    const bool touchesBelow = hasBelow && item - high == 1;
+    const bool touchesAbove = At(behind).low - item == 1;
+    if (!touchesBelow && !touchesAbove) return Insert(behind, item, item);
+    if (touchesBelow && touchesAbove) Erase(behind, Behind(behind));
+    // Which of the two it is nobody can foresee, so it is chosen and not asked for by a branch.
+    const Position changed{touchesBelow ? at.block : behind.block, touchesBelow ? at.place : behind.place};
+    Change(changed, touchesBelow ? low : item, touchesAbove ? nextHigh : item);
 }
 
 template <typename T>
 void PairRuns<T>::Append(T item) {
-    if (Empty() || item - Last().high != 1) return Insert(End(), {item, item});
-    Change(Before(End()), {Last().low, item});
+    if (Empty() || item - Last().high != 1) return Insert(End(), item, item);
+    Change(Before(End()), Last().low, item);
 }
 
 template <typename T>
 void PairRuns<T>::AddRange(T low, T high) {
     const Position from = Find(low > 0 ? low - 1 : low);
     const Position to = BehindTouching(high);
-    if (from == to) return Insert(from, {low, high});
+    if (from == to) return Insert(from, low, high);
     // The runs from one to the other touch the new one, and become one with it.
     const Run<T> joined{std::min(low, At(from).low), std::max(high, At(Before(to)).high)};
     Erase(Behind(from), to);
-    Change(from, joined);
+    Change(from, joined.low, joined.high);
 }
 
 template <typename T>
@@ -101,11 +101,11 @@ void PairRuns<T>::Remove(T item) {
     if (AtEnd(at) || At(at).low > item) return;
     const Run<T> run = At(at);
     if (run.low == run.high) return Erase(at, Behind(at));
-    if (item == run.low) return Change(at, {static_cast<T>(item + 1), run.high});
-    if (item == run.high) return Change(at, {run.low, static_cast<T>(item - 1)});
+    if (item == run.low) return Change(at, static_cast<T>(item + 1), run.high);
+    if (item == run.high) return Change(at, run.low, static_cast<T>(item - 1));
     // What needs memory comes first; it may move the run that is to be cut short.
-    Insert(Behind(at), {static_cast<T>(item + 1), run.high});
-    Change(Find(item), {run.low, static_cast<T>(item - 1)});
+    Insert(Behind(at), static_cast<T>(item + 1), run.high);
+    Change(Find(item), run.low, static_cast<T>(item - 1));
 }
 
 template <typename T>
@@ -128,28 +128,31 @@ typename PairRuns<T>::Position PairRuns<T>::Pass(uint64& rest) const {
 }
 
 template <typename T>
-void PairRuns<T>::Insert(Position at, Run<T> run) {
+void PairRuns<T>::Insert(Position at, T low, T high) {
     ++changes_;
     // The end of a block rather than the start of the next one, so that runs that come in order fill their blocks.
     if (at.place == 0 && at.block > 0) at = {at.block - 1, blocks_[at.block - 1]->runs.size()};
-    const bool append = Empty() || (at.block + 1 == blocks_.size() && at.place == kBlockRuns);
+    const bool append = Empty() || (at.block + 1 == blocks_.size() && at.place >= MostRuns());
     if (append) {
         auto block = std::make_unique<Block>();
-        block->runs.reserve(Empty() ? kFirstRuns : kBlockRuns);
-        block->runs.push_back(run);
-        block->members = SizeOf(run);
+        block->runs.reserve(Empty() ? kFirstRuns : MostRuns());
+        block->runs.push_back({low, high});
+        block->members = SizeOf(low, high);
         InsertBlock(blocks_.size(), std::move(block));
     } else {
-        if (blocks_[at.block]->runs.size() == kBlockRuns) {
+        const std::size_t size = blocks_[at.block]->runs.size();
+        if (size >= MostRuns()) {
             Split(at.block);
-            if (at.place > kBlockRuns / 2) at = {at.block + 1, at.place - kBlockRuns / 2};
+            if (at.place > size / 2) at = {at.block + 1, at.place - size / 2};
         }
         std::vector<Run<T>>& runs = blocks_[at.block]->runs;
-        runs.insert(runs.begin() + static_cast<std::ptrdiff_t>(at.place), run);
-        blocks_[at.block]->members += SizeOf(run);
+        const auto place = runs.emplace(runs.begin() + static_cast<std::ptrdiff_t>(at.place));
+        place->low = low;
+        place->high = high;
+        blocks_[at.block]->members += SizeOf(low, high);
         lows_[at.block] = runs.front().low;
     }
-    count_ += SizeOf(run);
+    count_ += SizeOf(low, high);
 }
 
 template <typename T>
@@ -163,9 +166,9 @@ void PairRuns<T>::InsertBlock(std::size_t at, std::unique_ptr<Block> block) {
 template <typename T>
 void PairRuns<T>::Split(std::size_t block) {
     std::vector<Run<T>>& runs = blocks_[block]->runs;
-    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(kBlockRuns / 2);
+    const auto middle = runs.begin() + static_cast<std::ptrdiff_t>(runs.size() / 2);
     auto upper = std::make_unique<Block>();
-    upper->runs.reserve(kBlockRuns);
+    upper->runs.reserve(MostRuns());
     upper->runs.assign(middle, runs.end());
     upper->members = SizeOf(upper->runs, 0, upper->runs.size());
     const uint64 moved = upper->members;
@@ -175,13 +178,15 @@ void PairRuns<T>::Split(std::size_t block) {
 }
 
 template <typename T>
-void PairRuns<T>::Change(Position at, Run<T> run) {
+void PairRuns<T>::Change(Position at, T low, T high) {
     ++changes_;
     Block& block = *blocks_[at.block];
-    const uint64 delta = SizeOf(run) - SizeOf(block.runs[at.place]);
+    Run<T>& run = block.runs[at.place];
+    const uint64 delta = SizeOf(low, high) - SizeOf(run);
     block.members += delta;
     count_ += delta;
-    block.runs[at.place] = run;
+    run.low = low;
+    run.high = high;
     lows_[at.block] = block.runs.front().low;
 }
 

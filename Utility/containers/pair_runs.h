@@ -10,6 +10,7 @@
 // then.
 #pragma once
 
+#include <Utility/containers/block_directory.h>
 #include <Utility/platform/types.h>
 
 #include <memory>
@@ -51,7 +52,9 @@ public:
     // The number of members, modulo 2^64.
     uint64 Count() const { return count_; }
 
-    bool Member(T item) const;
+    bool Member(T item) const {
+        return !Empty() && Holds(*NearestIn(blocks_[BlockBelow(lows_, item)]->runs, item), item);
+    }
     // Adds the value.
     void Add(T item);
     // Adds the values [low, high].
@@ -70,13 +73,16 @@ private:
         std::vector<Run<T>> runs;
     };
 
-    // A block takes up to 2 or 4 KiB. Twice as much would have an insertion move for longer than it searches; half as
-    // much would make the directory of a large list the part that takes long to move.
-    static constexpr std::size_t kBlockRuns = 256;
+    // What an insertion moves is what a block has: of few blocks each has little. Of many each has four times as much,
+    // or else the directory would be the part that takes long to move.
+    static constexpr std::size_t kManyBlocks = 512;
+    std::size_t MostRuns() const { return blocks_.size() < kManyBlocks ? 64 : 256; }
     // What the first run of a list reserves.
     static constexpr std::size_t kFirstRuns = 32;
 
-    static uint64 SizeOf(const Run<T>& run) { return uint64{run.high} - run.low + 1; }
+    static bool Holds(const Run<T>& run, T item) { return item - run.low <= run.high - run.low; }
+    static uint64 SizeOf(T low, T high) { return uint64{high} - low + 1; }
+    static uint64 SizeOf(const Run<T>& run) { return SizeOf(run.low, run.high); }
     static uint64 SizeOf(const std::vector<Run<T>>& runs, std::size_t from, std::size_t to);
 
     Position End() const { return {blocks_.size(), 0}; }
@@ -84,6 +90,11 @@ private:
     Position Behind(Position at) const;
     Position Before(Position at) const;
 
+    // The last run of which the low is at or below the item, or else the first; for a list that is not empty.
+    Position Nearest(T item) const;
+    static const Run<T>* NearestIn(const std::vector<Run<T>>& runs, T item) {
+        return LastHolding(runs.data(), runs.size(), [item](const Run<T>& run) { return run.low <= item; });
+    }
     // The first run of which the high is at or above the item, or the end.
     Position Find(T item) const;
     // The first run that lies above the item, or the end.
@@ -93,11 +104,12 @@ private:
 
     // Adds a value that lies above all members.
     void Append(T item);
-    void Insert(Position at, Run<T> run);
+    // Low and high one by one: a pair that has just been put together is slow to read as one.
+    void Insert(Position at, T low, T high);
     void InsertBlock(std::size_t at, std::unique_ptr<Block> block);
     // Moves the upper half of a full block to a new one behind it.
     void Split(std::size_t block);
-    void Change(Position at, Run<T> run);
+    void Change(Position at, T low, T high);
     // Removes the runs [from, to).
     void Erase(Position from, Position to);
     // The same within a block, which may become empty.

@@ -149,16 +149,15 @@ RankIndex* MakeRanks(flist* list) {
 }
 
 // How many members the pages below this one have.
-uint32 MembersBelow(const flist* list, const RankIndex* ranks, uint32 page) {
+uint32 MembersBelow(const flist* list, RankIndex* ranks, uint32 page) {
     uint32 members = 0;
-    uint32 counted = 0;
-    if (ranks != nullptr) {
-        const uint32 groups = page / RankIndex::kGroupPages;
-        for (uint32 group = 0; group < groups; ++group) members += ranks->GroupMembers(group);
-        counted = groups * RankIndex::kGroupPages;
+    if (ranks == nullptr) {
+        for (uint32 counted = 0; counted < page; ++counted) members += list->pages[counted].count;
+        return members;
     }
-    for (; counted < page; ++counted) members += list->pages[counted].count;
-    return members;
+    const uint32 groups = page / RankIndex::kGroupPages;
+    for (uint32 group = 0; group < groups; ++group) members += ranks->GroupMembers(group);
+    return members + ranks->MembersBeforeInGroup(list->pages, SlotsOf(list), page);
 }
 
 uint32 RankInPage(const flist* list, RankIndex* ranks, uint32 page, uint32 place) {
@@ -213,9 +212,12 @@ int32 NextRepeated(flist* list, RankIndex* ranks, int32 item, uint32 steps) {
             if (page >= SlotsOf(list)) return -1;
             const uint32 below = place == 0 ? 0 : RankInPage(list, ranks, page, place - 1);
             const bool hasMax = page == PageOf(list->max);
+            if (steps <= list->pages[page].count - below) {
+                const uint32 found = PlaceInPage(list, ranks, page, below + steps - 1);
+                if (!hasMax || found <= PlaceOf(list->max)) return ItemAt(page, found);
+            }
             const uint32 upTo = hasMax ? RankInPage(list, ranks, page, PlaceOf(list->max)) : list->pages[page].count;
             const uint32 members = upTo - below;
-            if (steps <= members) return ItemAt(page, PlaceInPage(list, ranks, page, below + steps - 1));
             steps -= members;
             item = hasMax ? list->max : ItemAt(page, pages::kPlaces - 1);
         }

@@ -1,4 +1,3 @@
-#include <Utility/containers/block_directory.h>
 #include <Utility/containers/tagged_blocks.h>
 
 #include <exception>
@@ -37,11 +36,6 @@ bool TaggedBlocks::HasOneEntry() const {
     return TaggedWords::kBegin + block.EntryAt(TaggedWords::kBegin).Words() == block.End();
 }
 
-std::size_t TaggedBlocks::BlockOf(int32 item) const {
-    const std::size_t behind = CountLeading(lows_, [item](int32 low) { return low <= item; });
-    return behind > 0 ? behind - 1 : 0;
-}
-
 TaggedBlocks::Position TaggedBlocks::Normal(std::size_t block, uint64 at) const {
     return at < blocks_[block].End() ? Position{block, at} : Position{block + 1, TaggedWords::kBegin};
 }
@@ -74,20 +68,25 @@ TaggedBlocks::Position TaggedBlocks::Locate(uint64 ordinal, uint64& first) const
 
 bool TaggedBlocks::Add(int32 item) {
     if (Empty() || item > Highest()) return Append(item);
-    const Position at = Find(item);
+    const std::size_t number = BlockOf(item);
+    if (number + 1 < blocks_.size() && lows_[number + 1] - item == 1) return AddInFrontOf(number + 1);
+    TaggedWords& block = blocks_[number];
+    const uint64 members = block.Count();
+    if (!block.Add(item)) return false;
+    if (block.Count() == members) return true;
+    ++count_;
+    Settle(number);
+    return true;
+}
+
+bool TaggedBlocks::AddInFrontOf(std::size_t block) {
+    const Position at{block, TaggedWords::kBegin};
     const Entry above = EntryAt(at);
-    if (above.low <= item) return true;
-    const bool touchesAbove = above.low - item == 1;
-    if (at != First()) {
-        const Position before = Before(at);
-        const Entry below = EntryAt(before);
-        if (item - below.high == 1) {
-            if (touchesAbove) return Replace(before, Behind(at), Entry{below.low, above.high});
-            return Replace(before, at, Entry{below.low, item});
-        }
-    }
-    if (touchesAbove) return Replace(at, Behind(at), Entry{item, above.high});
-    return Insert(at, {item, item});
+    const int32 item = above.low - 1;
+    const Position before = Before(at);
+    const Entry below = EntryAt(before);
+    if (item - below.high == 1) return Replace(before, Behind(at), Entry{below.low, above.high});
+    return Replace(at, Behind(at), Entry{item, above.high});
 }
 
 bool TaggedBlocks::AddRange(int32 low, int32 high) {
@@ -131,7 +130,7 @@ void TaggedBlocks::Clear() {
 bool TaggedBlocks::Append(int32 item) {
     TaggedWords& block = blocks_.back();
     const bool touches = !Empty() && item - Highest() == 1;
-    if (!touches && block.Used() >= kMostWords) return AppendBlock(item);
+    if (!touches && block.Used() >= MostWords()) return AppendBlock(item);
     if (!block.Append(item)) return false;
     lows_.back() = block.Lowest();
     ++count_;
@@ -184,7 +183,7 @@ void TaggedBlocks::Settle(std::size_t block) {
     ++changes_;
     if (!blocks_[block].Empty()) {
         lows_[block] = blocks_[block].Lowest();
-        if (blocks_[block].Used() > kMostWords) Split(block);
+        if (blocks_[block].Used() > MostWords()) Split(block);
     } else if (blocks_.size() > 1) {
         EraseBlocks(block, block + 1);
     }

@@ -1,8 +1,8 @@
 // The runs of a list of signed values: tagged words in blocks.
 //
 // A short list is one block of words (TaggedWords). Since an insertion moves what lies behind it in its block, a block
-// of more than 512 words is split, and a directory beside the blocks has the lowest value of each, for a search to
-// begin with.
+// of more than some hundred words is split, and a directory beside the blocks has the lowest value of each, for a
+// search to begin with.
 //
 // The invariant: there is at least one block; none is empty but the only one of an empty list; entries ascend, within a
 // block and from one to the next, and no two touch. Functions that need memory answer false without it, and have
@@ -38,7 +38,7 @@ public:
     int32 Highest() const { return blocks_.back().Highest(); }
     // The number of members.
     uint64 Count() const { return count_; }
-    bool Member(int32 item) const { return blocks_[BlockOf(item)].Member(item); }
+    bool Member(int32 item) const { return !Empty() && blocks_[BlockOf(item)].Member(item); }
 
     // The first entry of a list that is not empty.
     Position First() const { return {}; }
@@ -63,11 +63,13 @@ public:
     void Clear();
 
 private:
-    // An insertion moves half a block, 1 KiB, in about the time that it takes to find the place.
-    static constexpr uint64 kMostWords = 512;
+    // What an insertion moves is what a block has: of few blocks each has little. Of many each has four times as much,
+    // or else the directory would be the part that takes long to move.
+    static constexpr std::size_t kManyBlocks = 512;
+    uint64 MostWords() const { return blocks_.size() < kManyBlocks ? 128 : 512; }
 
     // The block that has the item if any has.
-    std::size_t BlockOf(int32 item) const;
+    std::size_t BlockOf(int32 item) const { return BlockBelow(lows_, item); }
     // The first entry that ends at or above the item, or the end.
     Position Find(int32 item) const;
     // A place of a block, or the end of the block as the start of the next one.
@@ -77,6 +79,8 @@ private:
     // Adds a value that lies above all members.
     bool Append(int32 item);
     bool AppendBlock(int32 item);
+    // Adds the value just below the lowest one of a block that is not the first.
+    bool AddInFrontOf(std::size_t block);
     bool Insert(Position at, Entry entry);
     // Puts entries in the place of those in [from, to), where there are some, or in a place of a block.
     template <typename... Entries>

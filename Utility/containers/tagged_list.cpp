@@ -33,7 +33,7 @@ public:
         if (words == nullptr) return false;
         // Where the next step begins hangs on as little as possible, since that step waits for it.
         const bool single = TaggedWords::IsTagged(words[0]);
-        const int32 high = words[1];
+        const int32 high = TaggedWords::ValueOf(words[1]);
         // Above the high only in a list that has changed under the walk.
         const bool ends = single | (current_ >= high);
         walk_.Step(single ? 1u : 2u * ends);

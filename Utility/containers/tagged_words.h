@@ -1,15 +1,16 @@
 // Runs of consecutive values, packed into a block of 32-bit words.
 //
-// Word 0 is the number of words that follow. From word 1 on come the entries, in ascending order: a lone value is one
-// word with bit 31 set; a run of two or more is two words with bit 31 clear, its low and its high. No two entries
-// touch. A word behind the last one may be read and means nothing. The block is resized to its need, give or take what
-// the heap gives anyway and a few words after a removal.
+// From word 1 on come the entries, in ascending order: a lone value is one word, a run of two or more is two words, its
+// low and its high. Bit 31, the tag, is set in the word that ends an entry. No two entries touch. Word 0 is the number
+// of words that follow, tagged, so that an entry begins wherever the word before has the tag. A word behind the last
+// one may be read and means nothing. The block is resized to its need, give or take a few words.
 //
-// With bit 31 masked off, the words ascend, so a value is found by a binary search over words that does not care about
-// entries. What it ends at is a lone value, a low or a high; which of the two last is told by the nearest lone value
-// below, because words without the bit come in pairs from there on.
+// With the tag masked off, the words ascend, so a value is found by a binary search over words that does not care about
+// entries. Whether it is a member is told by the word that the search ends at: that is the value itself, or a low, or
+// else the end of an entry below it.
 #pragma once
 
+#include <Utility/containers/block_directory.h>
 #include <Utility/platform/types.h>
 
 #include <utility>
@@ -46,7 +47,7 @@ public:
     uint64 End() const { return Used() + 1; }
     bool Empty() const { return Used() == 0; }
     // The number of words that the entries take.
-    uint64 Used() const { return static_cast<uint32>(words_[0]); }
+    uint64 Used() const { return static_cast<uint64>(ValueOf(words_[0])); }
     const int32* Words() const { return words_; }
 
     static bool IsTagged(int32 word) { return word < 0; }
@@ -58,13 +59,18 @@ public:
     }
     Entry EntryAt(uint64 at) const { return Read(words_ + at); }
     // Where the entry starts that ends before this word, kBegin < at <= End().
-    uint64 Before(uint64 at) const { return IsTagged(words_[at - 1]) ? at - 1 : at - 2; }
+    uint64 Before(uint64 at) const { return StartOf(at - 1); }
     // Where the first entry starts that ends at or above the item, or End().
     uint64 Find(int32 item) const;
     // Where the entry starts that this word is a part of, kBegin <= at < End().
-    uint64 StartOf(uint64 at) const { return !IsTagged(words_[at]) && IsHigh(at) ? at - 1 : at; }
+    uint64 StartOf(uint64 at) const { return IsTagged(words_[at - 1]) ? at : at - 1; }
 
-    bool Member(int32 item) const;
+    bool Member(int32 item) const {
+        const int32 word = *Nearest(item);
+        // Bit by bit, because nobody can foresee which it is.
+        return static_cast<bool>(static_cast<int>(ValueOf(word) == item) |
+                                 (static_cast<int>(!IsTagged(word)) & static_cast<int>(word < item)));
+    }
     int32 Lowest() const { return ValueOf(words_[kBegin]); }
     int32 Highest() const { return ValueOf(words_[Used()]); }
     // The number of members.
@@ -72,6 +78,9 @@ public:
 
     // Adds a value above all members. False, with nothing changed, if memory is short.
     bool Append(int32 item);
+    // Adds a value that lies above the first word, or below all members, and neither touches what follows this block
+    // nor what comes before it. False, with nothing changed, if memory is short.
+    bool Add(int32 item);
     // Puts entries in the place of those that start in [from, to). False, with nothing changed, if memory is short,
     // which it is for no replacement that takes as many words or fewer.
     template <typename... Entries>
@@ -90,22 +99,28 @@ private:
 
     void Swap(TaggedWords& other) noexcept {
         std::swap(words_, other.words_);
-        std::swap(singles_, other.singles_);
+        std::swap(room_, other.room_);
         std::swap(count_, other.count_);
     }
-    // The first word of which the value is at or above the item, or End().
-    uint64 FindWord(int32 item) const;
-    // Whether this word, which is not tagged, is the high of a run.
-    bool IsHigh(uint64 at) const;
+    void SetUsed(uint64 used) { words_[0] = Tagged(static_cast<int32>(used)); }
+    // The last word of which the value is at or below the item, or else the first; there may be none, and then what it
+    // says means nothing.
+    const int32* Nearest(int32 item) const {
+        return LastHolding(words_ + kBegin, Used(), [item](int32 word) { return ValueOf(word) <= item; });
+    }
     // Takes the members of the entries in [from, to) off the count, and exchanges the words.
     bool ReplaceWords(uint64 from, uint64 to, const int32* words, uint64 count);
     // Makes room for so many words.
-    bool Grow(uint64 used);
+    bool Grow(uint64 used) { return used <= room_ || Resize(used + SlackFor(used), true); }
     // Gives room back that so many words leave.
     void Shrink(uint64 used);
+    bool Resize(uint64 used, bool grow);
+
+    // What a growing block gets beyond its need.
+    static uint64 SlackFor(uint64 used) { return used < 96 ? used / 4 : 24; }
 
     int32* words_ = nullptr;
-    uint64 singles_ = 0;  // tagged words
+    uint64 room_ = 0;  // for so many words behind the first
     uint64 count_ = 0;
 };
 

@@ -89,6 +89,7 @@ TYPED_TEST(IntegerListFailures, RefusedChangeLeavesTheListAsItWas) {
 TYPED_TEST(IntegerListFailures, RefusedRangeLeavesTheListAsItWas) {
     const std::unique_ptr<ZUList<TypeParam>> list(ZUList<TypeParam>::Create());
     bool added = true;
+    int refusals = 0;
     TypeParam next = 10;
     // Each range lies apart from the others, so that room for it must be found.
     for (int i = 0; i < 2000; ++i, next += 10) {
@@ -99,14 +100,17 @@ TYPED_TEST(IntegerListFailures, RefusedRangeLeavesTheListAsItWas) {
             added = list->AddRange(next, next + 2);
             refused = heap.Refused();
         }
-        ASSERT_EQ(added, !refused);
-        if (i % 100 == 0 && refused) {
+        // What a block is split for may be refused without harm.
+        ASSERT_TRUE(added || refused);
+        refusals += added ? 0 : 1;
+        if (i % 100 == 0 && !added) {
             ASSERT_EQ(MembersOf(*list), before);
         }
-        if (refused) {
+        if (!added) {
             ASSERT_TRUE(list->AddRange(next, next + 2));
         }
     }
+    EXPECT_GT(refusals, 0);
     EXPECT_EQ(list->Count(), 6000u);
 }
 

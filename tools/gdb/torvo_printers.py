@@ -212,14 +212,14 @@ def sparse_set_items(value):
 
 
 def tagged_runs(runs):
-    """Of a list of signed values: a lone value is one word with the highest bit set, a run is two words."""
+    """Of a list of signed values: a lone value is one word, a run is two; the highest bit is set where one ends."""
     blocks, size, data = elements_of(runs["blocks_"])
     for index in range(len(data) // size):
         words = blocks[index]["words_"]
-        rest = iter(words_of(read(words + 1, 4 * int(words[0])), "I"))
+        rest = iter(words_of(read(words + 1, 4 * (int(words[0]) & 0x7FFFFFFF)), "I"))
         for word in rest:
             low = word & 0x7FFFFFFF
-            yield (low, low) if word != low else (low, next(rest))
+            yield (low, low) if word != low else (low, next(rest) & 0x7FFFFFFF)
 
 
 def paired_runs(runs):
