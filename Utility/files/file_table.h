@@ -46,6 +46,8 @@ struct FileEntry {
     void SetReferences(uint32 count) { flags = (flags & ~ReferenceMask) | (count & ReferenceMask); }
     bool IsInUse() const { return (flags & InUse) != 0; }
     bool IsStream() const { return (flags & StreamWorld) != 0; }
+    // What a file that is not open to write left in the cache could never leave it.
+    bool MayBeWritten() const { return (mode == omReadWrite || mode == omCreate) && fd != -1; }
     bool IsOpen() const { return fd != -1 || stream != nullptr; }
 };
 
