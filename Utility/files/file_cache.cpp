@@ -170,6 +170,7 @@ bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) 
     } else {
         if (mode == 0 || !TakeVictim(handle, block)) return false;
         if (mode == 2 && !ReadBlock(entries[head])) return false;
+        CountFilledBytes(mode == 2 ? entries[head].count : blockSize);
     }
     *out = &entries[head];
     return true;
@@ -196,7 +197,7 @@ bool FileCacheImpl::TakeVictim(int handle, int64 block) {
     if (IsFull(taken)) {
         index.Remove(taken);
     } else {
-        CountHeldBlock();
+        ++heldBlocks;
     }
     victim.handle = handle;
     victim.block = block;
@@ -208,13 +209,13 @@ bool FileCacheImpl::TakeVictim(int handle, int64 block) {
     return true;
 }
 
-// An instance that reads little shall not pay for more memory than that; one that fills the pool gets it faster in
-// large pages, and reaches what it holds faster.
-void FileCacheImpl::CountHeldBlock() {
+// An instance that reads little, or a little of each of many files, shall not pay for more memory than that; one that
+// fills the pool gets it faster in large pages, and reaches what it holds faster.
+void FileCacheImpl::CountFilledBytes(int32 count) {
     constexpr int64 enoughForLargePages = 2 << 20;
-    const int64 heldBytes = int64{heldBlocks} * blockSize;
-    ++heldBlocks;
-    if (heldBytes < enoughForLargePages && heldBytes + blockSize >= enoughForLargePages) {
+    const int64 before = filledBytes;
+    filledBytes += count;
+    if (before < enoughForLargePages && filledBytes >= enoughForLargePages) {
         platform::WantLargePages(pool.Start(), static_cast<std::size_t>(blockSize) * static_cast<uint32>(totalBlocks));
     }
 }

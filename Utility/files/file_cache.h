@@ -129,7 +129,7 @@ private:
                     .size = canBeTold ? size : 0,
                     .bytes = BytesOf(used.slot)};
     }
-    void CountHeldBlock();
+    void CountFilledBytes(int32 count);
     void MakeTail(int entry);
 
     int FirstPositionFrom(int handle, int64 block);
@@ -169,7 +169,8 @@ private:
     int32 head = 0;
     int32 heldBlocks = 0;
     int32 tail = 0;
-    int32 lastPlace = 0;  // the position to which an entry was moved last
+    int64 filledBytes = 0;  // that were ever read into the pool, or a caller was given room for
+    int32 lastPlace = 0;    // the position to which an entry was moved last
     BlockIndex index;
     BlockFiles& files;
 };
