@@ -201,6 +201,7 @@ private:
     void MakeBusy(FileEntry& entry);
     bool CloseOldest();
     void CloseAllIdle();
+    void CloseHandleOf(FileEntry& entry);
     void RememberLastWrite(FileEntry& entry);
 
     // Through a cache, or directly if that is null.
