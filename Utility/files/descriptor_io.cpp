@@ -5,7 +5,7 @@
 #include <Utility/files/file_cache.h>
 #include <Utility/files/file_cache_positions.h>
 #include <Utility/files/file_system_impl.h>
-#include <Utility/frame/instance_data.h>
+#include <Utility/files/own_service.h>
 #include <Utility/platform/byte_copy.h>
 #include <Utility/platform/platform.h>
 
@@ -13,7 +13,6 @@
 #include <bit>
 #include <cstring>
 #include <limits>
-#include <typeinfo>
 
 namespace Torvo {
 
@@ -43,12 +42,6 @@ Place PlaceOf(int64 position, int32 blockSize) {
 
 char* BytesOf(cFileCache& cache, const CacheEntry& block) {
     return static_cast<char*>(cache.BlockData(block.slot));
-}
-
-// A service as the library's own implementation, if it is that and not a host's; else null.
-template <typename Own, typename Service>
-Own* AsOwn(Service* service) {
-    return service != nullptr && &typeid(*service) == &typeid(Own) ? static_cast<Own*>(service) : nullptr;
 }
 
 // Makes a block hold `count` bytes; what it did not hold before becomes zeros.
@@ -197,17 +190,6 @@ int64 cFileSystemImpl::lseek2(int file, int64 offset, int whence) {
     return Seek(file, offset, whence);
 }
 
-inline int64 cFileSystemImpl::Seek(int file, int64 offset, int whence) {
-    FileEntry* const entry = FindEntry(file);
-    if (entry == nullptr) return -1;
-    // Unsigned, since an offset beyond all limits only has to be wrong, not undefined.
-    const auto distance = static_cast<uint64>(offset);
-    if (whence == 0) entry->position = offset;
-    if (whence == 1) entry->position = static_cast<int64>(static_cast<uint64>(entry->position) + distance);
-    if (whence == 2) entry->position = static_cast<int64>(static_cast<uint64>(entry->length) + distance);
-    return entry->position;
-}
-
 int64 cFileSystemImpl::tell2(int file) {
     return Seek(file, 0, 1);
 }
@@ -218,19 +200,29 @@ int64 cFileSystemImpl::filelength2(int file) {
 }
 
 int cFileSystemImpl::read2(int file, void* buffer, uint64 count) {
-    return Read(cFileCache::Instance(), file, buffer, count);
+    FileEntry* const entry = FindEntry(file);
+    return entry != nullptr ? ReadEntry(cFileCache::Instance(), file, *entry, buffer, count) : -1;
 }
 
-// Most calls want what one block holds that is there already.
-inline int cFileSystemImpl::Read(cFileCache* cache, int file, void* buffer, uint64 count) {
-    FileEntry* const entry = FindEntry(file);
-    if (entry == nullptr) return -1;
+int cFileSystemImpl::ReadEntry(cFileCache* cache, int file, FileEntry& entry, void* buffer, uint64 count) {
     auto* const own = AsOwn<FileCacheImpl>(cache);
-    const int64 position = entry->position;
-    const char* const bytes = own != nullptr ? own->Find(file, position, count) : nullptr;
-    if (bytes == nullptr) return ReadBlocks(cache, file, *entry, buffer, count);
-    platform::CopyBytes(buffer, bytes, count);
-    entry->position = position + static_cast<int64>(count);
+    const char* const bytes = own != nullptr ? own->Find(file, entry.position, count) : nullptr;
+    return bytes != nullptr ? CopyFound(entry, buffer, bytes, count) : ReadBlocks(cache, file, entry, buffer, count);
+}
+
+int cFileSystemImpl::ReadElsewhere(FileCacheImpl& cache, int file, FileEntry& entry, void* buffer, uint64 count) {
+    const int64 position = entry.position;
+    const char* const bytes = cache.FindElsewhere(file, position, count);
+    if (bytes == nullptr) return ReadBlocks(&cache, file, entry, buffer, count);
+    if (count > platform::FewBytes) return CopyFound(entry, buffer, bytes, count);
+    platform::CopyFewBytes(buffer, bytes, count);
+    entry.position = position + static_cast<int64>(count);
+    return static_cast<int>(count);
+}
+
+int cFileSystemImpl::CopyFound(FileEntry& entry, void* buffer, const char* bytes, uint64 count) {
+    std::memcpy(buffer, bytes, count);
+    entry.position += static_cast<int64>(count);
     return static_cast<int>(count);
 }
 
@@ -251,22 +243,19 @@ int cFileSystemImpl::ReadBlocks(cFileCache* cache, int file, FileEntry& entry, v
 }
 
 int cFileSystemImpl::write2(int file, const void* buffer, uint64 count) {
-    return Write(cFileCache::Instance(), file, buffer, count);
+    FileEntry* const entry = FindEntry(file);
+    return entry != nullptr ? WriteEntry(cFileCache::Instance(), file, *entry, buffer, count) : -1;
 }
 
-inline int cFileSystemImpl::Write(cFileCache* cache, int file, const void* buffer, uint64 count) {
-    FileEntry* const entry = FindEntry(file);
-    // What a file that is not open to write left in the cache could never leave it.
-    const bool writes = entry != nullptr && (entry->mode == omReadWrite || entry->mode == omCreate);
-    if (!writes || entry->fd == -1) return -1;
+int cFileSystemImpl::WriteEntry(cFileCache* cache, int file, FileEntry& entry, const void* buffer, uint64 count) {
+    if (!entry.MayBeWritten()) return -1;
     auto* const own = AsOwn<FileCacheImpl>(cache);
-    const int64 position = entry->position;
-    char* const bytes = own != nullptr && count != 0 ? own->Find(file, position, count) : nullptr;
-    if (bytes == nullptr) return WriteBlocks(cache, file, *entry, buffer, count);
+    char* const bytes = own != nullptr ? own->Find(file, entry.position, count) : nullptr;
+    if (bytes == nullptr) return WriteBlocks(cache, file, entry, buffer, count);
     platform::CopyBytes(bytes, buffer, count);
     own->MarkLastUsedDirty();
-    entry->position = position + static_cast<int64>(count);
-    GrowTo(*entry, entry->position);
+    entry.position += static_cast<int64>(count);
+    GrowTo(entry, entry.position);
     return static_cast<int>(count);
 }
 
@@ -311,28 +300,16 @@ int64 filelength2(int file) {
     return cFileSystem::Instance()->filelength2(file);
 }
 
-// What is called most spares itself the virtual call, and goes the road of a call once for both services.
-
-int64 lseek2(int file, int64 offset, int whence) {
-    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(*CurrentInstance());
-    auto* const own = AsOwn<cFileSystemImpl>(files);
-    return own != nullptr ? own->Seek(file, offset, whence) : files->lseek2(file, offset, whence);
+int64 SeekByService(int file, int64 offset, int whence) {
+    return cFileSystem::Instance()->lseek2(file, offset, whence);
 }
 
-int read2(int file, void* buffer, uint64 count) {
-    InstanceData& instance = *CurrentInstance();
-    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(instance);
-    auto* const own = AsOwn<cFileSystemImpl>(files);
-    if (own == nullptr) return files->read2(file, buffer, count);
-    return own->Read(ServiceOf<cFileCache, ServiceKey::FileCache>(instance), file, buffer, count);
+int ReadByService(int file, void* buffer, uint64 count) {
+    return cFileSystem::Instance()->read2(file, buffer, count);
 }
 
-int write2(int file, const void* buffer, uint64 count) {
-    InstanceData& instance = *CurrentInstance();
-    auto* const files = ServiceOf<cFileSystem, ServiceKey::FileSystem>(instance);
-    auto* const own = AsOwn<cFileSystemImpl>(files);
-    if (own == nullptr) return files->write2(file, buffer, count);
-    return own->Write(ServiceOf<cFileCache, ServiceKey::FileCache>(instance), file, buffer, count);
+int WriteByService(int file, const void* buffer, uint64 count) {
+    return cFileSystem::Instance()->write2(file, buffer, count);
 }
 
 int chsize2(int file, int64 length) {

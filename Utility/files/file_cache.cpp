@@ -24,6 +24,7 @@ FileCacheImpl::FileCacheImpl(int blocks, long32 size, BlockFiles& blockFiles)
       usableBlocks(totalBlocks - 1),
       blockSize(size),
       blockShift(std::has_single_bit(static_cast<uint32>(size)) ? std::countr_zero(static_cast<uint32>(size)) : -1),
+      lastBlock(size > 0 ? std::numeric_limits<int64>::max() / size : 0),
       files(blockFiles) {
     if (totalBlocks < 2) throw NoBlocks;
     // The pool's size is counted in 32 bits: a larger one cannot be had.
@@ -43,7 +44,7 @@ void FileCacheImpl::LinkAll() {
         entries[i].slot = i;
         sorted[i] = i;
     }
-    head = 0;
+    SetHead(0);
     tail = usableBlocks - 1;
 }
 
@@ -52,7 +53,7 @@ void FileCacheImpl::LinkAll() {
 void FileCacheImpl::MakeTail(int entry) {
     if (entry == tail) return;
     if (entry == head) {
-        head = entries[entry].next;
+        SetHead(entries[entry].next);
     } else {
         Unlink(entry);
         LinkBetweenTailAndHead(entry);
@@ -169,6 +170,7 @@ bool FileCacheImpl::Lookup(int handle, int64 block, CacheEntry** out, int mode) 
     } else {
         if (mode == 0 || !TakeVictim(handle, block)) return false;
         if (mode == 2 && !ReadBlock(entries[head])) return false;
+        CountFilledBytes(mode == 2 ? entries[head].count : blockSize);
     }
     *out = &entries[head];
     return true;
@@ -195,7 +197,7 @@ bool FileCacheImpl::TakeVictim(int handle, int64 block) {
     if (IsFull(taken)) {
         index.Remove(taken);
     } else {
-        CountHeldBlock();
+        ++heldBlocks;
     }
     victim.handle = handle;
     victim.block = block;
@@ -203,16 +205,17 @@ bool FileCacheImpl::TakeVictim(int handle, int64 block) {
     victim.flags &= ~DirtyFlag;
     index.Add(taken);
     Touch(taken);
+    SetHead(taken);  // where it was the head before, as the only one, it has another key now
     return true;
 }
 
-// An instance that reads little shall not pay for more memory than that; one that fills the pool gets it faster in
-// large pages, and reaches what it holds faster.
-void FileCacheImpl::CountHeldBlock() {
+// An instance that reads little, or a little of each of many files, shall not pay for more memory than that; one that
+// fills the pool gets it faster in large pages, and reaches what it holds faster.
+void FileCacheImpl::CountFilledBytes(int32 count) {
     constexpr int64 enoughForLargePages = 2 << 20;
-    const int64 heldBytes = int64{heldBlocks} * blockSize;
-    ++heldBlocks;
-    if (heldBytes < enoughForLargePages && heldBytes + blockSize >= enoughForLargePages) {
+    const int64 before = filledBytes;
+    filledBytes += count;
+    if (before < enoughForLargePages && filledBytes >= enoughForLargePages) {
         platform::WantLargePages(pool.Start(), static_cast<std::size_t>(blockSize) * static_cast<uint32>(totalBlocks));
     }
 }
@@ -269,7 +272,7 @@ bool FileCacheImpl::WriteDirtyFrom(Range positions) {
 
 // -1 for a block whose place no file offset can tell.
 int64 FileCacheImpl::OffsetOf(const CacheEntry& entry) const {
-    const bool canBeTold = entry.block >= 0 && entry.block <= std::numeric_limits<int64>::max() / blockSize;
+    const bool canBeTold = entry.block >= 0 && entry.block <= lastBlock;
     return canBeTold ? entry.block * blockSize : -1;
 }
 

@@ -39,17 +39,29 @@ public:
     void* BlockData(int slot) override { return slot >= 0 && slot < totalBlocks ? BytesOf(slot) : nullptr; }
     void EvictAt(int position) override;
 
-    // Where the bytes from a position of a file on are, if one block that is there holds `count` of them; else null. A
-    // block with that position is the last used then in either case, as after a Lookup with mode 0. Saves time only.
+    // Where the bytes from a position of a file on are, if one block that is there holds `count` of them; else, and for
+    // no bytes, null. A block with that position is the last used then in either case, as after a Lookup with mode 0.
+    // Saves time only.
     char* Find(int handle, int64 position, uint64 count) {
-        int32 found = head;
-        if (!HoldsPosition(entries[found], handle, position)) {
-            if (count == 0 || position < 0) return nullptr;
-            found = index.Find(handle, BlockOf(position));
-            if (found < 0) return nullptr;
-            Touch(found);
-        }
-        return BytesIn(entries[found], position, count);
+        char* const bytes = FindInLastUsed(handle, position, count);
+        return bytes != nullptr ? bytes : FindElsewhere(handle, position, count);
+    }
+    // The same, of the last used block alone.
+    char* FindInLastUsed(int handle, int64 position, uint64 count) const {
+        const CacheEntry& entry = *lastUsed.entry;
+        const uint64 offset = static_cast<uint64>(position) - lastUsed.start;
+        if (entry.handle != handle || offset >= lastUsed.size) return nullptr;
+        const int64 held = entry.count - static_cast<int64>(offset);
+        // A count of 0 wraps to one that no block holds.
+        return held > 0 && count - 1 < static_cast<uint64>(held) ? lastUsed.bytes + offset : nullptr;
+    }
+    // The same, of any block; the last used one is looked for as all others.
+    char* FindElsewhere(int handle, int64 position, uint64 count) {
+        if (count == 0 || position < 0) return nullptr;
+        const int32 found = index.Find(handle, BlockOf(position));
+        if (found < 0) return nullptr;
+        Touch(found);
+        return FindInLastUsed(handle, position, count);
     }
     // For who has changed what Find gave.
     void MarkLastUsedDirty() { entries[head].flags |= DirtyFlag; }
@@ -72,20 +84,18 @@ private:
         int begin;
         int end;
     };
+    // What FindInLastUsed has to know of the entry at the head, at hand.
+    struct LastUsed {
+        CacheEntry* entry;
+        uint64 start;  // of its block in the file
+        uint64 size;   // of a block; 0 for one whose end no position can tell, in which nothing is to be found
+        char* bytes;
+    };
 
     // Of a position that is not negative.
     int64 BlockOf(int64 position) const {
         return blockShift >= 0 ? position >> blockShift : position / blockSize;
     }
-    bool HoldsPosition(const CacheEntry& entry, int handle, int64 position) const {
-        return entry.handle == handle && position >= 0 && entry.block == BlockOf(position);
-    }
-    char* BytesIn(const CacheEntry& entry, int64 position, uint64 count) const {
-        const int64 offset = position - entry.block * blockSize;
-        const bool isThere = offset <= entry.count && count <= static_cast<uint64>(entry.count - offset);
-        return isThere ? BytesOf(entry.slot) + offset : nullptr;
-    }
-
     void LinkAll();
     void Unlink(int entry) {
         const CacheEntry& taken = entries[entry];
@@ -108,9 +118,19 @@ private:
             Unlink(entry);
             LinkBetweenTailAndHead(entry);
         }
-        head = entry;
+        SetHead(entry);
     }
-    void CountHeldBlock();
+    void SetHead(int entry) {
+        head = entry;
+        CacheEntry& used = entries[entry];
+        const bool canBeTold = used.block >= 0 && used.block < lastBlock;
+        const uint64 size = static_cast<uint32>(blockSize);
+        lastUsed = {.entry = &used,
+                    .start = static_cast<uint64>(used.block) * size,
+                    .size = canBeTold ? size : 0,
+                    .bytes = BytesOf(used.slot)};
+    }
+    void CountFilledBytes(int32 count);
     void MakeTail(int entry);
 
     int FirstPositionFrom(int handle, int64 block);
@@ -139,14 +159,18 @@ private:
     int32 blockSize;
     // From a position to the number of its block; -1 where that takes a division.
     int blockShift;
+    int64 lastBlock;  // the last whose start a position can tell
+    LastUsed lastUsed{};
     ZeroedTable<CacheEntry> entries;
     ZeroedTable<char> pool;
     ZeroedTable<int32> sortedRoom;
     int32* sorted = nullptr;  // begins anywhere in its room, which is twice as large; see Move
+    // Apart from each other, so that no compiler reads both at once: the processor would wait for the head just stored.
     int32 head = 0;
-    int32 tail = 0;
     int32 heldBlocks = 0;
-    int32 lastPlace = 0;  // the position to which an entry was moved last
+    int32 tail = 0;
+    int64 filledBytes = 0;  // that were ever read into the pool, or a caller was given room for
+    int32 lastPlace = 0;    // the position to which an entry was moved last
     BlockIndex index;
     BlockFiles& files;
 };

@@ -50,7 +50,9 @@ bool FileCacheImpl::InvariantsHold() const {
         if (met == usableBlocks - 1 && entry != tail) return false;
         entry = entries[entry].next;
     }
-    return entry == head;
+    if (entry != head || lastUsed.entry != &entries[head]) return false;
+    if (!IsFull(head) || lastUsed.size == 0) return true;
+    return lastUsed.bytes == BytesOf(head) && static_cast<int64>(lastUsed.start) == OffsetOf(entries[head]);
 }
 
 }  // namespace Torvo

@@ -15,6 +15,7 @@
 namespace Torvo {
 
 class cFileCache;
+class FileCacheImpl;
 
 class cFileSystemImpl final : public cFileSystem {
 public:
@@ -155,10 +156,19 @@ public:
 
     // Descriptors (descriptor_io.cpp).
 
-    // lseek2; and read2 and write2 through a cache, or directly if that is null.
-    int64 Seek(int file, int64 offset, int whence);
-    int Read(cFileCache* cache, int file, void* buffer, uint64 count);
-    int Write(cFileCache* cache, int file, const void* buffer, uint64 count);
+    // lseek2; and read2 and write2 through the library's own cache (descriptor_calls.cpp).
+    int64 Seek(int file, int64 offset, int whence) {
+        FileEntry* const entry = FindEntry(file);
+        if (entry == nullptr) return -1;
+        // Unsigned, since an offset beyond all limits only has to be wrong, not undefined.
+        const auto distance = static_cast<uint64>(offset);
+        if (whence == 0) entry->position = offset;
+        if (whence == 1) entry->position = static_cast<int64>(static_cast<uint64>(entry->position) + distance);
+        if (whence == 2) entry->position = static_cast<int64>(static_cast<uint64>(entry->length) + distance);
+        return entry->position;
+    }
+    int Read(FileCacheImpl& cache, int file, void* buffer, uint64 count);
+    int Write(FileCacheImpl& cache, int file, const void* buffer, uint64 count);
 
     // Closes the compound file that an entry has open, whoever holds it; nothing without one. (storage_streams.cpp)
     void DropStorage(FileEntry& entry);
@@ -191,8 +201,14 @@ private:
     void MakeBusy(FileEntry& entry);
     bool CloseOldest();
     void CloseAllIdle();
+    void CloseHandleOf(FileEntry& entry);
     void RememberLastWrite(FileEntry& entry);
 
+    // Through a cache, or directly if that is null.
+    int ReadEntry(cFileCache* cache, int file, FileEntry& entry, void* buffer, uint64 count);
+    int ReadElsewhere(FileCacheImpl& cache, int file, FileEntry& entry, void* buffer, uint64 count);
+    int CopyFound(FileEntry& entry, void* buffer, const char* bytes, uint64 count);
+    int WriteEntry(cFileCache* cache, int file, FileEntry& entry, const void* buffer, uint64 count);
     int ReadBlocks(cFileCache* cache, int file, FileEntry& entry, void* buffer, uint64 count);
     int WriteBlocks(cFileCache* cache, int file, FileEntry& entry, const void* buffer, uint64 count);
 
@@ -231,6 +247,11 @@ private:
 
 // The retry callback of the file systems that the library makes for itself: true until the retry time has passed.
 bool DefaultRetry(eOpenMode mode, const wchar16* name, int64& state);
+
+// lseek2, read2 and write2 of the caller's file system, whosever that is. (descriptor_io.cpp)
+int64 SeekByService(int file, int64 offset, int whence);
+int ReadByService(int file, void* buffer, uint64 count);
+int WriteByService(int file, const void* buffer, uint64 count);
 
 // The handle of the descriptor world as that of the stream world, and back.
 inline FILE* AsStreamHandle(int file) {

@@ -35,6 +35,7 @@ struct FileEntry {
     uint64 lastWrite;          // of the file, at its last close; UnknownTime if it could not be read, 0 if never closed
     StorageRecord* storage;    // owned; null when not open as a compound file
     void* buffer;              // a memory block for the conversion of text, freed when the file is closed
+    uint64 stamp;              // of the open descriptor's file, by its opening
     uint64 serial;             // of the registration: a handle that is given again has another
 
     static constexpr uint32 ReferenceMask = 0x3FF;
@@ -46,6 +47,8 @@ struct FileEntry {
     void SetReferences(uint32 count) { flags = (flags & ~ReferenceMask) | (count & ReferenceMask); }
     bool IsInUse() const { return (flags & InUse) != 0; }
     bool IsStream() const { return (flags & StreamWorld) != 0; }
+    // What a file that is not open to write left in the cache could never leave it.
+    bool MayBeWritten() const { return (mode == omReadWrite || mode == omCreate) && fd != -1; }
     bool IsOpen() const { return fd != -1 || stream != nullptr; }
 };
 

@@ -184,6 +184,7 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
         if (mode != omRead && cache != nullptr) cache->Forget(file);
     } else {
         entry->fd = opened.descriptor;
+        entry->stamp = opened.stamp;
     }
     if (!timesAreKnown) {
         LookForChanges(*entry, lastWrite, changed);
@@ -289,17 +290,28 @@ int32 cFileSystemImpl::AgeOf(const FileEntry& entry) const {
 
 void cFileSystemImpl::ReallyClose(FileEntry& entry) {
     if (!entry.IsOpen()) return;
-    if (entry.fd != -1) {
-        if (cFileCache* const cache = cFileCache::Instance()) cache->Flush(HandleOf(entry));
-        platform::_close(entry.fd);
-    }
-    if (entry.stream != nullptr) platform::fclose(entry.stream);
+    CloseHandleOf(entry);
     if (entry.References() == 0) MakeBusy(entry);
     --openCount;
     entry.fd = -1;
     entry.stream = nullptr;
-    RememberLastWrite(entry);
     ffree_(&entry.buffer);
+}
+
+// Gives the handle of an open file back to the system, and remembers the time of the file's last change.
+void cFileSystemImpl::CloseHandleOf(FileEntry& entry) {
+    if (entry.stream != nullptr) {
+        platform::fclose(entry.stream);
+        RememberLastWrite(entry);
+        return;
+    }
+    if (cFileCache* const cache = cFileCache::Instance()) cache->Flush(HandleOf(entry));
+    WIN32_FILE_ATTRIBUTE_DATA attributes;
+    if (platform::CloseWithAttributes(entry.fd, entry.stamp, &attributes)) {
+        entry.lastWrite = LastWriteIn(attributes);  // only saves time: the path would tell the same
+    } else {
+        RememberLastWrite(entry);
+    }
 }
 
 void cFileSystemImpl::RememberLastWrite(FileEntry& entry) {

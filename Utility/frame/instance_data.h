@@ -45,9 +45,9 @@ inline InstanceData* CurrentInstance() {
     return held != nullptr ? held : FindOrCreateInstance();
 }
 
-// The service under a key of an instance.
-template <typename T, ServiceKey Key>
-inline T* ServiceOf(InstanceData& instance) {
+// The service under a key of an instance, which may be known to be the library's own.
+template <typename T, ServiceKey Key, typename Instance>
+inline T* ServiceOf(Instance& instance) {
     return static_cast<T*>(instance.GetSlot(static_cast<unsigned int>(Key)));
 }
 

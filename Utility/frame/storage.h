@@ -74,4 +74,10 @@ inline InstanceData* HeldInstance() {
     return current == &storageFrame.threadLocal ? storageFrame.threadLocal.GetData() : current->GetData();
 }
 
+// The same, found without a call, but null as well where the current store is another than the thread-local one.
+inline InstanceData* InstanceHeldByThread() {
+    const bool isCurrent = storageFrame.current.load(std::memory_order_acquire) == &storageFrame.threadLocal;
+    return isCurrent ? storageFrame.threadLocal.GetData() : nullptr;
+}
+
 }  // namespace Torvo

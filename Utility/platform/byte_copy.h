@@ -18,14 +18,16 @@ inline void CopyEnds(char* target, const char* source, std::size_t count) {
     std::memcpy(target + count - Size, tail, Size);
 }
 
-// Copies `count` bytes; the two places do not overlap. Up to 64 bytes are copied by two moves of a fixed size.
-inline void CopyBytes(void* to, const void* from, std::size_t count) {
+inline constexpr std::size_t FewBytes = 64;
+
+// Copies at most FewBytes by a few moves of a fixed size; the two places do not overlap.
+inline void CopyFewBytes(void* to, const void* from, std::size_t count) {
     auto* const target = static_cast<char*>(to);
     const auto* const source = static_cast<const char*>(from);
-    if (count > 64) {
-        std::memcpy(target, source, count);
-    } else if (count >= 32) {
-        CopyEnds<32>(target, source, count);
+    if (count >= 32) {
+        // Two times two, since no more than 16 bytes are one move.
+        CopyEnds<16>(target, source, 32);
+        CopyEnds<16>(target + count - 32, source + count - 32, 32);
     } else if (count >= 16) {
         CopyEnds<16>(target, source, count);
     } else if (count >= 8) {
@@ -36,6 +38,15 @@ inline void CopyBytes(void* to, const void* from, std::size_t count) {
         CopyEnds<2>(target, source, count);
     } else if (count == 1) {
         *target = *source;
+    }
+}
+
+// Copies `count` bytes; the two places do not overlap.
+inline void CopyBytes(void* to, const void* from, std::size_t count) {
+    if (count > FewBytes) {
+        std::memcpy(to, from, count);
+    } else {
+        CopyFewBytes(to, from, count);
     }
 }
 

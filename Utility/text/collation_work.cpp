@@ -2,7 +2,7 @@
 
 #include <Utility/platform/runtime.h>
 #include <Utility/text/key_text.h>
-#include <Utility/text/sign.h>
+#include <Utility/text/comparison_sign.h>
 
 #include <algorithm>
 #include <cstring>

@@ -234,6 +234,41 @@ TEST_F(FileCache, BytesAreFoundInABlockThatIsThere) {
     EXPECT_EQ(cache.Find(1000, -16, 1), nullptr);
 }
 
+TEST_F(FileCache, BytesOfABlockThatIsGoneAreNotFound) {
+    Get(1000, 0);
+    Get(1000, 1);
+    cache.EvictAt(3);
+    EXPECT_EQ(cache.Find(1000, 16, 1), nullptr);
+    EXPECT_NE(cache.Find(1000, 0, 1), nullptr);
+    EXPECT_TRUE(cache.Forget(1000));
+    EXPECT_EQ(cache.Find(1000, 0, 1), nullptr);
+    // Where there is one place only, the block used last is the one that is taken for another.
+    FileCacheImpl single(2, kBlockSize, blocks);
+    CacheEntry* entry = nullptr;
+    ASSERT_TRUE(single.Lookup(1000, 0, &entry, 2));
+    ASSERT_TRUE(single.Lookup(1000, 1, &entry, 2));
+    EXPECT_EQ(single.Find(1000, 0, 1), nullptr);
+    ASSERT_NE(single.Find(1000, 16, 1), nullptr);
+    EXPECT_EQ(*single.Find(1000, 16, 1), 'b');
+}
+
+TEST_F(FileCache, BytesAreFoundUpToTheLastPosition) {
+    constexpr int64 last = std::numeric_limits<int64>::max();
+    constexpr int64 lowest = std::numeric_limits<int64>::min();
+    for (const int64 block : {last / kBlockSize, last, lowest, int64{1} << 60}) {
+        Get(1000, block, 1)->count = kBlockSize;
+        EXPECT_EQ(cache.Find(1000, 0, 1), nullptr) << block;
+        EXPECT_EQ(cache.Find(1000, lowest, 1), nullptr) << block;
+        EXPECT_EQ(cache.Find(1000, -1, 1), nullptr) << block;
+        EXPECT_EQ(cache.Find(1000, last, 2), nullptr) << block;
+        EXPECT_EQ(cache.Find(1000, last - kBlockSize, 1), nullptr) << block;
+    }
+    CacheEntry* const entry = Get(1000, last / kBlockSize - 1, 1);
+    entry->count = kBlockSize;
+    EXPECT_EQ(cache.Find(1000, last - kBlockSize, 1),
+              static_cast<char*>(cache.BlockData(entry->slot)) + kBlockSize - 1);
+}
+
 TEST_F(FileCache, FindingBytesIsAUseOfTheirBlock) {
     for (int64 block = 0; block < 4; ++block) Get(1000, block);
     EXPECT_NE(cache.Find(1000, 0, 1), nullptr);
