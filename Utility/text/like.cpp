@@ -36,8 +36,8 @@ bool Match(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool*
 
 // Whether a plain unit takes the first one of the text, and a run follows.
 bool TakesOneAheadOfRun(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
-    return *pattern == *text && like::IsPlain(*pattern, escape) && pattern[1] == anyRun && escape != anyRun &&
-           !like::Joins(text[1]);
+    if (*pattern == 0 || pattern[1] != anyRun || escape == anyRun) return false;
+    return *pattern == *text && like::IsPlain(*pattern, escape) && !like::Joins(text[1]);
 }
 
 }  // namespace
