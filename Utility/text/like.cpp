@@ -34,6 +34,12 @@ bool Match(const wchar16* text, const wchar16* pattern, EscapeUnit escape, bool*
     return like::MatchSteps(text - back, pattern - back, escape, match);
 }
 
+// Whether a plain unit takes the first one of the text, and a run follows.
+bool TakesOneAheadOfRun(const wchar16* text, const wchar16* pattern, EscapeUnit escape) {
+    if (*pattern == 0 || pattern[1] != anyRun || escape == anyRun) return false;
+    return *pattern == *text && like::IsPlain(*pattern, escape) && !like::Joins(text[1]);
+}
+
 }  // namespace
 
 bool Like(const wchar16* text, const wchar16* pattern, const wchar16* escape, bool* match) {
@@ -43,6 +49,10 @@ bool Like(const wchar16* text, const wchar16* pattern, const wchar16* escape, bo
     const EscapeUnit escapeUnit = escape != nullptr ? *escape : 0;
     if (*pattern == anyRun && escapeUnit != anyRun) return like::MatchRun(text, pattern, escapeUnit, match);
     if (DifferAtOnce(text, pattern, escapeUnit)) return true;
+    // All that begins with a letter is often asked for, and takes less than a look at sixteen units.
+    if (TakesOneAheadOfRun(text, pattern, escapeUnit)) {
+        return like::MatchRun(text + 1, pattern + 1, escapeUnit, match);
+    }
     return Match(text, pattern, escapeUnit, match);
 }
 

@@ -72,10 +72,11 @@ inline bool IsShortText(const wchar16* text) {
 // The first index at which the two differ or both end, 24 if that lies behind. CanReadAhead must hold for both.
 inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
     using namespace shorttexts;
+    constexpr uint32 wholeBlock = 0xFFFF;
     for (uint32 number = 0; number < Blocks; ++number) {
         const __m128i left = Block(a, number);
-        const __m128i goesOn = _mm_and_si128(_mm_cmpeq_epi16(left, Block(b, number)), left);
-        const uint32 stops = Mask(_mm_cmpeq_epi16(goesOn, _mm_setzero_si128()));
+        const __m128i same = _mm_cmpeq_epi16(left, Block(b, number));
+        const uint32 stops = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same)) ^ wholeBlock;
         if (stops != 0) return number * BlockUnits + static_cast<uint32>(std::countr_zero(stops)) / 2;
     }
     return ShortTextUnits;

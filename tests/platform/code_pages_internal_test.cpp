@@ -242,7 +242,7 @@ TEST(CodePages, EncodeWhatStandsAmongPairsAtEachPlace) {
     for (const auto& [page, pair] : {std::pair<uint32, wchar16>{949, 0xAC00}, {936, 0x4E00}, {932, 0x304B}}) {
         for (const wchar16 special : Units{'e', 0x301, 0x3099, 0x309A, 0x300, 0x309B, 0x0E01, 0xFFFF, 0x3001, 0x1100}) {
             for (std::size_t place = 0; place <= 20; ++place) {
-                for (const std::size_t behind : {std::size_t{0}, std::size_t{1}, std::size_t{9}, std::size_t{20}}) {
+                for (const std::size_t behind : {std::size_t{0}, std::size_t{9}, std::size_t{20}}) {
                     Units text(place, pair);
                     text.push_back(special);
                     text.insert(text.end(), behind, pair);

@@ -2,7 +2,6 @@
 #include <Utility/platform/threads.h>
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 
 #include "code_page_conversions.h"
@@ -50,20 +49,6 @@ private:
     bool metRefused_ = false;
 };
 
-// Pairs that follow one another: a first one, of which the lead byte is there, and up to `most` of them. False, with
-// `at` at its lead byte, where one is none.
-bool DecodePairs(const CodePage& page, std::ptrdiff_t most, const uint8*& at, wchar16*& to) {
-    const uint8* const end = at + 2 * most;
-    for (const wchar16* row = page.Row(*at); row != nullptr; row = page.Row(*at)) {
-        const wchar16 unit = CodePage::PairIn(row, at[1]);
-        if (unit == 0) return false;
-        *to++ = unit;
-        at += 2;
-        if (at == end) break;
-    }
-    return true;
-}
-
 // Up to the first byte that needs a closer look, the last one, or the last unit. Sixteen bytes of ASCII go at once.
 // Places are kept in locals, so that they can be kept in registers.
 void DecodeByTable(const CodePage& page, DoubleDecoder& decoder, UnitTarget target, std::size_t& count) {
@@ -71,19 +56,25 @@ void DecodeByTable(const CodePage& page, DoubleDecoder& decoder, UnitTarget targ
     const uint8* const last = at + decoder.Left() - 1;
     wchar16* to = target.text + count;
     const wchar16* const room = target.text + target.size;
-    while (at < last && to != room) {
-        if (*at < 0x80) {
-            if (at[1] < 0x80 && last - at >= LaneCount && room - to >= LaneCount) {
+    bool isPlain = true;
+    while (isPlain && at < last && to != room) {
+        // So many characters can be taken without a look at either end.
+        for (std::ptrdiff_t left = std::min((last - at + 1) / 2, room - to); left > 0; --left) {
+            if (const wchar16* const row = page.Row(*at); row != nullptr) {
+                const wchar16 unit = CodePage::PairIn(row, at[1]);
+                isPlain = unit != 0;
+                if (!isPlain) break;
+                *to++ = unit;
+                at += 2;
+                continue;
+            }
+            if ((*at | at[1]) < 0x80 && last - at >= LaneCount && room - to >= LaneCount) {
                 const std::size_t ascii = WidenAscii(at, to, static_cast<std::size_t>(std::min(last - at, room - to)));
                 at += ascii;
                 to += ascii;
-                if (ascii != 0) continue;
+                if (ascii != 0) break;
             }
-            *to++ = *at++;
-        } else if (!page.IsLead(*at)) {
             *to++ = page.Single(*at++);
-        } else {
-            if (!DecodePairs(page, std::min((last - at + 1) / 2, room - to), at, to)) break;
         }
     }
     decoder.Skip(static_cast<std::size_t>(at - decoder.At()));
@@ -105,8 +96,6 @@ std::size_t SizeOf(uint16 code) {
 }
 
 constexpr std::ptrdiff_t BlockCount = 8;
-// What a block may come to, and two bytes for the character behind it.
-constexpr std::ptrdiff_t MixedRoom = 2 * BlockCount + 2;
 
 // Whether one of eight units lies in a range.
 bool IsOneIn(UnitRange range, __m128i units) {
@@ -143,17 +132,17 @@ bool EncodePairs(const uint16* codes, const wchar16* units, uint8* target) {
     return true;
 }
 
-// Up to eight units of one byte or two, until one has none; how many were taken. Two bytes are always stored; the one
-// in excess is where the next character comes.
+// Up to eight units of one byte or two, until one has none; how many were taken. The first byte is stored where a lead
+// byte would be, and the last one there or behind it, so that nothing depends on which of the two it is.
 std::ptrdiff_t EncodeMixed(const uint16* codes, const wchar16* units, uint8*& target) {
     std::ptrdiff_t taken = 0;
     for (; taken != BlockCount; ++taken) {
         const uint16 code = codes[units[taken]];
         if (code == NoCode) break;
-        const bool isPair = code > 0xFF;
-        const auto stored = static_cast<uint16>(isPair ? code >> 8 | code << 8 : code);
-        std::memcpy(target, &stored, sizeof stored);
-        target += isPair ? 2 : 1;
+        const std::size_t isPair = code > 0xFF ? 1 : 0;
+        target[0] = static_cast<uint8>(code >> 8);
+        target[isPair] = static_cast<uint8>(code);
+        target += 1 + isPair;
     }
     return taken;
 }
@@ -166,14 +155,13 @@ bool HasAscii(const wchar16* units) {
 
 // Up to eight units, if the table alone tells what they become; how many were taken. There are nine, and room for
 // sixteen bytes.
-std::ptrdiff_t EncodeBlock(const uint16* codes, bool composes, const wchar16* units, uint8*& target,
-                           const uint8* room) {
+std::ptrdiff_t EncodeBlock(const uint16* codes, bool composes, const wchar16* units, uint8*& target) {
     if (composes && MayOneCombine(units + 1)) return 0;
     if (!HasAscii(units) && EncodePairs(codes, units, target)) {
         target += 2 * BlockCount;
         return BlockCount;
     }
-    return room - target >= MixedRoom ? EncodeMixed(codes, units, target) : 0;
+    return EncodeMixed(codes, units, target);
 }
 
 // Up to the first unit that needs a closer look, the last one, or the last byte. Sixteen units of ASCII go at once, and
@@ -196,7 +184,7 @@ void EncodeByTable(const Encoder& encoder, const wchar16*& from, const wchar16* 
             }
         }
         if (end - at > BlockCount && room - to >= 2 * BlockCount) {
-            const std::ptrdiff_t taken = EncodeBlock(codes, composes, at, to, room);
+            const std::ptrdiff_t taken = EncodeBlock(codes, composes, at, to);
             at += taken;
             if (taken != 0) continue;
         }
