@@ -36,7 +36,7 @@ public:
         const int32 high = TaggedWords::ValueOf(words[1]);
         // Above the high only in a list that has changed under the walk.
         const bool ends = single | (current_ >= high);
-        walk_.Step(single ? 1u : 2u * ends);
+        walk_.Step(2u * ends - single);
         item = passed_ = Choose(single | (current_ == -1), TaggedWords::ValueOf(words[0]), current_);
         current_ = Choose(single, current_, Choose(ends, -1, item + !ends));
         high_ = Choose(ends, -1, high);

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
+#include <random>
 #include <vector>
 
 #include "containers/integer_list_kinds.h"
@@ -243,6 +245,69 @@ TYPED_TEST(LargeIntegerList, ChangesAcrossBlocksAnswerAsThePlainFormDoes) {
         ASSERT_EQ(list->Count(), 0u);
         ASSERT_TRUE(list->Add(5));
         ASSERT_EQ(RunsOf(*list), (Runs<T>{{5, 5}}));
+    }
+}
+
+// Whatever a block begins or ends with gets neighbours that touch it.
+TYPED_TEST(LargeIntegerList, EveryGapIsFilledFromEitherSide) {
+    using T = TypeParam;
+    constexpr T kGaps = 2000;
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    for (const bool fromAbove : {false, true}) {
+        const std::unique_ptr<ZUList<T>> list(ZUList<T>::Create());
+        std::vector<T> gaps;
+        for (T gap = 0; gap <= kGaps; ++gap) gaps.push_back(gap);
+        const auto addAll = [&](T place) {
+            std::shuffle(gaps.begin(), gaps.end(), std::mt19937(static_cast<unsigned>(random.Between(0, 1 << 30))));
+            for (const T gap : gaps) ASSERT_TRUE(list->Add(gap * 3 + place));
+        };
+        addAll(0);
+        Runs<T> expected;
+        for (T gap = 0; gap <= kGaps; ++gap) expected.push_back({gap * 3, gap * 3});
+        ASSERT_EQ(RunsOf(*list), expected);
+        addAll(fromAbove ? 2 : 1);
+        if (fromAbove) {
+            for (PlainRun<T>& run : expected) run = {run.low - (run.low > 0 ? 1 : 0), run.high};
+            expected.push_back({kGaps * 3 + 2, kGaps * 3 + 2});
+        } else {
+            for (PlainRun<T>& run : expected) ++run.high;
+        }
+        ASSERT_EQ(RunsOf(*list), expected);
+        addAll(fromAbove ? 1 : 2);
+        ASSERT_EQ(RunsOf(*list), (Runs<T>{{0, kGaps * 3 + 2}}));
+        ASSERT_EQ(list->Count(), uint64{kGaps} * 3 + 3);
+    }
+}
+
+// So many lone values that blocks become longer, and then fewer again.
+TYPED_TEST(LargeIntegerList, ManyBlocksComeAndGo) {
+    using T = TypeParam;
+    constexpr int32 kValues = 60'000;
+    const std::unique_ptr<ZUList<T>> list(ZUList<T>::Create());
+    std::vector<int32> values(kValues);
+    std::iota(values.begin(), values.end(), 0);
+    std::mt19937 engine(5);
+    for (const int32 left : {30'000, 100, 0}) {
+        std::shuffle(values.begin(), values.end(), engine);
+        for (const int32 value : values) ASSERT_TRUE(list->Add(static_cast<T>(value * 5)));
+        ASSERT_EQ(list->Count(), uint64{kValues});
+        std::shuffle(values.begin(), values.end(), engine);
+        for (auto value = values.begin() + left; value != values.end(); ++value) {
+            ASSERT_TRUE(list->Remove(static_cast<T>(*value * 5)));
+        }
+        Runs<T> expected;
+        for (auto value = values.begin(); value != values.begin() + left; ++value) {
+            expected.push_back({static_cast<T>(*value * 5), static_cast<T>(*value * 5)});
+        }
+        std::sort(expected.begin(), expected.end(), [](auto a, auto b) { return a.low < b.low; });
+        ASSERT_EQ(RunsOf(*list), expected);
+        for (int32 value = 0; value < kValues * 5; value += 7) {
+            const bool isMember = std::binary_search(expected.begin(), expected.end(),
+                                                     PlainRun<T>{static_cast<T>(value), static_cast<T>(value)},
+                                                     [](auto a, auto b) { return a.low < b.low; });
+            ASSERT_EQ(list->Member(static_cast<T>(value)), isMember) << value;
+        }
     }
 }
 

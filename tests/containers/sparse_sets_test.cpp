@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <iterator>
+#include <set>
 #include <vector>
 
 #include "reference/plain_sparse_set.h"
@@ -752,6 +754,35 @@ TEST(SparseSetProperty, OrdinalsHoldOverTheWholeValueSpace) {
         }
     }
     ASSERT_EQ(MembersOf(list), plain.members);
+}
+
+TEST(SparseSetProperty, OrdinalsHoldWhereFullStretchesBreakAndFill) {
+    test::Random random;
+    SCOPED_TRACE(random.About());
+    const List list;
+    constexpr int32 kReach = 3 * kPage + 40'000;
+    ASSERT_TRUE(flist_add_range(list, 0, kReach - 1));
+    std::set<int32> gone;
+    for (int round = 0; round < 400; ++round) {
+        // Often the same few places, so that some come back.
+        const int32 item = static_cast<int32>(random.Between(0, 60)) * (kReach / 61) + static_cast<int32>(round % 3);
+        const bool add = random.OneIn(2);
+        if (add) {
+            ASSERT_TRUE(random.OneIn(2) ? flist_add(list, item) : flist_add_range(list, item, item));
+            gone.erase(item);
+        } else {
+            ASSERT_EQ(flist_remove(list, item), gone.insert(item).second);
+        }
+        for (int question = 0; question < 10; ++question) {
+            const int32 asked = static_cast<int32>(random.Between(0, kReach - 1));
+            const auto below = static_cast<int32>(std::distance(gone.begin(), gone.upper_bound(asked)));
+            ASSERT_EQ(flist_getindex(list, asked), gone.count(asked) != 0 ? -1 : asked + 1 - below) << asked;
+            if (gone.count(asked) == 0) {
+                ASSERT_EQ(flist_getbyindex(list, asked + 1 - below), asked);
+            }
+        }
+        ASSERT_EQ(flist_getbyindex(list, flist_count(list)), list->max);
+    }
 }
 
 }  // namespace
