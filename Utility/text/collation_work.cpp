@@ -1,8 +1,8 @@
 #include <Utility/text/collation_work.h>
 
 #include <Utility/platform/runtime.h>
-#include <Utility/text/key_text.h>
 #include <Utility/text/comparison_sign.h>
+#include <Utility/text/key_text.h>
 
 #include <algorithm>
 #include <cstring>
