@@ -369,7 +369,7 @@ TEST_F(LikeTest, AnswersAsThePlainFormDoesWithManyEscapes) {
     EXPECT_GT(matches, 10'000);
 }
 
-// What is short has up to 31 units: every length of text and of pattern around that.
+// Every part of a text of every length up to beyond what is looked at in one go.
 TEST_F(LikeTest, AnswersAsThePlainFormDoesAtEveryLength) {
     for (std::size_t length = 0; length < 36; ++length) {
         wstring16 text;
