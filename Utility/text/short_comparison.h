@@ -38,21 +38,22 @@ inline uint32 UnitAndNext(const wchar16* text) {
 
 #else
 
-namespace shorttexts {
+namespace shortcomparison {
 
-inline constexpr uint32 BlockUnits = 8;
+namespace scan = platform::scan;
+
+inline constexpr uint32 BlockUnits = scan::BlockUnits;
 inline constexpr uint32 Blocks = ShortTextUnits / BlockUnits;
 
 inline __m128i Block(const wchar16* text, uint32 number) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text) + number);
+    return scan::LoadAny(text + number * BlockUnits);
 }
 
-// Two bits per unit of a block of all-ones and all-zeros.
-inline uint32 Mask(__m128i block) {
-    return static_cast<uint32>(_mm_movemask_epi8(block));
+inline __m128i Ends(__m128i block) {
+    return _mm_cmpeq_epi16(block, _mm_setzero_si128());
 }
 
-}  // namespace shorttexts
+}  // namespace shortcomparison
 
 // Whether 24 units from here on, and one more, can be loaded, whatever the text's length.
 inline bool CanReadAhead(const wchar16* text) {
@@ -61,23 +62,20 @@ inline bool CanReadAhead(const wchar16* text) {
 
 // Whether the text has fewer than 24 units. CanReadAhead must hold.
 inline bool IsShortText(const wchar16* text) {
-    using namespace shorttexts;
+    using namespace shortcomparison;
     __m128i ends = _mm_setzero_si128();
-    for (uint32 number = 0; number < Blocks; ++number) {
-        ends = _mm_or_si128(ends, _mm_cmpeq_epi16(Block(text, number), _mm_setzero_si128()));
-    }
-    return Mask(ends) != 0;
+    for (uint32 number = 0; number < Blocks; ++number) ends = _mm_or_si128(ends, Ends(Block(text, number)));
+    return scan::Mask(ends) != 0;
 }
 
 // The first index at which the two differ or both end, 24 if that lies behind. CanReadAhead must hold for both.
 inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
-    using namespace shorttexts;
-    constexpr uint32 wholeBlock = 0xFFFF;
+    using namespace shortcomparison;
     for (uint32 number = 0; number < Blocks; ++number) {
         const __m128i left = Block(a, number);
-        const __m128i same = _mm_cmpeq_epi16(left, Block(b, number));
-        const uint32 stops = Mask(_mm_andnot_si128(_mm_cmpeq_epi16(left, _mm_setzero_si128()), same)) ^ wholeBlock;
-        if (stops != 0) return number * BlockUnits + static_cast<uint32>(std::countr_zero(stops)) / 2;
+        const __m128i same = scan::SameUnits<false>(left, Block(b, number));
+        const uint32 stops = scan::Mask(_mm_andnot_si128(Ends(left), same)) ^ scan::WholeMask;
+        if (stops != 0) return number * BlockUnits + scan::FirstUnit(stops);
     }
     return ShortTextUnits;
 }
