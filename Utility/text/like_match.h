@@ -1,5 +1,5 @@
-// The parts of the pattern match. Most matches are decided by looking at many units at once, in like.cpp and
-// like_run.cpp; everything else is left to MatchSteps, and all could be.
+// The parts of the pattern match. Most matches are decided in like.cpp and like_run.cpp, which take the units that
+// join nothing; everything else is left to MatchSteps, and all could be.
 #pragma once
 
 #include <Utility/platform/types.h>

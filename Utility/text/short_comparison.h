@@ -21,15 +21,11 @@ inline bool CanReadAhead(const wchar16* /*text*/) {
 }
 
 inline bool IsShortText(const wchar16* text) {
-    uint32 units = 0;
-    while (units < ShortTextUnits && text[units] != 0) ++units;
-    return units < ShortTextUnits;
+    return platform::scan::LengthWithin(text, ShortTextUnits) < ShortTextUnits;
 }
 
 inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
-    uint32 index = 0;
-    while (index < ShortTextUnits && a[index] == b[index] && a[index] != 0) ++index;
-    return index;
+    return static_cast<uint32>(platform::scan::FirstDifferenceByUnit<false>(a, b, 0, ShortTextUnits));
 }
 
 inline uint32 UnitAndNext(const wchar16* text) {
@@ -38,23 +34,6 @@ inline uint32 UnitAndNext(const wchar16* text) {
 
 #else
 
-namespace shortcomparison {
-
-namespace scan = platform::scan;
-
-inline constexpr uint32 BlockUnits = scan::BlockUnits;
-inline constexpr uint32 Blocks = ShortTextUnits / BlockUnits;
-
-inline __m128i Block(const wchar16* text, uint32 number) {
-    return scan::LoadAny(text + number * BlockUnits);
-}
-
-inline __m128i Ends(__m128i block) {
-    return _mm_cmpeq_epi16(block, _mm_setzero_si128());
-}
-
-}  // namespace shortcomparison
-
 // Whether 24 units from here on, and one more, can be loaded, whatever the text's length.
 inline bool CanReadAhead(const wchar16* text) {
     return platform::scan::CanRead(text, (ShortTextUnits + 1) * sizeof(wchar16));
@@ -62,20 +41,20 @@ inline bool CanReadAhead(const wchar16* text) {
 
 // Whether the text has fewer than 24 units. CanReadAhead must hold.
 inline bool IsShortText(const wchar16* text) {
-    using namespace shortcomparison;
+    using namespace platform::scan;
     __m128i ends = _mm_setzero_si128();
-    for (uint32 number = 0; number < Blocks; ++number) ends = _mm_or_si128(ends, Ends(Block(text, number)));
-    return scan::Mask(ends) != 0;
+    for (uint32 at = 0; at < ShortTextUnits; at += BlockUnits) {
+        ends = _mm_or_si128(ends, _mm_cmpeq_epi16(LoadAny(text + at), _mm_setzero_si128()));
+    }
+    return Mask(ends) != 0;
 }
 
 // The first index at which the two differ or both end, 24 if that lies behind. CanReadAhead must hold for both.
 inline uint32 FirstDifference(const wchar16* a, const wchar16* b) {
-    using namespace shortcomparison;
-    for (uint32 number = 0; number < Blocks; ++number) {
-        const __m128i left = Block(a, number);
-        const __m128i same = scan::SameUnits<false>(left, Block(b, number));
-        const uint32 stops = scan::Mask(_mm_andnot_si128(Ends(left), same)) ^ scan::WholeMask;
-        if (stops != 0) return number * BlockUnits + scan::FirstUnit(stops);
+    using namespace platform::scan;
+    for (uint32 at = 0; at < ShortTextUnits; at += BlockUnits) {
+        const uint32 stops = Stops<false>(a + at, b + at);
+        if (stops != 0) return at + FirstUnit(stops);
     }
     return ShortTextUnits;
 }

@@ -4,7 +4,6 @@
 #include <Utility/platform/runtime.h>
 #include <Utility/text/collation_loader.h>
 #include <Utility/text/collation_work.h>
-#include <Utility/text/comparison_sign.h>
 #include <Utility/text/icu_locale_name.h>
 #include <Utility/text/key_text.h>
 
