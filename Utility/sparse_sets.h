@@ -12,8 +12,9 @@
 // Memory. An empty list takes 5 KB, and 16 bytes more for each further page once it is to hold values from 65,536,000
 // on. What is added are bitmaps: none for rows that fill their pages, one for ten million consecutive rows, which end
 // inside a page and so take 38 KB, and one for each page where a lone row lies. From the 65th bitmap on, they lie
-// together in blocks of 2 to 16 MB where the system has large pages, so a list may have that much more than it uses.
-// The first question for an ordinal adds 1.5 KB, and 8 KB for each 64 pages asked about.
+// together in blocks of 2 to 16 MB where the system has large pages. A block is given back when nothing is left in it,
+// save one that is kept for what comes next, so a list that has shrunk may have much more than it uses. The first
+// question for an ordinal adds 1.5 KB, and 8 KB for each 64 pages asked about.
 //
 // Failures. Every call takes a null list and a list whose `capacity` is 0 (an invalid list) and answers as for an empty
 // set, or with false. No call throws and none leaves an error record. When memory runs short, an add or a remove

@@ -17,7 +17,7 @@ int32 ListWalk::NextOfWord(int32 max) noexcept {
     const int32 first = bitmaps_.NextInWord();
     member_ = first;
     if (run >= kShortestRun) {
-        const int32 last = first + static_cast<int32>(run) - 1;
+        const int32 last = first + static_cast<int32>(run - 1);
         bitmaps_.SkipInWord(run - 1);
         member_ = last;
         NoteRun(first, std::min(last, max));

@@ -132,7 +132,8 @@ void PairRuns<T>::Insert(Position at, T low, T high) {
     ++changes_;
     // The end of a block rather than the start of the next one, so that runs that come in order fill their blocks.
     if (at.place == 0 && at.block > 0) at = {at.block - 1, blocks_[at.block - 1]->runs.size()};
-    const bool append = Empty() || (at.block + 1 == blocks_.size() && at.place >= MostRuns());
+    const bool isBehindAll = !Empty() && at.block + 1 == blocks_.size() && at.place == blocks_[at.block]->runs.size();
+    const bool append = Empty() || (isBehindAll && at.place >= MostRuns());
     if (append) {
         auto block = std::make_unique<Block>();
         block->runs.reserve(Empty() ? kFirstRuns : MostRuns());

@@ -76,6 +76,7 @@ private:
     // What an insertion moves is what a block has: of few blocks each has little. Of many each has four times as much,
     // or else the directory would be the part that takes long to move.
     static constexpr std::size_t kManyBlocks = 512;
+    // A block that was made while there were many may be longer than this.
     std::size_t MostRuns() const { return blocks_.size() < kManyBlocks ? 64 : 256; }
     // What the first run of a list reserves.
     static constexpr std::size_t kFirstRuns = 32;
@@ -107,7 +108,7 @@ private:
     // Low and high one by one: a pair that has just been put together is slow to read as one.
     void Insert(Position at, T low, T high);
     void InsertBlock(std::size_t at, std::unique_ptr<Block> block);
-    // Moves the upper half of a full block to a new one behind it.
+    // Moves the upper half of a block that is too long to a new one behind it.
     void Split(std::size_t block);
     void Change(Position at, T low, T high);
     // Removes the runs [from, to).

@@ -1,7 +1,7 @@
 // The runs of a list of signed values: tagged words in blocks.
 //
 // A short list is one block of words (TaggedWords). Since an insertion moves what lies behind it in its block, a block
-// of more than some hundred words is split, and a directory beside the blocks has the lowest value of each, for a
+// of more words than a limit is split, and a directory beside the blocks has the lowest value of each, for a
 // search to begin with.
 //
 // The invariant: there is at least one block; none is empty but the only one of an empty list; entries ascend, within a

@@ -120,8 +120,9 @@ bool TaggedWords::Resize(uint64 used, bool grow) {
     void* block = words_;
     if (!GetMem_((used + kFrameWords) * sizeof(int32), &block, grow)) return false;
     words_ = static_cast<int32*>(block);
-    // What the heap gives anyway is room too.
-    room_ = memSize(words_) / sizeof(int32) - kFrameWords;
+    // What the heap gives anyway is room too, once it is asked for, which changes nothing.
+    const uint64 bytes = memSize(words_);
+    if (GetMem_(bytes, &block, true)) room_ = bytes / sizeof(int32) - kFrameWords;
     return true;
 }
 

@@ -78,8 +78,9 @@ public:
 
     // Adds a value above all members. False, with nothing changed, if memory is short.
     bool Append(int32 item);
-    // Adds a value that lies above the first word, or below all members, and neither touches what follows this block
-    // nor what comes before it. False, with nothing changed, if memory is short.
+    // Of a block that is not empty: adds a value that lies at or above the first word, or below all members, and
+    // neither touches what follows this block nor what comes before it. False, with nothing changed, if memory is
+    // short.
     bool Add(int32 item);
     // Puts entries in the place of those that start in [from, to). False, with nothing changed, if memory is short,
     // which it is for no replacement that takes as many words or fewer.

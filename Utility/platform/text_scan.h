@@ -247,7 +247,7 @@ unsigned Stops(const wchar16* a, const wchar16* b) {
 
 // The same as FirstDifferenceByUnit from 0 to the limit: by blocks while both texts stay within a page, the last of
 // which may reach beyond the limit, then by unit to the end of the page that ends first. Most texts differ or end in
-// the first blocks, which need no look at how much of the page is left.
+// the first blocks, for which one test of each text tells that they lie within its page.
 template <bool IgnoreCase, typename Limit>
 static std::size_t FirstDifferenceOrEnd(const wchar16* a, const wchar16* b, Limit limit) {
     constexpr std::size_t firstUnits = 3 * BlockUnits;

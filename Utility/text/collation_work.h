@@ -37,8 +37,6 @@ public:
     // Takes a text: upper-cased if that is asked for, and composed. False, and no text, on failure. What is taken is
     // good until `text` changes, since a text that needs no change is not copied.
     bool SetText(const wchar16* text);
-    const wchar16* Text() const { return prepared; }
-    int32 Length() const { return length; }
     // Whether all of its units are below the first combining mark.
     bool IsPlain() const { return isPlain; }
 

@@ -311,4 +311,23 @@ TYPED_TEST(LargeIntegerList, ManyBlocksComeAndGo) {
     }
 }
 
+// The last block of a list that had many blocks is longer than the blocks of a list that has few.
+TYPED_TEST(LargeIntegerList, FewBlocksAfterManyKeepTheirOrder) {
+    const std::unique_ptr<ZUList<TypeParam>> list(ZUList<TypeParam>::Create());
+    constexpr TypeParam lower = 511 * 64;
+    constexpr TypeParam many = lower + 256 * 40;
+    for (TypeParam i = 0; i < many; ++i) ASSERT_TRUE(list->Add(10 + i * 10));
+    ASSERT_TRUE(list->AddRange(10, 10 + lower * 10));
+    for (TypeParam i = many - 200; i < many - 1; i += 3) ASSERT_TRUE(list->Add(10 + i * 10 + 5));
+    TypeParam low = 0;
+    TypeParam high = 0;
+    ASSERT_TRUE(list->MinMax(low, high, nullptr));
+    EXPECT_EQ(high, 10 + (many - 1) * 10);
+    for (TypeParam i = lower; i < many; ++i) ASSERT_TRUE(list->Member(10 + i * 10)) << i;
+    const std::unique_ptr<ZUListRangeEnumerator<TypeParam>> runs(list->CreateRangeEnumerator());
+    TypeParam first = 0;
+    TypeParam last = 0;
+    for (TypeParam before = 0; runs->Next(first, last); before = last) ASSERT_GT(first, before);
+}
+
 }  // namespace

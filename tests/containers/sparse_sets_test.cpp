@@ -785,4 +785,15 @@ TEST(SparseSetProperty, OrdinalsHoldWhereFullStretchesBreakAndFill) {
     }
 }
 
+TEST(SparseSet, AWalkEndsAtTheLargestValue) {
+    flist* list = flist_init();
+    constexpr int32 largest = 0x7FFFFFFF;
+    flist_add_range(list, largest - 61, largest);
+    flist_add(list, 5);
+    int32 members = 0;
+    for (int32 item = flist_next(list, 5); item != -1; item = flist_next(list, item)) ++members;
+    EXPECT_EQ(members, 62);
+    flist_destroy(list);
+}
+
 }  // namespace

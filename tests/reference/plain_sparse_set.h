@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -142,7 +141,8 @@ private:
         if (Count() == 0 || max < last) max = last;
         if (Count() == 0 || min > first) min = first;
         std::vector<int32> range(static_cast<std::size_t>(last - first) + 1);
-        std::iota(range.begin(), range.end(), first);
+        // Counted wide, since a range may end at the largest value.
+        for (std::size_t i = 0; i < range.size(); ++i) range[i] = static_cast<int32>(first + static_cast<int64>(i));
         std::vector<int32> merged;
         std::set_union(members.begin(), members.end(), range.begin(), range.end(), std::back_inserter(merged));
         if (merged.size() > members.size()) cachedIndex = 0;

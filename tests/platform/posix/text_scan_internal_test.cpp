@@ -1,7 +1,9 @@
 // Texts that end where the next page must not be touched.
 
 #include <Utility/platform/runtime.h>
+#include <Utility/platform/text.h>
 #include <Utility/text/key_text.h>
+#include <Utility/text/string_normalizer.h>
 #include <Utility/text_tools.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -123,6 +125,47 @@ TEST(TextScan, NothingIsReadInAPageBehindAKey) {
         ASSERT_EQ(Torvo::keytext::CompareKeys(a, b), 0);
         if (length != 0) right[length - 1] = 0x6261;
         ASSERT_EQ(Torvo::keytext::CompareKeys(a, b), length != 0 ? -1 : 0);
+    }
+}
+
+TEST(TextScan, NothingIsReadInAPageBehindTextsOfATable) {
+    GuardedPages first;
+    GuardedPages second;
+    Torvo::StringNormalizerImpl table(Torvo::csWindowsLatin1, Torvo::FindNormalizationTable(44414));
+    for (std::size_t length = 0; length < 60; ++length) {
+        wchar16* const a = first.TextAtEnd(length);
+        for (std::size_t other = 0; other < 60; ++other) {
+            wchar16* const b = second.TextAtEnd(other);
+            ASSERT_EQ(table.Compare(a, b), (length > other) - (length < other));
+            if (other == 0 || length < other) continue;
+            b[other - 1] = 'b';
+            ASSERT_EQ(table.Compare(a, b), -1);
+        }
+    }
+}
+
+// Sizes, not terminators, end both sides: ASCII, pairs and both mixed, with exactly the room that is needed and less.
+TEST(TextScan, NothingIsTouchedInAPageBehindAConversion) {
+    GuardedPages units;
+    GuardedPages bytes;
+    for (int length = 1; length < 60; ++length) {
+        for (int every = 1; every < 9; ++every) {
+            wchar16* const text = units.End() - length;
+            int need = 0;
+            for (int i = 0; i < length; ++i) {
+                const bool isPair = i % every == 0;
+                text[i] = isPair ? wchar16{0x3042} : wchar16{'a'};
+                need += isPair ? 2 : 1;
+            }
+            char* const target = reinterpret_cast<char*>(bytes.End()) - need;
+            ASSERT_EQ(platform::WideCharToMultiByte(932, 0, text, length, target, need, nullptr, nullptr), need);
+            if (need > 1) {
+                char* const small = target + 1;
+                ASSERT_EQ(platform::WideCharToMultiByte(932, 0, text, length, small, need - 1, nullptr, nullptr), 0);
+                ASSERT_EQ(platform::WideCharToMultiByte(932, 0, text, length, target, need, nullptr, nullptr), need);
+            }
+            ASSERT_EQ(platform::MultiByteToWideChar(932, 0, target, need, text, length), length);
+        }
     }
 }
 
