@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <new>
+#include <optional>
 
 namespace Torvo::test {
 
@@ -80,6 +81,29 @@ bool HasCollation() {
 
 void OnCollation(Trial& trial, void (*attempt)(Trial&, StringNormalizer*)) {
     if (StringNormalizer* const normalizer = ByCollation()) attempt(trial, normalizer);
+}
+
+// The default normalizer, whose table it answers for, is made by the first call.
+void TryAsciiCode(Trial& trial) {
+    if (!HasCollation()) return;
+    const NewManager manager;
+    StringNormalizer* const normalizer = ByCollation();
+    trial.Try([&] { return normalizer->GetAsciiCode() != 0; });
+}
+
+void TryToMakeByCollation(Trial& trial) {
+    if (!HasCollation()) return;
+    std::optional<UtfStringNormalizerImpl> made;
+    trial.Try(
+        [&] {
+            try {
+                made.emplace(csUTF16, 0x0409u, uint16{1});
+            } catch (UtfStringNormalizerImpl::eCreateError) {
+                return false;
+            }
+            return made->Compare(LongText, ZUTEXT("z")) < 0;
+        },
+        [&] { return !made.has_value(); });
 }
 
 Operations StringOperations() {
@@ -493,12 +517,23 @@ Operations NormalizerOperations() {
              return isTold;
          }},
         {"StringNormalizer::Normalize, by table", [](Trial& trial) { TryToNormalize(trial, ByTable()); }},
-        {"StringNormalizer::Normalize, by collation", [](Trial& trial) { OnCollation(trial, TryToNormalize); }},
+        {"UtfStringNormalizerImpl::Normalize", [](Trial& trial) { OnCollation(trial, TryToNormalize); }},
         {"StringNormalizer::NormalizeInPlace, by table", [] { return NormalizesInPlace(ByTable()); }},
-        {"StringNormalizer::NormalizeInPlace, by collation",
+        {"UtfStringNormalizerImpl::NormalizeInPlace",
          [] { return !HasCollation() || NormalizesInPlace(ByCollation()); }},
         {"StringNormalizer::Compare, by table", [] { return Compares(ByTable()); }},
-        {"StringNormalizer::Compare, by collation", [] { return !HasCollation() || Compares(ByCollation()); }},
+        {"UtfStringNormalizerImpl::Compare", [] { return !HasCollation() || Compares(ByCollation()); }},
+        {"UtfStringNormalizerImpl::GetCharset",
+         [] { return !HasCollation() || ByCollation()->GetCharset() == csUTF16; }},
+        {"UtfStringNormalizerImpl::GetConversionCode",
+         [] { return !HasCollation() || ByCollation()->GetConversionCode() == 1; }},
+        {"UtfStringNormalizerImpl::GetLCID", [] { return !HasCollation() || ByCollation()->GetLCID() == 0x0409; }},
+        {"UtfStringNormalizerImpl::IsActive", [] { return !HasCollation() || !ByCollation()->IsActive(); }},
+        {"UtfStringNormalizerImpl::IsNormalized",
+         [] { return !HasCollation() || !ByCollation()->IsNormalized(LongText); }},
+        {"UtfStringNormalizerImpl::GetAsciiCode", TryAsciiCode},
+        {"UtfStringNormalizerImpl::UtfStringNormalizerImpl", TryToMakeByCollation},
+        {"UtfStringNormalizerImpl::~UtfStringNormalizerImpl", TryToMakeByCollation},
     };
 }
 
