@@ -60,8 +60,10 @@ wstring16 Qualified(const wstring16& path) {
 
 void CheckQualified(const wstring16& path) {
     const wstring16 result = Qualified(path);
-    Require(result.size() >= 2 && result.size() <= QualifiedLimit);
-    Require(result[1] == ':' || (result[0] == '\\' && result[1] == '\\'));
+    Require(result.size() <= QualifiedLimit);
+    // Of a network path without a name nothing is left but what it begins with.
+    const bool isNameless = path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && result == ZUTEXT("\\");
+    Require(isNameless || (result.size() >= 2 && (result[1] == ':' || (result[0] == '\\' && result[1] == '\\'))));
     Require(result.find('/') == wstring16::npos);
     // A path that was cut may end in what became a component of dots by that.
     if (result.size() + 2 < QualifiedLimit) Require(!HasDots(result));

@@ -122,6 +122,13 @@ TEST_F(Qualify, NetworkPathKeepsItsTwoSeparators) {
     EXPECT_EQ(Qualified(ZUTEXT("\\\\srv\\..")), ZUTEXT("\\\\srv")) << "the separator at the end goes as ever";
 }
 
+TEST_F(Qualify, ANetworkPathWithoutANameIsOneSeparator) {
+    EXPECT_EQ(Qualified(ZUTEXT("\\\\.")), ZUTEXT("\\"));
+    EXPECT_EQ(Qualified(ZUTEXT("//..")), ZUTEXT("\\"));
+    EXPECT_EQ(Qualified(ZUTEXT("\\\\.\\")), ZUTEXT("\\"));
+    EXPECT_EQ(Qualified(ZUTEXT("\\\\.\\b")), ZUTEXT("\\\\b"));
+}
+
 TEST_F(Qualify, DotsAreTakenOut) {
     EXPECT_EQ(Qualified(ZUTEXT("C:\\a\\.\\b\\.")), ZUTEXT("C:\\a\\b"));
     EXPECT_EQ(Qualified(ZUTEXT("C:\\a\\b\\..")), ZUTEXT("C:\\a"));

@@ -292,6 +292,13 @@ TEST_F(SqlNumbers, ReadingCurrency) {
     EXPECT_EQ(Read(ZUTEXT("1,234.5"), ZUTEXT("9,999.9")), NoMatch);
 }
 
+// The digits of a format take any unit, and what they gathered is read as a number by itself.
+TEST_F(SqlNumbers, ReadingTheLettersOfAnExponentAsDigits) {
+    for (const wchar16* text : {ZUTEXT("9D2"), ZUTEXT("9d2"), ZUTEXT("9E2"), ZUTEXT("9e2")}) {
+        EXPECT_EQ(Read(text, ZUTEXT("0000")), 900);
+    }
+}
+
 TEST_F(SqlNumbers, ReadingExponents) {
     EXPECT_EQ(Read(ZUTEXT("1.5E3"), ZUTEXT("9.9E9")), 1500);
     EXPECT_EQ(Read(ZUTEXT("1.5e 3"), ZUTEXT("9.99E99")), 1500);
