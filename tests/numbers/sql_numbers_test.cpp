@@ -299,6 +299,11 @@ TEST_F(SqlNumbers, ReadingTheLettersOfAnExponentAsDigits) {
     }
 }
 
+TEST_F(SqlNumbers, ReadingANoBreakSpaceAsADigit) {
+    EXPECT_EQ(Read(ZUTEXT("\u00A099"), ZUTEXT("0000")), 99);
+    EXPECT_EQ(Read(ZUTEXT("9\u00A09"), ZUTEXT("0000")), 9);
+}
+
 TEST_F(SqlNumbers, ReadingExponents) {
     EXPECT_EQ(Read(ZUTEXT("1.5E3"), ZUTEXT("9.9E9")), 1500);
     EXPECT_EQ(Read(ZUTEXT("1.5e 3"), ZUTEXT("9.99E99")), 1500);

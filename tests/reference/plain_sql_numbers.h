@@ -221,13 +221,14 @@ private:
     bool hasE = false;
 };
 
-// The number at the start of a text, as the runtime's reader takes it: D stands for E in a decimal number.
+// The number at the start of a text, as the runtime's reader takes it: D stands for E in a decimal number, and the
+// no-break space is white.
 inline double PlainNumber(const wstring16& text) {
     std::string narrow;
     const bool isHexadecimal = text.find_first_of(ZUTEXT("xX")) != wstring16::npos;
     for (wchar16 unit : text) {
         const bool isLetter = !isHexadecimal && (unit == 'd' || unit == 'D');
-        narrow += isLetter ? 'e' : unit < 0x80 ? static_cast<char>(unit) : '?';
+        narrow += isLetter ? 'e' : unit == 0xA0 ? ' ' : unit < 0x80 ? static_cast<char>(unit) : '?';
     }
     return std::strtod(narrow.c_str(), nullptr);
 }
