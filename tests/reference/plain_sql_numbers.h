@@ -225,7 +225,9 @@ private:
 // no-break space is white.
 inline double PlainNumber(const wstring16& text) {
     std::string narrow;
-    const bool isHexadecimal = text.find_first_of(ZUTEXT("xX")) != wstring16::npos;
+    const std::size_t first = std::min(text.find_first_not_of(ZUTEXT(" \t\n\v\f\r\u00A0+-")), text.size());
+    const wstring16 prefix = text.substr(first, 2);
+    const bool isHexadecimal = prefix == ZUTEXT("0x") || prefix == ZUTEXT("0X");
     for (wchar16 unit : text) {
         const bool isLetter = !isHexadecimal && (unit == 'd' || unit == 'D');
         narrow += isLetter ? 'e' : unit == 0xA0 ? ' ' : unit < 0x80 ? static_cast<char>(unit) : '?';
