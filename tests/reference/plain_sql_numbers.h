@@ -5,6 +5,7 @@
 #include <Utility/platform/types.h>
 #include <reference/exact_decimal.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
