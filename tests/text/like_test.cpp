@@ -277,7 +277,23 @@ wstring16 PatternFor(test::Random& random, const wstring16& text, const std::vec
     }
 }
 
-// Rounds with the texts and patterns at the end of pages; how many of them match.
+// Matches a text with a pattern whose escape is "!", both of them at the end of pages, and compares the answer and the
+// errors with the plain form's; whether they match.
+bool MatchesAsThePlainFormDoes(test::Random& random, const wstring16& text, const wstring16& pattern) {
+    const Placed placedText(random, text);
+    const Placed placedPattern(random, pattern);
+    bool expected = true;
+    int errors = 0;
+    const bool isGood = PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
+    bool match = !expected;
+    EXPECT_EQ(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match), isGood);
+    EXPECT_EQ(match, expected);
+    EXPECT_EQ(NumErrors(), errors);
+    if (errors != 0) ClearErrors();
+    return match;
+}
+
+// Rounds of random texts and patterns; how many of them match.
 int CompareOnLongTexts(const std::vector<wstring16>& characters, int64 longest, int rounds) {
     test::Random random;
     SCOPED_TRACE(random.About());
@@ -285,18 +301,9 @@ int CompareOnLongTexts(const std::vector<wstring16>& characters, int64 longest, 
     for (int i = 0; i < rounds; ++i) {
         const wstring16 text = RandomFrom(random, characters, longest);
         const wstring16 pattern = PatternFor(random, text, characters);
-        const Placed placedText(random, text);
-        const Placed placedPattern(random, pattern);
-        bool expected = true;
-        int errors = 0;
-        const bool isGood = PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
-        bool match = !expected;
-        EXPECT_EQ(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match), isGood);
-        EXPECT_EQ(match, expected) << i;
-        EXPECT_EQ(NumErrors(), errors);
+        SCOPED_TRACE(i);
+        matches += MatchesAsThePlainFormDoes(random, text, pattern);
         if (testing::Test::HasFailure()) return -1;
-        if (errors != 0) ClearErrors();
-        matches += match;
     }
     return matches;
 }
@@ -354,17 +361,9 @@ TEST_F(LikeTest, AnswersAsThePlainFormDoesWithManyEscapes) {
         const wstring16 text =
             RandomFrom(random, {ZUTEXT("a"), ZUTEXT("b"), ZUTEXT("a"), ZUTEXT("%"), ZUTEXT("_"), ZUTEXT("!")}, 24);
         const wstring16 pattern = EscapedPatternFor(random, text);
-        const Placed placedText(random, text);
-        const Placed placedPattern(random, pattern);
-        bool expected = true;
-        int errors = 0;
-        const bool isGood = PlainLike(text.c_str(), pattern.c_str(), ZUTEXT("!"), &expected, &errors);
-        bool match = !expected;
-        ASSERT_EQ(Like(placedText.Start(), placedPattern.Start(), ZUTEXT("!"), &match), isGood) << i;
-        ASSERT_EQ(match, expected) << i;
-        ASSERT_EQ(NumErrors(), errors);
-        if (errors != 0) ClearErrors();
-        matches += match;
+        SCOPED_TRACE(i);
+        matches += MatchesAsThePlainFormDoes(random, text, pattern);
+        ASSERT_FALSE(HasFailure());
     }
     EXPECT_GT(matches, 10'000);
 }
