@@ -11,6 +11,7 @@
 
 // The blocks and slabs that the bitmaps of sparse sets lie in.
 
+namespace bitmap_store_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -170,3 +171,4 @@ TEST_F(BitmapStores, KeepTheirContent) {
 }
 
 }  // namespace
+}  // namespace bitmap_store_internal_test

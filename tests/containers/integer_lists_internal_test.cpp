@@ -15,6 +15,7 @@
 
 // Integer lists, queues and linked lists while memory is short.
 
+namespace integer_lists_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -149,3 +150,4 @@ TEST_F(LinkedListFailures, InsertLeavesTheListAsItWas) {
 }
 
 }  // namespace
+}  // namespace integer_lists_internal_test

@@ -12,6 +12,7 @@
 #include "support/random.h"
 #include "support/vtable_slot.h"
 
+namespace integer_lists_test {
 namespace {
 
 using namespace Torvo;
@@ -634,3 +635,4 @@ TYPED_TEST(IntegerList, LargeListsAnswerAsASetOfBitsDoes) {
 }
 
 }  // namespace
+}  // namespace integer_lists_test

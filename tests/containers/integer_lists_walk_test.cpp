@@ -13,6 +13,7 @@
 
 // Lists of many blocks, and walks that mix members and runs, compared with the plain forms.
 
+namespace integer_lists_walk_test {
 namespace {
 
 using namespace Torvo;
@@ -331,3 +332,4 @@ TYPED_TEST(LargeIntegerList, FewBlocksAfterManyKeepTheirOrder) {
 }
 
 }  // namespace
+}  // namespace integer_lists_walk_test

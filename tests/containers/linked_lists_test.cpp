@@ -8,6 +8,7 @@
 
 #include "support/random.h"
 
+namespace linked_lists_test {
 namespace {
 
 using namespace Torvo;
@@ -215,3 +216,4 @@ TEST(LinkedListProperty, AnswersAsADequeDoes) {
 }
 
 }  // namespace
+}  // namespace linked_lists_test

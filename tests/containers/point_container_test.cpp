@@ -10,6 +10,7 @@
 #include "support/random.h"
 #include "support/vtable_slot.h"
 
+namespace point_container_test {
 namespace {
 
 using namespace Torvo;
@@ -262,3 +263,4 @@ TEST(PointContainerProperty, AnswersAsAVectorDoes) {
 }
 
 }  // namespace
+}  // namespace point_container_test

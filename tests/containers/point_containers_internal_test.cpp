@@ -8,6 +8,7 @@
 
 // Point containers and parsers while memory is short.
 
+namespace point_containers_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -117,3 +118,4 @@ TEST_F(PointFailures, PointsThatFoundNoRoomAreMissingAndNothingTells) {
 }
 
 }  // namespace
+}  // namespace point_containers_internal_test

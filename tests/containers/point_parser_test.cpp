@@ -13,6 +13,7 @@
 #include "support/random.h"
 #include "support/vtable_slot.h"
 
+namespace point_parser_test {
 namespace {
 
 using namespace Torvo;
@@ -399,3 +400,4 @@ TEST(PointParserProperty, AnswersAsThePlainFormDoes) {
 }
 
 }  // namespace
+}  // namespace point_parser_test

@@ -10,6 +10,7 @@
 
 #include "support/random.h"
 
+namespace queues_test {
 namespace {
 
 using namespace Torvo;
@@ -509,3 +510,4 @@ TEST(QueueProperty, AnswersAsADequeDoes) {
 }
 
 }  // namespace
+}  // namespace queues_test

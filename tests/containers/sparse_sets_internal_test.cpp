@@ -9,6 +9,7 @@
 
 // Sparse sets while memory is short.
 
+namespace sparse_sets_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -315,3 +316,4 @@ TEST_F(SparseSetFailures, AnswersAsThePlainFormDoes) {
 }
 
 }  // namespace
+}  // namespace sparse_sets_internal_test

@@ -10,6 +10,7 @@
 #include "reference/plain_sparse_set.h"
 #include "support/random.h"
 
+namespace sparse_sets_test {
 namespace {
 
 using namespace Torvo;
@@ -797,3 +798,4 @@ TEST(SparseSet, AWalkEndsAtTheLargestValue) {
 }
 
 }  // namespace
+}  // namespace sparse_sets_test

@@ -6,6 +6,7 @@
 
 #include <limits>
 
+namespace calendar_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -55,3 +56,4 @@ TEST(Calendar, LeapYearsFollowTheFullRule) {
 }
 
 }  // namespace
+}  // namespace calendar_internal_test

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 
+namespace date_printing_test {
 namespace {
 
 using namespace Torvo;
@@ -241,3 +242,4 @@ TEST_F(FormatDate, UnknownItemLeavesTheBuffer) {
 }
 
 }  // namespace
+}  // namespace date_printing_test

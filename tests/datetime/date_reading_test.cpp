@@ -8,11 +8,12 @@
 #include <support/random_text.h>
 #include <support/time_locale.h>
 
+namespace date_reading_test {
 namespace {
 
 using namespace Torvo;
 using test::BadDateError;
-using test::TakeErrors;
+using test::TakeDateErrors;
 using test::TimeLocale;
 using test::Told;
 
@@ -32,7 +33,7 @@ protected:
     void SetUp() override { ClearErrors(); }
     void TearDown() override {
         SetDateFormatCallback(nullptr);
-        EXPECT_EQ(TakeErrors(), "");
+        EXPECT_EQ(TakeDateErrors(), "");
     }
 
     static void SetCallback(bool first, bool later) {
@@ -118,9 +119,9 @@ TEST_F(DateReading, LiteralOfZerosIsTheNullDate) {
 
 TEST_F(DateReading, RefusedLiteralLeavesTheErrorAndIsTriedFurther) {
     EXPECT_EQ(Read(ZUTEXT("20230229"), 0), "null");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(ReadEx(ZUTEXT("20241301")), "null no end");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(DateReading, LiteralIsEightDigitsAndNothingElse) {
@@ -177,11 +178,11 @@ TEST_F(DateReading, IsoYearHasFourDigits) {
 
 TEST_F(DateReading, IsoFormThatIsNoDateLeavesTheErrorAndIsTriedInTheLocale) {
     EXPECT_EQ(Read(ZUTEXT("2023-02-30"), 0), "null");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Read(ZUTEXT("2023-04-31"), 5, '-'), "null");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Read(ZUTEXT("2023-02-30"), 0, '-'), "null");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(DateReading, IsoFieldsOutOfRangeAreTriedInTheLocaleWithoutAnError) {
@@ -464,12 +465,13 @@ TEST_F(DateReading, RandomTextsReadAsThePlainFormReadsThem) {
         const std::string expected = reader.Read(text);
         const std::string narrow(text.begin(), text.end());
         ASSERT_EQ(Read(text.c_str(), order, separator), expected) << narrow << " order " << order;
-        ASSERT_EQ(TakeErrors(), reader.Errors()) << narrow;
+        ASSERT_EQ(TakeDateErrors(), reader.Errors()) << narrow;
         ASSERT_EQ(ReadEx(text.c_str(), order, separator), reader.ReadEx(text)) << narrow << " order " << order;
-        ASSERT_EQ(TakeErrors(), reader.Errors()) << narrow;
+        ASSERT_EQ(TakeDateErrors(), reader.Errors()) << narrow;
         read += expected != "null" ? 1 : 0;
     }
     EXPECT_GT(read, 100);
 }
 
 }  // namespace
+}  // namespace date_reading_test

@@ -6,6 +6,7 @@
 #include <support/dates.h>
 #include <support/failing_heap.h>
 
+namespace date_text_memory_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -100,3 +101,4 @@ TEST(DateTextMemory, SqlFormatsAreReadOrNot) {
 }
 
 }  // namespace
+}  // namespace date_text_memory_internal_test

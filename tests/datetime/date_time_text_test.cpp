@@ -11,6 +11,7 @@
 #include "support/time_locale.h"
 #include "support/times.h"
 
+namespace date_time_text_test {
 namespace {
 
 using namespace Torvo;
@@ -273,3 +274,4 @@ TEST_F(DateTimeText, TextOfADateTimeReadsBack) {
 }
 
 }  // namespace
+}  // namespace date_time_text_test

@@ -8,6 +8,7 @@
 #include "support/failing_heap.h"
 #include "support/times.h"
 
+namespace date_times_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -186,3 +187,4 @@ TEST(DateTimeClocks, GiveTheLocalDateAndTimeOrNothing) {
 }
 
 }  // namespace
+}  // namespace date_times_internal_test

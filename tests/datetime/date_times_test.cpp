@@ -9,6 +9,7 @@
 #include "support/times.h"
 #include "support/vtable_slot.h"
 
+namespace date_times_test {
 namespace {
 
 using namespace Torvo;
@@ -446,3 +447,4 @@ TEST(DateTimeArithmetic, TheDifferenceIsASpanWithItsSign) {
 }
 
 }  // namespace
+}  // namespace date_times_test

@@ -11,11 +11,12 @@
 #include <limits>
 #include <type_traits>
 
+namespace dates_test {
 namespace {
 
 using namespace Torvo;
 using test::BadDateError;
-using test::TakeErrors;
+using test::TakeDateErrors;
 using test::Told;
 
 static_assert(sizeof(zuDATE) == 4 && std::is_trivial_v<zuDATE> && std::is_standard_layout_v<zuDATE>);
@@ -39,7 +40,7 @@ std::string DateOf(int32 days) {
 class Dates : public testing::Test {
 protected:
     void SetUp() override { ClearErrors(); }
-    void TearDown() override { EXPECT_EQ(TakeErrors(), ""); }
+    void TearDown() override { EXPECT_EQ(TakeDateErrors(), ""); }
 };
 
 // ---- The null date
@@ -86,7 +87,7 @@ TEST_F(Dates, NegativeNumbersAreRefused) {
         zuDATE date = LeapDay;
         EXPECT_FALSE(Days2MDY(days, &date));
         EXPECT_EQ(Told(date), "0-0-0");
-        EXPECT_EQ(TakeErrors(), BadDateError);
+        EXPECT_EQ(TakeDateErrors(), BadDateError);
     }
 }
 
@@ -131,7 +132,7 @@ TEST_F(Dates, SumsBeforeTheCalendarAreRefused) {
     zuDATE date = {1, 1, 1};
     EXPECT_EQ(DateSubtract(1, &date), &date);
     EXPECT_EQ(Told(date), "0-0-0");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(Dates, SumsBeyondEveryNumberAreRefused) {
@@ -139,16 +140,16 @@ TEST_F(Dates, SumsBeyondEveryNumberAreRefused) {
         zuDATE date = LeapDay;
         DateAdd(days, &date);
         EXPECT_EQ(Told(date), "0-0-0") << days;
-        EXPECT_EQ(TakeErrors(), BadDateError);
+        EXPECT_EQ(TakeDateErrors(), BadDateError);
         date = LeapDay;
         DateSubtract(days, &date);
         EXPECT_EQ(Told(date), "0-0-0") << days;
-        EXPECT_EQ(TakeErrors(), BadDateError);
+        EXPECT_EQ(TakeDateErrors(), BadDateError);
     }
     zuDATE none = {};
     DateAdd(Lowest, &none);
     EXPECT_EQ(Told(none), "0-0-0");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(Dates, NullDateCountsAsTheDayBeforeTheCalendar) {
@@ -158,7 +159,7 @@ TEST_F(Dates, NullDateCountsAsTheDayBeforeTheCalendar) {
     SetNullDate(&date);
     DateAdd(0, &date);
     EXPECT_EQ(Told(date), "0-0-0");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(Dates, DifferenceIsInDays) {
@@ -248,17 +249,17 @@ TEST_F(Dates, LiteralOfWhatIsNoDateIsComputedAllTheSame) {
 
 TEST_F(Dates, RefusedLiteralStaysDecoded) {
     EXPECT_EQ(Decoded(20230229), "2023-2-29 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(20241301), "2024-13-1 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(20240001), "2024-0-1 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(20240100), "2024-1-0 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(-20240229), "-2024--2--29 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(1), "0-0-1 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 TEST_F(Dates, LiteralHasNoUpperYear) {
@@ -268,9 +269,9 @@ TEST_F(Dates, LiteralHasNoUpperYear) {
     EXPECT_EQ(Decoded(327671231), "32767-12-31");
     EXPECT_EQ(Decoded(655370101), "1-1-1");  // cut to 16 bits
     EXPECT_EQ(Decoded(327680101), "-32768-1-1 refused");
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
     EXPECT_EQ(Decoded(655360000), "0-0-0 refused");  // all zeros, but not the literal 0
-    EXPECT_EQ(TakeErrors(), BadDateError);
+    EXPECT_EQ(TakeDateErrors(), BadDateError);
 }
 
 // ---- Validity
@@ -379,3 +380,4 @@ TEST_F(DateOrder, IsFixedWhenTheCallbackSaysSo) {
 }
 
 }  // namespace
+}  // namespace dates_test

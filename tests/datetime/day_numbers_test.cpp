@@ -7,6 +7,7 @@
 
 #include <limits>
 
+namespace day_numbers_test {
 namespace {
 
 using namespace Torvo;
@@ -115,3 +116,4 @@ TEST(DayNumbers, ValidityAgreesWithThePlainCheck) {
 }
 
 }  // namespace
+}  // namespace day_numbers_test

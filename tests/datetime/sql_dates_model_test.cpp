@@ -6,6 +6,7 @@
 #include <support/guarded_buffer.h>
 #include <support/random.h>
 
+namespace sql_dates_model_test {
 namespace {
 
 using namespace Torvo;
@@ -67,7 +68,7 @@ std::string Read(const wstring16& text, const wstring16& format) {
     zuDATE date = {77, 7, 7};
     if (zuSQLStringToDate(text.c_str(), format.c_str(), &date)) return test::Told(date);
     EXPECT_EQ(test::Told(date), "77-7-7");
-    return test::TakeErrors();
+    return test::TakeDateErrors();
 }
 
 TEST_F(SqlDatesByPlainForm, PrintAndReadAlike) {
@@ -87,3 +88,4 @@ TEST_F(SqlDatesByPlainForm, PrintAndReadAlike) {
 }
 
 }  // namespace
+}  // namespace sql_dates_model_test

@@ -5,13 +5,14 @@
 #include <gtest/gtest.h>
 #include <support/date_names.h>
 
+namespace sql_dates_test {
 namespace {
 
 using namespace Torvo;
 using test::English;
 using test::German;
 using test::Russian;
-using test::TakeErrors;
+using test::TakeDateErrors;
 using test::Told;
 
 constexpr zuDATE LeapDay = {2024, 2, 29};
@@ -30,11 +31,11 @@ wstring16 Print(zuDATE date, const wchar16* format) {
 std::string Read(const wchar16* text, const wchar16* format) {
     zuDATE date = {77, 7, 7};
     if (zuSQLStringToDate(text, format, &date)) {
-        EXPECT_EQ(TakeErrors(), "");
+        EXPECT_EQ(TakeDateErrors(), "");
         return Told(date);
     }
     EXPECT_EQ(Told(date), "77-7-7");
-    return TakeErrors();
+    return TakeDateErrors();
 }
 
 // ---- Printing
@@ -261,3 +262,4 @@ TEST_F(SqlDates, WhatIsPrintedIsReadBack) {
 }
 
 }  // namespace
+}  // namespace sql_dates_test

@@ -12,6 +12,7 @@
 
 #include "support/times.h"
 
+namespace time_locales_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -128,3 +129,4 @@ TEST_F(TimeLocales, ReadTheirOwnText) {
 }
 
 }  // namespace
+}  // namespace time_locales_internal_test

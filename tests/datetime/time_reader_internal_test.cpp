@@ -10,6 +10,7 @@
 #include "support/time_locale.h"
 #include "support/times.h"
 
+namespace time_reader_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -160,3 +161,4 @@ TEST(TimeReaders, AnswerAsTheirPlainFormForLiteralsOfSpans) {
 }
 
 }  // namespace
+}  // namespace time_reader_internal_test

@@ -8,6 +8,7 @@
 #include "support/time_locale.h"
 #include "support/times.h"
 
+namespace time_span_text_test {
 namespace {
 
 using namespace Torvo;
@@ -199,3 +200,4 @@ TEST_F(TimeSpanText, TextOfASpanReadsBack) {
 }
 
 }  // namespace
+}  // namespace time_span_text_test

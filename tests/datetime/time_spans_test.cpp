@@ -8,6 +8,7 @@
 #include "support/times.h"
 #include "support/vtable_slot.h"
 
+namespace time_spans_test {
 namespace {
 
 using namespace Torvo;
@@ -348,3 +349,4 @@ TEST(TimeSpanArithmetic, TheDurationHasNoSign) {
 }
 
 }  // namespace
+}  // namespace time_spans_test

@@ -8,6 +8,7 @@
 #include "support/time_locale.h"
 #include "support/times.h"
 
+namespace time_text_test {
 namespace {
 
 using namespace Torvo;
@@ -420,3 +421,4 @@ TEST_F(TimeText, NumbersWithoutAPlaceAreRefused) {
 }
 
 }  // namespace
+}  // namespace time_text_test

@@ -8,6 +8,7 @@
 #include "support/times.h"
 #include "support/vtable_slot.h"
 
+namespace times_test {
 namespace {
 
 using namespace Torvo;
@@ -335,3 +336,4 @@ TEST(TimeSetting, RefusesWhatIsNoTimeAndChangesNothing) {
 }
 
 }  // namespace
+}  // namespace times_test

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+namespace error_list_model_test {
 namespace {
 
 using namespace Torvo;
@@ -190,3 +191,4 @@ TEST(ErrorListModel, EveryAnswerIsThatOfThePlainForm) {
 }
 
 }  // namespace
+}  // namespace error_list_model_test

@@ -6,6 +6,7 @@
 #include <limits>
 #include <stdexcept>
 
+namespace error_system_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -130,3 +131,4 @@ TEST(ErrorSystem, SurvivesAnApplicationThatRaisesErrorsWhileOneIsStored) {
 }
 
 }  // namespace
+}  // namespace error_system_internal_test

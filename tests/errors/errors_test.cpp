@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+namespace errors_test {
 namespace {
 
 using namespace Torvo;
@@ -876,3 +877,4 @@ TEST_F(Errors, ANewServiceBelongsToTheCaller) {
 }
 
 }  // namespace
+}  // namespace errors_test

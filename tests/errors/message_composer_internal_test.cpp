@@ -2,6 +2,7 @@
 #include <Utility/strings.h>
 #include <gtest/gtest.h>
 
+namespace message_composer_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -56,3 +57,4 @@ TEST(MessageComposer, CopiesTheFirstUnitOfEachCharacter) {
 }
 
 }  // namespace
+}  // namespace message_composer_internal_test

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <support/error_texts.h>
 
+namespace raise_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -68,3 +69,4 @@ TEST_F(Raise, APrintedParameterIsCutTo31Units) {
 }
 
 }  // namespace
+}  // namespace raise_internal_test

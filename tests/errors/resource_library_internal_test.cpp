@@ -4,6 +4,7 @@
 #include <support/fixture_path.h>
 #include <support/vtable_slot.h>
 
+namespace resource_library_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -60,3 +61,4 @@ TEST(ResourceLibraryOwnership, FindStringIsTheThirdOperation) {
 }
 
 }  // namespace
+}  // namespace resource_library_internal_test

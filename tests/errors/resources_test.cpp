@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+namespace resources_test {
 namespace {
 
 using namespace Torvo;
@@ -226,3 +227,4 @@ TEST(ResourceLibrary, CopyUsesTheSameModule) {
 }
 
 }  // namespace
+}  // namespace resources_test

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+namespace atlas_test {
 namespace {
 
 using namespace Torvo;
@@ -132,3 +133,4 @@ TEST_F(Atlas, TellsWhatIsWrongWithTheFolder) {
 }
 
 }  // namespace
+}  // namespace atlas_test

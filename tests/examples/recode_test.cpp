@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+namespace recode_test {
 namespace {
 
 using namespace Torvo;
@@ -457,3 +458,4 @@ TEST_F(RecodeProgram, DemoNeedsItsTexts) {
 }
 
 }  // namespace
+}  // namespace recode_test

@@ -11,6 +11,7 @@
 
 namespace Torvo::test {
 
+namespace container_operations {
 namespace {
 
 // A queue of two elements of the caller's own.
@@ -532,8 +533,10 @@ Operations BlockOperations() {
 }
 
 }  // namespace
+}  // namespace container_operations
 
 Operations ContainerOperations() {
+    using namespace container_operations;
     Operations all = QueueOperations();
     for (const auto family :
          {LinkedListOperations, IntegerListOperations, SparseSetOperations, PointOperations, BlockOperations}) {

@@ -12,6 +12,7 @@
 
 namespace Torvo::test {
 
+namespace datetime_operations {
 namespace {
 
 constexpr zuDATE LeapDay = {2024, 2, 29};
@@ -251,8 +252,10 @@ Operations DateTimeMakers() {
 #undef TORVO_MAKES
 
 }  // namespace
+}  // namespace datetime_operations
 
 Operations DateTimeOperations() {
+    using namespace datetime_operations;
     Operations all = DateOperations();
     for (const Operation& operation : TimeOperations()) all.push_back(operation);
     for (const Operation& operation : DateTimeMakers()) all.push_back(operation);

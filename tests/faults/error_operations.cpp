@@ -8,6 +8,7 @@
 
 namespace Torvo::test {
 
+namespace error_operations {
 namespace {
 
 constexpr GUID SomeKind = {1, 2, 3, {4}};
@@ -232,8 +233,10 @@ Operations ResourceOperations() {
 }
 
 }  // namespace
+}  // namespace error_operations
 
 Operations ErrorOperations() {
+    using namespace error_operations;
     Operations all = ListOperations();
     for (const Operation& operation : ResourceOperations()) all.push_back(operation);
     return all;

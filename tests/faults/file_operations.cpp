@@ -13,6 +13,7 @@
 
 namespace Torvo::test {
 
+namespace file_operations {
 namespace {
 
 wstring16 PathOf(const wchar16* name) {
@@ -685,8 +686,10 @@ Operations WholeFileOperations() {
 }
 
 }  // namespace
+}  // namespace file_operations
 
 Operations FileOperations() {
+    using namespace file_operations;
     Operations all = RegistryOperations();
     for (const auto family : {OpeningOperations, ByteOperations, WholeFileOperations}) {
         for (const Operation& operation : family()) all.push_back(operation);

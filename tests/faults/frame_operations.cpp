@@ -5,6 +5,7 @@
 
 namespace Torvo::test {
 
+namespace frame_operations {
 namespace {
 
 InstanceData* hostsInstance = nullptr;
@@ -126,8 +127,10 @@ Operations StartOperations() {
 }
 
 }  // namespace
+}  // namespace frame_operations
 
 Operations FrameOperations() {
+    using namespace frame_operations;
     Operations all = InstanceOperations();
     for (const Operation& operation : StartOperations()) all.push_back(operation);
     return all;

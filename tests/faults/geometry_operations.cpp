@@ -12,6 +12,7 @@
 
 namespace Torvo::test {
 
+namespace geometry_operations {
 namespace {
 
 constexpr LRECT Square = {0, 0, 10, 10};
@@ -495,8 +496,10 @@ Operations MetafileOperations() {
 }
 
 }  // namespace
+}  // namespace geometry_operations
 
 Operations GeometryOperations() {
+    using namespace geometry_operations;
     Operations all = RectangleOperations();
     for (const auto family : {PointArrayOperations, RegionOperations, MetafileOperations}) {
         for (const Operation& operation : family()) all.push_back(operation);

@@ -11,6 +11,7 @@
 
 namespace Torvo::test {
 
+namespace number_operations {
 namespace {
 
 Operations ReadingOperations() {
@@ -206,8 +207,10 @@ Operations ArithmeticOperations() {
 }
 
 }  // namespace
+}  // namespace number_operations
 
 Operations NumberOperations() {
+    using namespace number_operations;
     Operations all = ArithmeticOperations();
     for (const Operation& operation : ReadingOperations()) all.push_back(operation);
     for (const Operation& operation : PrintingOperations()) all.push_back(operation);

@@ -16,6 +16,7 @@
 #include <set>
 #include <thread>
 
+namespace operations_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -215,3 +216,4 @@ TEST(FaultTable, HoldsEveryExportedOperation) {
 }
 
 }  // namespace
+}  // namespace operations_internal_test

@@ -12,6 +12,7 @@
 
 namespace Torvo::test {
 
+namespace path_operations {
 namespace {
 
 // Long enough to need memory of its own.
@@ -347,8 +348,10 @@ Operations DiskOperations() {
 }
 
 }  // namespace
+}  // namespace path_operations
 
 Operations PathOperations() {
+    using namespace path_operations;
     Operations all = NameOperations();
     for (const auto family : {FormOperations, KeptOperations, DiskOperations}) {
         for (const Operation& operation : family()) all.push_back(operation);

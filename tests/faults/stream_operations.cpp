@@ -7,6 +7,7 @@
 
 namespace Torvo::test {
 
+namespace stream_operations {
 namespace {
 
 int Print(FILE* file, const wchar16* format, ...) {
@@ -47,8 +48,10 @@ void TryToWrite(Trial& trial, Result (*call)(FILE*), Result whole, Result failur
 }
 
 }  // namespace
+}  // namespace stream_operations
 
 Operations StreamOperations() {
+    using namespace stream_operations;
     return {
         {"ffileopen",
          [](Trial& trial) {

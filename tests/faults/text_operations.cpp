@@ -8,6 +8,7 @@
 
 namespace Torvo::test {
 
+namespace text_operations {
 namespace {
 
 const wchar16* const Words = ZUTEXT("one two three");
@@ -542,8 +543,10 @@ void Append(Operations& all, Operations more) {
 }
 
 }  // namespace
+}  // namespace text_operations
 
 Operations TextOperations() {
+    using namespace text_operations;
     Operations all = StringOperations();
     Append(all, TextToolOperations());
     Append(all, StringCacheOperations());

@@ -4,6 +4,7 @@
 #include <iterator>
 
 namespace Torvo::test {
+namespace app_strings_test {
 namespace {
 
 class AppStrings : public testing::Test {
@@ -155,4 +156,5 @@ TEST_F(AppStrings, AnUnknownHandleAndNullAreRefused) {
 }
 
 }  // namespace
+}  // namespace app_strings_test
 }  // namespace Torvo::test

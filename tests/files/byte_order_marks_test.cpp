@@ -4,6 +4,7 @@
 
 #include <string>
 
+namespace byte_order_marks_test {
 namespace {
 
 using namespace Torvo;
@@ -213,3 +214,4 @@ TEST_F(ByteOrderMarks, MarkIsNotFoundBehindItself) {
 }
 
 }  // namespace
+}  // namespace byte_order_marks_test

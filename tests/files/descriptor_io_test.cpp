@@ -5,6 +5,7 @@
 #include <vector>
 
 namespace Torvo::test {
+namespace descriptor_io_test {
 namespace {
 
 constexpr int32 BlockSize = 16384;
@@ -498,4 +499,5 @@ TEST_F(NoCache, AFailedReadMovesThePositionByFourGigabytesLessOne) {
 }
 
 }  // namespace
+}  // namespace descriptor_io_test
 }  // namespace Torvo::test

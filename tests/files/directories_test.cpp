@@ -12,6 +12,7 @@
 #include <fstream>
 #include <thread>
 
+namespace directories_test {
 namespace {
 
 using namespace Torvo;
@@ -342,3 +343,4 @@ TEST(SearchForFile, LeavesNoErrorBehind) {
 }
 
 }  // namespace
+}  // namespace directories_test

@@ -1,6 +1,7 @@
 #include <Utility/files/entry_choice.h>
 #include <gtest/gtest.h>
 
+namespace entry_choice_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -35,3 +36,4 @@ TEST(FileFindEntry, WithoutAttributesItIsNothingSpecial) {
 }
 
 }  // namespace
+}  // namespace entry_choice_internal_test

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace file_cache_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -514,3 +515,4 @@ TEST(FileCacheCreation, EveryRefusedRequestFailsItWithoutALoss) {
 }
 
 }  // namespace
+}  // namespace file_cache_internal_test

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+namespace file_cache_model_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -152,3 +153,4 @@ TEST(FileCacheModel, RandomOperationsAgreeWithThePlainForm) {
 }
 
 }  // namespace
+}  // namespace file_cache_model_internal_test

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <string>
 
+namespace file_cache_test {
 namespace {
 
 using namespace Torvo;
@@ -134,3 +135,4 @@ TEST(FileCacheService, BlockOfAFileThatIsNotOpenCannotBeRead) {
 }
 
 }  // namespace
+}  // namespace file_cache_test

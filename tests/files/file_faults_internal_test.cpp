@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+namespace file_faults_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -393,3 +394,4 @@ TEST_F(FileFaults, InterruptedCallsGoOn) {
 }
 
 }  // namespace
+}  // namespace file_faults_internal_test

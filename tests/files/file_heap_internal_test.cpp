@@ -11,6 +11,7 @@
 #include <iterator>
 #include <string>
 
+namespace file_heap_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -183,3 +184,4 @@ TEST_F(FileHeap, FileIsCopiedAndRenamedLater) {
 }
 
 }  // namespace
+}  // namespace file_heap_internal_test

@@ -12,6 +12,7 @@
 #include <array>
 
 namespace Torvo::test {
+namespace file_model_internal_test {
 namespace {
 
 constexpr int FileCount = 12;
@@ -260,4 +261,5 @@ TEST_P(FileModel, FilesHoldWhatWasWritten) {
 INSTANTIATE_TEST_SUITE_P(BlockSizes, FileModel, testing::Values(LargestBlockSize, 500));
 
 }  // namespace
+}  // namespace file_model_internal_test
 }  // namespace Torvo::test

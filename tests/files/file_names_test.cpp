@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+namespace file_names_test {
 namespace {
 
 using namespace Torvo;
@@ -404,3 +405,4 @@ TEST(FileNames, NullIsACleanFailure) {
 }
 
 }  // namespace
+}  // namespace file_names_test

@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+namespace file_search_test {
 namespace {
 
 using namespace Torvo;
@@ -317,3 +318,4 @@ TEST(FindFile, OperationHasItsSlot) {
 }
 
 }  // namespace
+}  // namespace file_search_test

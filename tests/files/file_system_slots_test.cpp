@@ -9,6 +9,7 @@
 #include <vector>
 
 namespace Torvo::test {
+namespace file_system_slots_test {
 namespace {
 
 using Class = cFileSystem;
@@ -144,4 +145,5 @@ TEST(FileSystemSlots, AreThoseThatArePublished) {
 }
 
 }  // namespace
+}  // namespace file_system_slots_test
 }  // namespace Torvo::test

@@ -7,6 +7,7 @@
 #include <set>
 
 namespace Torvo::test {
+namespace free_slots_internal_test {
 namespace {
 
 TEST(FreeSlots, AreTakenFromTheLowestOn) {
@@ -52,4 +53,5 @@ TEST(FreeSlots, AreThoseOfASortedSet) {
 }
 
 }  // namespace
+}  // namespace free_slots_internal_test
 }  // namespace Torvo::test

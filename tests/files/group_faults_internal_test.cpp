@@ -13,6 +13,7 @@
 #include <set>
 
 namespace Torvo::test {
+namespace group_faults_internal_test {
 namespace {
 
 constexpr int BlockSize = 512;
@@ -104,4 +105,5 @@ INSTANTIATE_TEST_SUITE_P(Errors, GroupFaults, testing::Values(EIO, ENOSPC, EACCE
                          [](const auto& each) { return "Error" + std::to_string(each.param); });
 
 }  // namespace
+}  // namespace group_faults_internal_test
 }  // namespace Torvo::test

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 namespace Torvo::test {
+namespace handle_limit_internal_test {
 namespace {
 
 TEST(HandleLimit, IsWhatTheEnvironmentAsksForWithinItsBounds) {
@@ -39,4 +40,5 @@ TEST(HandleLimit, IsReadOnce) {
 }
 
 }  // namespace
+}  // namespace handle_limit_internal_test
 }  // namespace Torvo::test

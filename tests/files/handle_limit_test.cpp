@@ -10,6 +10,7 @@
 #include <string>
 
 namespace Torvo::test {
+namespace handle_limit_test {
 namespace {
 
 TEST(HandleLimitAtLoad, IsTheBudgetOfEveryFileSystem) {
@@ -25,4 +26,5 @@ TEST(HandleLimitAtLoad, IsTheBudgetOfEveryFileSystem) {
 }
 
 }  // namespace
+}  // namespace handle_limit_test
 }  // namespace Torvo::test

@@ -7,6 +7,7 @@
 #include <map>
 
 namespace Torvo::test {
+namespace idle_order_internal_test {
 namespace {
 
 TEST(IdleOrder, TheOldestIsTheOneOfTheGreatestAge) {
@@ -78,4 +79,5 @@ TEST(IdleOrder, AgesAsThePlainFormDoes) {
 }
 
 }  // namespace
+}  // namespace idle_order_internal_test
 }  // namespace Torvo::test

@@ -10,6 +10,7 @@
 #include <iterator>
 #include <string>
 
+namespace killed_process_test {
 namespace {
 
 using namespace Torvo;
@@ -81,3 +82,4 @@ TEST_F(KilledProcess, LeavesZerosWhereAFileGrew) {
 }
 
 }  // namespace
+}  // namespace killed_process_test

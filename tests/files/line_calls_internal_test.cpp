@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <string>
 
+namespace line_calls_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -47,3 +48,4 @@ TEST(LineCalls, LinesTakeNoCallEach) {
 }
 
 }  // namespace
+}  // namespace line_calls_internal_test

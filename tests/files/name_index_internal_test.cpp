@@ -7,6 +7,7 @@
 #include <clocale>
 
 namespace Torvo::test {
+namespace name_index_internal_test {
 namespace {
 
 // The index finds a name only if what the comparison takes for equal has the same class.
@@ -67,4 +68,5 @@ TEST(NameIndex, ShowsCandidatesInTheOrderOfTheTable) {
 }
 
 }  // namespace
+}  // namespace name_index_internal_test
 }  // namespace Torvo::test

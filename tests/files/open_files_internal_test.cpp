@@ -13,6 +13,7 @@
 #include <cerrno>
 
 namespace Torvo::test {
+namespace open_files_internal_test {
 namespace {
 
 constexpr int FileCount = 24;
@@ -285,4 +286,5 @@ TEST(OpenErrorsOfTheSystem, TooManyOpenFilesClosesTheOldestIdleFile) {
 }
 
 }  // namespace
+}  // namespace open_files_internal_test
 }  // namespace Torvo::test

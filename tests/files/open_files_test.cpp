@@ -8,6 +8,7 @@
 #include <fstream>
 
 namespace Torvo::test {
+namespace open_files_test {
 namespace {
 
 FILE* AsStream(int file) {
@@ -623,4 +624,5 @@ TEST(Retry, OfTheDefaultLastsForTheRetryTime) {
 }
 
 }  // namespace
+}  // namespace open_files_test
 }  // namespace Torvo::test

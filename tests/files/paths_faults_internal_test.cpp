@@ -15,6 +15,7 @@
 #include <memory>
 #include <string>
 
+namespace paths_faults_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -210,3 +211,4 @@ TEST(PathsWithFaults, UnknownCurrentDirectoryLeavesTheRoot) {
 }
 
 }  // namespace
+}  // namespace paths_faults_internal_test

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+namespace paths_test {
 namespace {
 
 using namespace Torvo;
@@ -330,3 +331,4 @@ TEST(Paths, NullIsACleanFailure) {
 }
 
 }  // namespace
+}  // namespace paths_test

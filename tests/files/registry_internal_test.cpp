@@ -10,6 +10,7 @@
 #include <support/random.h>
 
 namespace Torvo::test {
+namespace registry_internal_test {
 namespace {
 
 // As many as a debugger's patience and the walks of the plain form allow.
@@ -122,4 +123,5 @@ TEST(RegistryMemory, WithoutAnyThereIsNoFileSystem) {
 }
 
 }  // namespace
+}  // namespace registry_internal_test
 }  // namespace Torvo::test

@@ -8,6 +8,7 @@
 #include <thread>
 
 namespace Torvo::test {
+namespace registry_test {
 namespace {
 
 class Registry : public testing::Test {
@@ -370,4 +371,5 @@ TEST(FileSystemService, AHostMayPutInItsOwn) {
 }
 
 }  // namespace
+}  // namespace registry_test
 }  // namespace Torvo::test

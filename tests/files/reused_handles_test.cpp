@@ -4,6 +4,7 @@
 #include <support/fresh_files.h>
 
 namespace Torvo::test {
+namespace reused_handles_test {
 namespace {
 
 const TempDirectory* directory = nullptr;
@@ -54,4 +55,5 @@ TEST_F(OpenReusedHandle, OfAFileThatIsHeldToRead) {
 }
 
 }  // namespace
+}  // namespace reused_handles_test
 }  // namespace Torvo::test

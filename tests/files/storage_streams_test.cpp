@@ -12,6 +12,7 @@
 #include <iterator>
 #include <string>
 
+namespace storage_streams_test {
 namespace {
 
 using namespace Torvo;
@@ -273,3 +274,4 @@ TEST_F(StorageStreams, AnyDamagedByteIsHarmless) {
 }
 
 }  // namespace
+}  // namespace storage_streams_test

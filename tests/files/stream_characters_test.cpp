@@ -6,6 +6,7 @@
 
 #include <string>
 
+namespace stream_characters_test {
 namespace {
 
 using namespace Torvo;
@@ -192,3 +193,4 @@ TEST_F(StreamCharacters, HandlesThatAreNoStreamAreRefused) {
 }
 
 }  // namespace
+}  // namespace stream_characters_test

@@ -10,6 +10,7 @@
 #include <limits>
 #include <string>
 
+namespace stream_lines_test {
 namespace {
 
 using namespace Torvo;
@@ -327,3 +328,4 @@ TEST_F(Lines, RandomTextReadsAsByThePlainForm) {
 }
 
 }  // namespace
+}  // namespace stream_lines_test

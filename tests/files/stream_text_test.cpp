@@ -6,6 +6,7 @@
 
 #include <string>
 
+namespace stream_text_test {
 namespace {
 
 using namespace Torvo;
@@ -137,3 +138,4 @@ TEST_F(StreamText, FormattedTextTakesAList) {
 }
 
 }  // namespace
+}  // namespace stream_text_test

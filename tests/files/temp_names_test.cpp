@@ -11,6 +11,7 @@
 #include <set>
 #include <thread>
 
+namespace temp_names_test {
 namespace {
 
 using namespace Torvo;
@@ -211,3 +212,4 @@ TEST_F(TileFolders, NameEndsInTheNumberOfTheProcess) {
 }
 
 }  // namespace
+}  // namespace temp_names_test

@@ -1,6 +1,7 @@
 #include <Utility/files/temp_serial.h>
 #include <gtest/gtest.h>
 
+namespace temp_serial_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -19,3 +20,4 @@ TEST(TempSerial, BeginsAgainAtAMillion) {
 }
 
 }  // namespace
+}  // namespace temp_serial_internal_test

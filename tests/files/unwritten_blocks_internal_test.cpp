@@ -8,6 +8,7 @@
 #include <filesystem>
 
 namespace Torvo::test {
+namespace unwritten_blocks_internal_test {
 namespace {
 
 constexpr int BlockSize = 512;
@@ -135,4 +136,5 @@ TEST_F(FileFaultsOfDirtyBlocks, AreNotLostByRenaming) {
 }
 
 }  // namespace
+}  // namespace unwritten_blocks_internal_test
 }  // namespace Torvo::test

@@ -4,6 +4,7 @@
 #include <support/fresh_files.h>
 
 namespace Torvo::test {
+namespace what_is_on_disk_test {
 namespace {
 
 constexpr int BlockSize = 2048;
@@ -75,4 +76,5 @@ TEST_F(OnDisk, DirtyBlocksOfAFileThatSomebodyHoldsAreLostWithTheFileSystem) {
 }
 
 }  // namespace
+}  // namespace what_is_on_disk_test
 }  // namespace Torvo::test

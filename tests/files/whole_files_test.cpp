@@ -7,6 +7,7 @@
 #include <fstream>
 
 namespace Torvo::test {
+namespace whole_files_test {
 namespace {
 
 FILE* AsStream(int file) {
@@ -465,4 +466,5 @@ TEST_F(WholeFiles, ALongPathIsTakenWhole) {
 }
 
 }  // namespace
+}  // namespace whole_files_test
 }  // namespace Torvo::test

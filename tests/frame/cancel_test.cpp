@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+namespace cancel_test {
 namespace {
 
 using namespace Torvo;
@@ -132,3 +133,4 @@ TEST_F(Cancel, ServiceIsReplacedThroughItsSetter) {
 }
 
 }  // namespace
+}  // namespace cancel_test

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+namespace frame_clock_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -46,3 +47,4 @@ TEST(Platform, IsToldByTheVersion) {
 }
 
 }  // namespace
+}  // namespace frame_clock_internal_test

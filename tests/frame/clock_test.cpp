@@ -7,6 +7,7 @@
 #include <set>
 #include <thread>
 
+namespace clock_test {
 namespace {
 
 using namespace Torvo;
@@ -115,3 +116,4 @@ TEST(DateTime, WhatIsNoTimeIsRefused) {
 }
 
 }  // namespace
+}  // namespace clock_test

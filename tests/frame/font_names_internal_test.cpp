@@ -3,6 +3,7 @@
 
 #include <iterator>
 
+namespace font_names_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -43,3 +44,4 @@ TEST(FontNames, OfTwoAsianSystemsAreKeptUnitForUnit) {
 }
 
 }  // namespace
+}  // namespace font_names_internal_test

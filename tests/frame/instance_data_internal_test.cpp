@@ -1,6 +1,7 @@
 #include <Utility/frame/instance_data.h>
 #include <gtest/gtest.h>
 
+namespace instance_data_internal_test {
 namespace {
 
 using Torvo::InstanceDataImpl;
@@ -27,3 +28,4 @@ TEST(InstanceDataTable, AutoDestroyIsTrueUntilCleared) {
 }
 
 }  // namespace
+}  // namespace instance_data_internal_test

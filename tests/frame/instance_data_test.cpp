@@ -5,6 +5,7 @@
 #include <set>
 #include <thread>
 
+namespace instance_data_test {
 namespace {
 
 using namespace Torvo;
@@ -357,3 +358,4 @@ TEST_F(HostStore, WithoutCallbacksDestroyEndsAndLeavesNothing) {
 }
 
 }  // namespace
+}  // namespace instance_data_test

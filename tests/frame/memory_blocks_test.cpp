@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+namespace memory_blocks_test {
 namespace {
 
 using Torvo::uint64;
@@ -167,3 +168,4 @@ TEST(MemoryBlocks, SizeIsAtLeastWhatWasAskedFor) {
 }
 
 }  // namespace
+}  // namespace memory_blocks_test

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <thread>
 
+namespace service_creation_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -61,3 +62,4 @@ TEST(ServiceCreation, StopsAtTheFirstThatCannotBeMade) {
 }
 
 }  // namespace
+}  // namespace service_creation_internal_test

@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+namespace service_order_test {
 namespace {
 
 using namespace Torvo;
@@ -121,3 +122,4 @@ TEST(ServiceOrder, SlotsStayFilledDuringDestruction) {
 }
 
 }  // namespace
+}  // namespace service_order_test

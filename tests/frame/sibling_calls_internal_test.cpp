@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+namespace sibling_calls_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -91,3 +92,4 @@ TEST_F(SiblingCalls, InitPassesOverThoseThatAreNotLoaded) {
 }
 
 }  // namespace
+}  // namespace sibling_calls_internal_test

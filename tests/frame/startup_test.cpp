@@ -4,6 +4,7 @@
 
 #include <thread>
 
+namespace startup_test {
 namespace {
 
 using namespace Torvo;
@@ -102,3 +103,4 @@ TEST_F(SiblingLibrary, IsFoundBesideTheLibraryItself) {
 }
 
 }  // namespace
+}  // namespace startup_test

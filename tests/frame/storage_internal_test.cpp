@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+namespace storage_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -127,3 +128,4 @@ TEST(Instance, WithoutCharsetInfoTheCancelCheckAndTheFilesAreMissingAndTheErrorL
 }
 
 }  // namespace
+}  // namespace storage_internal_test

@@ -16,6 +16,7 @@
 #include <thread>
 #include <vector>
 
+namespace threads_test {
 namespace {
 
 using namespace Torvo;
@@ -263,3 +264,4 @@ TEST(ThreadsOfAHost, TakeTurnsOnOneInstance) {
 }
 
 }  // namespace
+}  // namespace threads_test

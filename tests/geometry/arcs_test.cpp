@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+namespace arcs_test {
 namespace {
 
 using namespace Torvo;
@@ -256,3 +257,4 @@ TEST(LogCalcArcPoints, SumsWrap) {
 }
 
 }  // namespace
+}  // namespace arcs_test

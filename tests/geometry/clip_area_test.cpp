@@ -11,6 +11,7 @@
 #include <cmath>
 #include <memory>
 
+namespace clip_area_test {
 namespace {
 
 using namespace Torvo;
@@ -145,6 +146,7 @@ TEST_F(ClippedArea, OfASegmentIsTheLengthThatIsLeft) {
 }
 
 }  // namespace
+}  // namespace clip_area_test
 
 #else
 

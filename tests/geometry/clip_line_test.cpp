@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+namespace clip_line_test {
 namespace {
 
 using namespace Torvo;
@@ -149,3 +150,4 @@ TEST(ClipLine, EachCutMovesTheSegmentByHalfAUnitAtMost) {
 }
 
 }  // namespace
+}  // namespace clip_line_test

@@ -4,6 +4,7 @@
 #include <Utility/clipping.h>
 #include <gtest/gtest.h>
 
+namespace clip_poly_test {
 namespace {
 
 using namespace Torvo;
@@ -250,3 +251,4 @@ TEST(ClipPoly, AgreesWithThePlainFormOnRectanglesInsideOut) {
 }
 
 }  // namespace
+}  // namespace clip_poly_test

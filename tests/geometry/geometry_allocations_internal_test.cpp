@@ -6,6 +6,7 @@
 
 #include <vector>
 
+namespace geometry_allocations_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -50,3 +51,4 @@ TEST(GeometryAllocations, NoneWhileClippingAndConverting) {
 }
 
 }  // namespace
+}  // namespace geometry_allocations_internal_test

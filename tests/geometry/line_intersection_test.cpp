@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+namespace line_intersection_test {
 namespace {
 
 using namespace Torvo;
@@ -183,3 +184,4 @@ TEST(LineIntersection, IsNearTheTrueCrossing) {
 }
 
 }  // namespace
+}  // namespace line_intersection_test

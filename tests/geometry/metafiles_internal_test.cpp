@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 
+namespace metafiles_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -71,3 +72,4 @@ TEST(MetaFileCopy, AFailedCopyUnlocksAndGivesNull) {
 }
 
 }  // namespace
+}  // namespace metafiles_internal_test

@@ -4,6 +4,7 @@
 #include <Utility/platform/host.h>
 #include <gtest/gtest.h>
 
+namespace metafiles_test {
 namespace {
 
 using namespace Torvo;
@@ -52,3 +53,4 @@ TEST(MetaFiles, OtherBytesAreNoMetafile) {
 }
 
 }  // namespace
+}  // namespace metafiles_test

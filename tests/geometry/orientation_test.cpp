@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+namespace orientation_test {
 namespace {
 
 using namespace Torvo;
@@ -205,3 +206,4 @@ TEST(ClockwiseOrientation, OfManySmallStepsIsFast) {
 }
 
 }  // namespace
+}  // namespace orientation_test

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+namespace point_arrays_test {
 namespace {
 
 using namespace Torvo;
@@ -261,3 +262,4 @@ TEST(ReverseNodes, ReversesInPlace) {
 }
 
 }  // namespace
+}  // namespace point_arrays_test

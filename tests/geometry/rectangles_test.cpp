@@ -7,6 +7,7 @@
 #include <bit>
 #include <type_traits>
 
+namespace rectangles_test {
 namespace {
 
 using namespace Torvo;
@@ -412,3 +413,4 @@ TEST(Saturation, AgreesWith64BitArithmeticOnRandomRectangles) {
 }
 
 }  // namespace
+}  // namespace rectangles_test

@@ -2,6 +2,7 @@
 #include <Utility/platform/regions.h>
 #include <gtest/gtest.h>
 
+namespace geometry_regions_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -59,3 +60,4 @@ TEST_F(RegionTooComplex, AUnionThatFailsTwiceStillCoversWhatTheRegionCovered) {
 }
 
 }  // namespace
+}  // namespace geometry_regions_internal_test

@@ -5,6 +5,7 @@
 
 #include <bitset>
 
+namespace regions_test {
 namespace {
 
 using namespace Torvo;
@@ -157,3 +158,4 @@ TEST(Regions, CoverTheCellsOfTheirRectangles) {
 }
 
 }  // namespace
+}  // namespace regions_test

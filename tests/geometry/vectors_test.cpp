@@ -4,6 +4,7 @@
 #include <Utility/geometry.h>
 #include <gtest/gtest.h>
 
+namespace vectors_test {
 namespace {
 
 using namespace Torvo;
@@ -170,3 +171,4 @@ TEST(RotatedMBR, BoundsOfTheTurnedText) {
 }
 
 }  // namespace
+}  // namespace vectors_test

@@ -4,5 +4,5 @@
 #include <cstdio>
 
 int main() {
-    test::code_pages::WriteCodePageVectors([](const std::string& line) { std::printf("%s\n", line.c_str()); });
+    code_page_probe::WriteCodePageVectors([](const std::string& line) { std::printf("%s\n", line.c_str()); });
 }

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace test::code_pages {
+namespace code_page_probe {
 
 using namespace Torvo;
 
@@ -658,4 +658,4 @@ inline void WriteCodePageVectors(const Line& line) {
     WriteArgumentCases(line);
 }
 
-}  // namespace test::code_pages
+}  // namespace code_page_probe

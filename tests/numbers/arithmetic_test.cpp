@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 
+namespace arithmetic_test {
 namespace {
 
 using namespace Torvo;
@@ -292,3 +293,4 @@ TEST(Crc16, AgreesWithThePlainFormOnRandomBytes) {
 }
 
 }  // namespace
+}  // namespace arithmetic_test

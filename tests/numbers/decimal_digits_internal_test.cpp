@@ -5,6 +5,7 @@
 #include <random>
 #include <string>
 
+namespace decimal_digits_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -65,3 +66,4 @@ TEST(DecimalDigits, RandomNumbersAgreeWithLongArithmetic) {
 }
 
 }  // namespace
+}  // namespace decimal_digits_internal_test

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+namespace fixed_text_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -78,3 +79,4 @@ TEST(FixedText, AgreesWithTheStandardLibrary) {
 }
 
 }  // namespace
+}  // namespace fixed_text_internal_test

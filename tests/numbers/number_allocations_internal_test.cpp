@@ -6,6 +6,7 @@
 #include <support/failing_heap.h>
 #include <support/user_locale.h>
 
+namespace number_allocations_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -43,3 +44,4 @@ TEST(NumberAllocations, NoneWhilePrintingAndReading) {
 }
 
 }  // namespace
+}  // namespace number_allocations_internal_test

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+namespace number_fields_test {
 namespace {
 
 using namespace Torvo;
@@ -64,3 +65,4 @@ TEST(NumberFields, NoBufferIsNoHarm) {
 }
 
 }  // namespace
+}  // namespace number_fields_test

@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 
+namespace number_parsing_test {
 namespace {
 
 using namespace Torvo;
@@ -326,3 +327,4 @@ TEST(NumberParsing, OtherFormsOfDoublesInTheLocaleCalledC) {
 }
 
 }  // namespace
+}  // namespace number_parsing_test

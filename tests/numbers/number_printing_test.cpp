@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 
+namespace number_printing_test {
 namespace {
 
 using namespace Torvo;
@@ -199,3 +200,4 @@ TEST(NumberPrinting, NoBufferIsNoHarm) {
 }
 
 }  // namespace
+}  // namespace number_printing_test

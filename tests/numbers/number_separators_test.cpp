@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 
+namespace number_separators_test {
 namespace {
 
 using namespace Torvo;
@@ -154,3 +155,4 @@ TEST(NumberSeparators, RandomNumbersReadBack) {
 }
 
 }  // namespace
+}  // namespace number_separators_test

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <thread>
 
+namespace numeric_locale_test {
 namespace {
 
 using namespace Torvo;
@@ -153,3 +154,4 @@ TEST(NumericLocale, ThreadsDoNotMind) {
 }
 
 }  // namespace
+}  // namespace numeric_locale_test

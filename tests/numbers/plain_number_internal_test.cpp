@@ -8,6 +8,7 @@
 
 // The fast lane of the number readers, beside the C++ library's reader.
 
+namespace plain_number_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -91,3 +92,4 @@ TEST(PlainDouble, RoundsAsTheLibraryDoes) {
 }
 
 }  // namespace
+}  // namespace plain_number_internal_test

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+namespace powers_of_ten_internal_test {
 namespace {
 
 using Torvo::int64;
@@ -41,3 +42,4 @@ TEST(PowersOfTen, OfAPartAreTheRuntimes) {
 }
 
 }  // namespace
+}  // namespace powers_of_ten_internal_test

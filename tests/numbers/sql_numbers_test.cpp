@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 
+namespace sql_numbers_test {
 namespace {
 
 using namespace Torvo;
@@ -464,3 +465,4 @@ TEST_P(PlainComparison, Reading) {
 INSTANTIATE_TEST_SUITE_P(SqlNumbers, PlainComparison, testing::ValuesIn(UsersSymbols));
 
 }  // namespace
+}  // namespace sql_numbers_test

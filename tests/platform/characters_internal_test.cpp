@@ -9,6 +9,7 @@
 
 #include "golden/character_vectors.h"
 
+namespace characters_internal_test {
 namespace {
 
 using Torvo::wchar16;
@@ -80,3 +81,4 @@ TEST(Characters, StepsInByteText) {
 }
 
 }  // namespace
+}  // namespace characters_internal_test

@@ -13,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+namespace platform_code_pages_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -35,7 +36,7 @@ TEST(CodePages, AnswerWhatTheGoldenVectorsSay) {
     std::size_t number = 0;
     int differences = 0;
     std::string page;
-    ::test::code_pages::WriteCodePageVectors([&](const std::string& line) {
+    code_page_probe::WriteCodePageVectors([&](const std::string& line) {
         if (line.starts_with("page ")) page = line.substr(0, line.find(" default"));
         const std::string wanted = number < expected.size() ? expected[number] : "nothing";
         ++number;
@@ -378,3 +379,4 @@ TEST(CodePages, SourceMayLieAtTheEndOfItsBlock) {
 }
 
 }  // namespace
+}  // namespace platform_code_pages_internal_test

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+namespace platform_collation_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -67,3 +68,4 @@ TEST(CollationCalls, SayHowMuchRoomAConversionNeeds) {
 }
 
 }  // namespace
+}  // namespace platform_collation_internal_test

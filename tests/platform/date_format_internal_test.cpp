@@ -9,6 +9,7 @@
 
 #include <vector>
 
+namespace date_format_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -143,3 +144,4 @@ TEST(DateFormatCalls, RefuseFlagsBesideAPictureAndTwoPicturesAtOnce) {
 }
 
 }  // namespace
+}  // namespace date_format_internal_test

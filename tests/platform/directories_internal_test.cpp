@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace directories_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -293,3 +294,4 @@ TEST(DirectorySearch, WalkThatCannotStartFails) {
 }
 
 }  // namespace
+}  // namespace directories_internal_test

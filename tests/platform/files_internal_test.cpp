@@ -9,6 +9,7 @@
 #include <cstring>
 #include <ctime>
 
+namespace platform_files_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -471,3 +472,4 @@ TEST(PlatformFiles, ProcessAndThreadHaveNumbers) {
 }
 
 }  // namespace
+}  // namespace platform_files_internal_test

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+namespace formatted_text_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -229,3 +230,4 @@ TEST(FormattedText, TakesBytesAsUnitsInTheCLocale) {
 }
 
 }  // namespace
+}  // namespace formatted_text_internal_test

@@ -7,6 +7,7 @@
 #include <string>
 #include <thread>
 
+namespace locales_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -75,3 +76,4 @@ TEST(LocaleCalls, NullNamesTheDefault) {
 }
 
 }  // namespace
+}  // namespace locales_internal_test

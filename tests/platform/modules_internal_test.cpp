@@ -5,6 +5,7 @@
 
 #include <array>
 
+namespace modules_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -125,3 +126,4 @@ TEST(Modules, ErrorModeIsRemembered) {
 }
 
 }  // namespace
+}  // namespace modules_internal_test

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+namespace number_text_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -266,3 +267,4 @@ TEST(NumberText, RandomIntegersAgreeWithTheStandardLibrary) {
 }
 
 }  // namespace
+}  // namespace number_text_internal_test

@@ -5,6 +5,7 @@
 #include <string>
 #include <thread>
 
+namespace runtime_text_internal_test {
 namespace {
 
 using Torvo::wchar16;
@@ -131,3 +132,4 @@ TEST(RuntimeText, JoinedPathOfNoSizeIsNotWritten) {
 }
 
 }  // namespace
+}  // namespace runtime_text_internal_test

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <string>
 
+namespace streams_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -155,3 +156,4 @@ TEST(PlatformStreams, FailedStreamLeavesTheDescriptorToTheCaller) {
 }
 
 }  // namespace
+}  // namespace streams_internal_test

@@ -4,6 +4,7 @@
 #include <thread>
 #include <vector>
 
+namespace threads_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -67,3 +68,4 @@ TEST(LastError, IsPrivateToEachThread) {
 }
 
 }  // namespace
+}  // namespace threads_internal_test

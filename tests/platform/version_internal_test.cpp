@@ -1,6 +1,7 @@
 #include <Utility/platform/version.h>
 #include <gtest/gtest.h>
 
+namespace version_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -37,3 +38,4 @@ TEST(SystemVersion, HasOneProductType) {
 }
 
 }  // namespace
+}  // namespace version_internal_test

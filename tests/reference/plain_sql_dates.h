@@ -36,7 +36,7 @@ public:
         return text;
     }
 
-    // The date as Told tells it, or the error as TakeErrors does.
+    // The date as Told tells it, or the error as TakeDateErrors does.
     static std::string Read(const wstring16& text, const wstring16& format) {
         const std::vector<wstring16> pieces = Cut(text);
         const std::vector<wstring16> words = Cut(format);

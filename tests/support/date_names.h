@@ -23,7 +23,7 @@ protected:
     void TearDown() override {
         english.reset();
         ResetZULocaleInfo();
-        EXPECT_EQ(TakeErrors(), "");
+        EXPECT_EQ(TakeDateErrors(), "");
     }
 
 private:

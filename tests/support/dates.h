@@ -16,7 +16,7 @@ inline std::string Told(const zuDATE& date) {
 
 // The error list, which is emptied: "" or, for each record, its resource identifier and parameters, as in
 // "63(/, dd-mm) ". Each is an error of the library with the number that all errors about dates have.
-inline std::string TakeErrors() {
+inline std::string TakeDateErrors() {
     std::string told;
     for (int32 i = 0; i < NumErrors(); ++i) {
         EXPECT_EQ(GetErrorNum(i), 5002);

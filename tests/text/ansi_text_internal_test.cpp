@@ -6,6 +6,7 @@
 
 #include <string>
 
+namespace ansi_text_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -57,3 +58,4 @@ TEST(AnsiTextFailures, StringsAreEmpty) {
 }
 
 }  // namespace
+}  // namespace ansi_text_internal_test

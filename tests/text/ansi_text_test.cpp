@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+namespace ansi_text_test {
 namespace {
 
 using namespace Torvo;
@@ -189,3 +190,4 @@ TEST_F(AnsiText, Utf8HoldsEverything) {
 }
 
 }  // namespace
+}  // namespace ansi_text_test

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 
+namespace bounded_copy_test {
 namespace {
 
 using namespace Torvo;
@@ -110,3 +111,4 @@ TEST(Printing, ControlsDoNotAndAllBeyondAsciiDo) {
 }
 
 }  // namespace
+}  // namespace bounded_copy_test

@@ -5,6 +5,7 @@
 
 #include "support/system_charset.h"
 
+namespace byte_walk_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -104,3 +105,4 @@ TEST(ByteWalk, LeadByteBeforeTheTerminatorIsOneCharacter) {
 }
 
 }  // namespace
+}  // namespace byte_walk_internal_test

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+namespace charset_converter_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -65,3 +66,4 @@ TEST(CharsetConverterFailures, CreateGivesNull) {
 }
 
 }  // namespace
+}  // namespace charset_converter_internal_test

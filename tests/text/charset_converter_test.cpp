@@ -11,6 +11,7 @@
 #include <thread>
 #include <vector>
 
+namespace charset_converter_test {
 namespace {
 
 using namespace Torvo;
@@ -225,3 +226,4 @@ TEST(RecodingService, ThreadsHaveTablesOfTheirOwn) {
 }
 
 }  // namespace
+}  // namespace charset_converter_test

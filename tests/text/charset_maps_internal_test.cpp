@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+namespace charset_maps_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -232,3 +233,4 @@ TEST(CharsetMaps, PresentationFormsAndPrivateUseCountAsNoMapping) {
 }
 
 }  // namespace
+}  // namespace charset_maps_internal_test

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+namespace charsets_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -22,3 +23,4 @@ TEST(CharsetServiceFailures, CreateGivesNull) {
 }
 
 }  // namespace
+}  // namespace charsets_internal_test

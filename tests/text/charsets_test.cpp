@@ -13,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+namespace charsets_test {
 namespace {
 
 using namespace Torvo;
@@ -387,3 +388,4 @@ TEST(LCIDToName, RefusesWithoutTouchingTheRoom) {
 }
 
 }  // namespace
+}  // namespace charsets_test

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace conversion_test {
 namespace {
 
 using namespace Torvo;
@@ -452,3 +453,4 @@ TEST(BytesAndSystem, SingleBytePagesAreTheirOwnInverse) {
 }
 
 }  // namespace
+}  // namespace conversion_test

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <support/system_charset.h>
 
+namespace icu_locale_name_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -29,3 +30,4 @@ TEST(IcuLocaleNames, TellJapaneseByTheFirstTwoLetters) {
 }
 
 }  // namespace
+}  // namespace icu_locale_name_internal_test

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+namespace key_text_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -73,3 +74,4 @@ TEST(KeyTexts, OfAnyLengthEndWithTheirMemory) {
 }
 
 }  // namespace
+}  // namespace key_text_internal_test

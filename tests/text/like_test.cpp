@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace like_test {
 namespace {
 
 using namespace Torvo;
@@ -417,3 +418,4 @@ TEST_F(LikeTest, TheLastPartIsLookedForAmongMarks) {
 }
 
 }  // namespace
+}  // namespace like_test

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <support/failing_heap.h>
 
+namespace line_ends_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -39,3 +40,4 @@ TEST(LineEndFailures, GiveNullAndKeepTheSource) {
 }
 
 }  // namespace
+}  // namespace line_ends_internal_test

@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 
+namespace line_ends_test {
 namespace {
 
 using namespace Torvo;
@@ -124,3 +125,4 @@ TEST(LineEnds, AreThoseOfThePlainWalkOverRandomTexts) {
 }
 
 }  // namespace
+}  // namespace line_ends_test

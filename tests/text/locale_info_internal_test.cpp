@@ -10,6 +10,7 @@
 
 #include "support/failing_heap.h"
 
+namespace locale_info_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -454,3 +455,4 @@ TEST(LocaleValues, InBinaryHaveATerminatorAllTheSame) {
 }
 
 }  // namespace
+}  // namespace locale_info_internal_test

@@ -8,6 +8,7 @@
 #include <string>
 #include <thread>
 
+namespace locale_info_test {
 namespace {
 
 using namespace Torvo;
@@ -523,3 +524,4 @@ TEST_F(LocaleInfo, EveryFunctionForwardsToTheServiceThatWasPutIn) {
 }
 
 }  // namespace
+}  // namespace locale_info_test

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <vector>
 
+namespace national_orders_test {
 namespace {
 
 using namespace Torvo;
@@ -126,3 +127,4 @@ TEST_F(UnicodeOrders, OfKeysAreThoseOfTexts) {
 }
 
 }  // namespace
+}  // namespace national_orders_test

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <support/failing_heap.h>
 
+namespace newline_escapes_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -32,3 +33,4 @@ TEST(AddCrsFailures, GiveNothing) {
 }
 
 }  // namespace
+}  // namespace newline_escapes_internal_test

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+namespace newline_escapes_test {
 namespace {
 
 using namespace Torvo;
@@ -150,3 +151,4 @@ TEST(RemoveCrs, UndoesWhatAddingDid) {
 }
 
 }  // namespace
+}  // namespace newline_escapes_test

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <type_traits>
 
+namespace normalization_table_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -128,3 +129,4 @@ TEST(FoldingTables, ATableOfNothingIsRefused) {
 }
 
 }  // namespace
+}  // namespace normalization_table_internal_test

@@ -18,6 +18,7 @@
 #include <thread>
 #include <vector>
 
+namespace normalizers_test {
 namespace {
 
 using namespace Torvo;
@@ -534,3 +535,4 @@ TEST(NormalizerOfASymbolicPage, StaysWithinTheText) {
 }
 
 }  // namespace
+}  // namespace normalizers_test

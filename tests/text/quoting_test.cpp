@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+namespace quoting_test {
 namespace {
 
 using namespace Torvo;
@@ -212,3 +213,4 @@ TEST(Quoting, EverySizeAsThePlainForm) {
 }
 
 }  // namespace
+}  // namespace quoting_test

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <support/failing_heap.h>
 
+namespace string_cache_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -61,3 +62,4 @@ TEST(StringCacheFailures, AnotherEntryLeavesTheCacheAsItWas) {
 }
 
 }  // namespace
+}  // namespace string_cache_internal_test

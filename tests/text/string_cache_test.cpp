@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+namespace string_cache_test {
 namespace {
 
 using namespace Torvo;
@@ -405,3 +406,4 @@ TEST(StringCache, BehavesAsAListOfTexts) {
 }
 
 }  // namespace
+}  // namespace string_cache_test

@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+namespace string_normalizer_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -273,3 +274,4 @@ TEST(NormalizerMemory, TheDefaultStaysToBeMade) {
 }
 
 }  // namespace
+}  // namespace string_normalizer_internal_test

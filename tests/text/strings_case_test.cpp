@@ -6,6 +6,7 @@
 
 #include "support/random_text.h"
 
+namespace strings_case_test {
 namespace {
 
 using namespace Torvo;
@@ -207,3 +208,4 @@ TEST(StringComparison, AgreesWithThePlainForm) {
 }
 
 }  // namespace
+}  // namespace strings_case_test

@@ -3,6 +3,7 @@
 
 #include "support/system_charset.h"
 
+namespace strings_edit_test {
 namespace {
 
 using namespace Torvo;
@@ -64,3 +65,4 @@ TEST(ConcatBackslash, LastCharacterIsTakenWithItsMarks) {
 }
 
 }  // namespace
+}  // namespace strings_edit_test

@@ -9,6 +9,7 @@
 #include "support/random_text.h"
 #include "support/system_charset.h"
 
+namespace strings_search_test {
 namespace {
 
 using namespace Torvo;
@@ -437,3 +438,4 @@ TEST(StringSearchWalking932, ThreadWithAJapaneseLocaleWalks) {
 }
 
 }  // namespace
+}  // namespace strings_search_test

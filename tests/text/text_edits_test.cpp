@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace text_edits_test {
 namespace {
 
 using namespace Torvo;
@@ -187,3 +188,4 @@ TEST(TrimmingOfBytes, TrailBytesAreNotLookedAt) {
 }
 
 }  // namespace
+}  // namespace text_edits_test

@@ -7,6 +7,7 @@
 #include "reference/plain_tokenizers.h"
 #include "support/random_text.h"
 
+namespace tokenizer_expression_test {
 namespace {
 
 using Torvo::wchar16;
@@ -154,3 +155,4 @@ TEST(ExpressionTokenizer, AgreesWithThePlainForm) {
 }
 
 }  // namespace
+}  // namespace tokenizer_expression_test

@@ -17,6 +17,7 @@ void PrintTo(const PositionToken& token, std::ostream* stream) {
 
 }  // namespace Torvo::test
 
+namespace tokenizer_positions_test {
 namespace {
 
 using Torvo::uint64;
@@ -160,3 +161,4 @@ TEST(PositionTokenizer, AgreesWithThePlainForm) {
 }
 
 }  // namespace
+}  // namespace tokenizer_positions_test

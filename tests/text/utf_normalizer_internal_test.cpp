@@ -7,6 +7,7 @@
 
 #include <memory>
 
+namespace utf_normalizer_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -118,3 +119,4 @@ TEST_F(UtfNormalizerMemory, ACopyOfAKeyTextIsAllOrNothing) {
 }
 
 }  // namespace
+}  // namespace utf_normalizer_internal_test

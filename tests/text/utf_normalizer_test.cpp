@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+namespace utf_normalizer_test {
 namespace {
 
 using namespace Torvo;
@@ -382,3 +383,4 @@ TEST(UtfNormalizerWithoutIcu, IsRefusedWithoutHarm) {
 }
 
 }  // namespace
+}  // namespace utf_normalizer_test

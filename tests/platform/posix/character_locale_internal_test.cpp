@@ -7,6 +7,7 @@
 #include <clocale>
 #include <thread>
 
+namespace character_locale_internal_test {
 namespace {
 
 namespace platform = Torvo::platform;
@@ -43,3 +44,4 @@ TEST(CharacterLocale, IsTheBuiltInOneOnlyUnderTheNameC) {
 }
 
 }  // namespace
+}  // namespace character_locale_internal_test

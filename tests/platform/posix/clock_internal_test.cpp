@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+namespace posix_clock_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -48,3 +49,4 @@ TEST(LocalTimeOfTheRuntime, ALeapSecondIsTheFiftyNinthAgain) {
 }
 
 }  // namespace
+}  // namespace posix_clock_internal_test

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+namespace posix_code_pages_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -261,3 +262,4 @@ TEST(CodePageMemoryDeathTest, ErrorEightWhenThereIsNoneForTheTables) {
 }
 
 }  // namespace
+}  // namespace posix_code_pages_internal_test

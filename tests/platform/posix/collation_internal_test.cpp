@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+namespace posix_collation_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -67,3 +68,4 @@ TEST(IcuKeys, AreThoseOfKeyTexts) {
 }
 
 }  // namespace
+}  // namespace posix_collation_internal_test

@@ -5,6 +5,7 @@
 #include <platform/posix/cldr_edition.h>
 #include <support/fixture_path.h>
 
+namespace date_format_vectors_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -41,3 +42,4 @@ TEST_F(DateFormatVectors, NothingIsAnsweredThatTheVectorsDoNotHave) {
 }
 
 }  // namespace
+}  // namespace date_format_vectors_internal_test

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+namespace file_search_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -75,3 +76,4 @@ TEST(PosixFileSearch, WhatIsNoWalkIsRefused) {
 }
 
 }  // namespace
+}  // namespace file_search_internal_test

@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <thread>
 
+namespace posix_files_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -395,3 +396,4 @@ TEST(PosixFiles, RenamingWithoutTheSystemsHelpNeverReplacesEither) {
 }
 
 }  // namespace
+}  // namespace posix_files_internal_test

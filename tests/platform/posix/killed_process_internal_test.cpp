@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 namespace Torvo::test {
+namespace killed_process_internal_test {
 namespace {
 
 // Runs in a process of its own, which ends without a word.
@@ -35,4 +36,5 @@ TEST(KilledProcess, LeavesWhatItHadFlushed) {
 }
 
 }  // namespace
+}  // namespace killed_process_internal_test
 }  // namespace Torvo::test

@@ -11,6 +11,7 @@
 #include <thread>
 #include <vector>
 
+namespace locale_table_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -270,3 +271,4 @@ TEST(LocaleCallsWithNull, AreRefused) {
 }
 
 }  // namespace
+}  // namespace locale_table_internal_test

@@ -5,6 +5,7 @@
 #include <platform/posix/cldr_edition.h>
 #include <support/fixture_path.h>
 
+namespace locale_vectors_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -40,3 +41,4 @@ TEST_F(LocaleVectors, NothingIsAnsweredThatTheVectorsDoNotHave) {
 }
 
 }  // namespace
+}  // namespace locale_vectors_internal_test

@@ -3,6 +3,7 @@
 
 #include <string>
 
+namespace native_path_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -48,3 +49,4 @@ TEST(ShownPath, RelativePathsStayRelative) {
 }
 
 }  // namespace
+}  // namespace native_path_internal_test

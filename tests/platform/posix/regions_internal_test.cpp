@@ -6,6 +6,7 @@
 
 #include <memory>
 
+namespace posix_regions_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -81,3 +82,4 @@ TEST(MetaFileHeaders, AreLookedAtInTheEnhancedFormToo) {
 }
 
 }  // namespace
+}  // namespace posix_regions_internal_test

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <random>
 
+namespace resource_image_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -81,3 +82,4 @@ TEST(ResourceImage, RandomDamageGivesNothingOutside) {
 }
 
 }  // namespace
+}  // namespace resource_image_internal_test

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 
+namespace structured_storage_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -48,3 +49,4 @@ TEST(StorageFaults, EachCallThatFailsIsTold) {
 }
 
 }  // namespace
+}  // namespace structured_storage_internal_test

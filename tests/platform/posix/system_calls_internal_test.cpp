@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+namespace system_calls_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -22,3 +23,4 @@ TEST(RuntimeErrorNumbers, StandForThoseOfThisSystem) {
 }
 
 }  // namespace
+}  // namespace system_calls_internal_test

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 
+namespace temp_folder_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -78,3 +79,4 @@ TEST_F(PosixTileFolder, IsTheOneThatWasSetWhereThePathWouldBeTooLong) {
 }
 
 }  // namespace
+}  // namespace temp_folder_internal_test

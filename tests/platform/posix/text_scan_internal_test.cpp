@@ -11,6 +11,7 @@
 
 #include <algorithm>
 
+namespace text_scan_internal_test {
 namespace {
 
 using Torvo::wchar16;
@@ -170,3 +171,4 @@ TEST(TextScan, NothingIsTouchedInAPageBehindAConversion) {
 }
 
 }  // namespace
+}  // namespace text_scan_internal_test

@@ -7,6 +7,7 @@
 #include <map>
 #include <vector>
 
+namespace icu_functions_internal_test {
 namespace {
 
 using namespace Torvo;
@@ -85,3 +86,4 @@ TEST_F(IcuFunctions, AreNotTakenFromALibraryThatLacksThem) {
 }
 
 }  // namespace
+}  // namespace icu_functions_internal_test
