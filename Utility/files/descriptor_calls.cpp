@@ -32,7 +32,7 @@ inline FileCacheImpl* CacheOf(InstanceDataImpl* instance) {
 }  // namespace
 
 // Most calls want few bytes of the block used last. They are served here without a call.
-inline int cFileSystemImpl::Read(FileCacheImpl& cache, int file, void* buffer, uint64 count) {
+int cFileSystemImpl::Read(FileCacheImpl& cache, int file, void* buffer, uint64 count) {
     FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return -1;
     const int64 position = entry->position;
@@ -45,7 +45,7 @@ inline int cFileSystemImpl::Read(FileCacheImpl& cache, int file, void* buffer, u
 }
 
 // As Read.
-inline int cFileSystemImpl::Write(FileCacheImpl& cache, int file, const void* buffer, uint64 count) {
+int cFileSystemImpl::Write(FileCacheImpl& cache, int file, const void* buffer, uint64 count) {
     FileEntry* const entry = FindEntry(file);
     if (entry == nullptr) return -1;
     char* const bytes = entry->MayBeWritten() ? cache.FindInLastUsed(file, entry->position, count) : nullptr;

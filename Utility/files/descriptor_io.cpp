@@ -132,7 +132,7 @@ int ReadDirectly(FileEntry& entry, void* buffer, uint64 count) {
 
 int WriteDirectly(FileEntry& entry, const void* buffer, uint64 count) {
     const int result = platform::WriteAt(entry.fd, entry.position, buffer, static_cast<uint32>(count));
-    if (result == -1) return -1;
+    if (result <= 0) return result;
     entry.position += result;
     entry.length = std::max(entry.length, entry.position);
     return result;
@@ -211,17 +211,12 @@ int cFileSystemImpl::ReadEntry(cFileCache* cache, int file, FileEntry& entry, vo
 }
 
 int cFileSystemImpl::ReadElsewhere(FileCacheImpl& cache, int file, FileEntry& entry, void* buffer, uint64 count) {
-    const int64 position = entry.position;
-    const char* const bytes = cache.FindElsewhere(file, position, count);
-    if (bytes == nullptr) return ReadBlocks(&cache, file, entry, buffer, count);
-    if (count > platform::FewBytes) return CopyFound(entry, buffer, bytes, count);
-    platform::CopyFewBytes(buffer, bytes, count);
-    entry.position = position + static_cast<int64>(count);
-    return static_cast<int>(count);
+    const char* const bytes = cache.FindElsewhere(file, entry.position, count);
+    return bytes != nullptr ? CopyFound(entry, buffer, bytes, count) : ReadBlocks(&cache, file, entry, buffer, count);
 }
 
 int cFileSystemImpl::CopyFound(FileEntry& entry, void* buffer, const char* bytes, uint64 count) {
-    std::memcpy(buffer, bytes, count);
+    platform::CopyBytes(buffer, bytes, count);
     entry.position += static_cast<int64>(count);
     return static_cast<int>(count);
 }

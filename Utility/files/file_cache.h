@@ -4,11 +4,9 @@
 #include <Utility/file_cache.h>
 #include <Utility/files/block_files.h>
 #include <Utility/files/block_index.h>
+#include <Utility/files/file_cache_positions.h>
 
 namespace Torvo {
-
-// The bit of CacheEntry::flags.
-inline constexpr int32 DirtyFlag = 1;
 
 // An order on items that are given by pointer: -1, 0 or 1.
 template <typename T>

@@ -5,6 +5,9 @@
 
 namespace Torvo {
 
+// The bit of CacheEntry::flags.
+inline constexpr int32 DirtyFlag = 1;
+
 // The first position whose key is not below (handle, block), or BlockCount(). For handles above 0.
 inline int FirstPositionFrom(cFileCache& cache, int handle, int64 block) {
     int low = 0;
@@ -20,6 +23,16 @@ inline int FirstPositionFrom(cFileCache& cache, int handle, int64 block) {
         }
     }
     return low;
+}
+
+// Where the last byte of a file that waits to be written ends; 0 if there is none.
+inline int64 EndOfDirtyBlocks(cFileCache& cache, int handle) {
+    int64 end = 0;
+    for (int position = FirstPositionFrom(cache, handle, 0);; ++position) {
+        const CacheEntry* const entry = cache.EntryAt(position);
+        if (entry == nullptr || entry->handle != handle) return end;
+        if ((entry->flags & DirtyFlag) != 0) end = entry->block * cache.BlockSize() + entry->count;
+    }
 }
 
 }  // namespace Torvo

@@ -35,7 +35,7 @@ struct FileEntry {
     uint64 lastWrite;          // of the file, at its last close; UnknownTime if it could not be read, 0 if never closed
     StorageRecord* storage;    // owned; null when not open as a compound file
     void* buffer;              // a memory block for the conversion of text, freed when the file is closed
-    uint64 stamp;              // of the open descriptor's file, by its opening
+    bool owesBytes;            // its last close as a descriptor could not write all that the cache held
     uint64 serial;             // of the registration: a handle that is given again has another
 
     static constexpr uint32 ReferenceMask = 0x3FF;

@@ -8,6 +8,7 @@
 #include <Utility/errors/raise.h>
 #include <Utility/file_cache.h>
 #include <Utility/files.h>
+#include <Utility/files/file_cache_positions.h>
 #include <Utility/files/file_system_impl.h>
 #include <Utility/files/record_path.h>
 #include <Utility/memory_blocks.h>
@@ -184,7 +185,6 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
         if (mode != omRead && cache != nullptr) cache->Forget(file);
     } else {
         entry->fd = opened.descriptor;
-        entry->stamp = opened.stamp;
     }
     if (!timesAreKnown) {
         LookForChanges(*entry, lastWrite, changed);
@@ -203,7 +203,9 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
         entry->SetReferences(0);
         return -1;
     }
-    entry->length = length;
+    // What the last close could not write is part of the file still.
+    const bool owes = entry->owesBytes && cache != nullptr;
+    entry->length = owes ? std::max(length, EndOfDirtyBlocks(*cache, file)) : length;
     entry->position = 0;
     return file;
 }
@@ -302,16 +304,12 @@ void cFileSystemImpl::ReallyClose(FileEntry& entry) {
 void cFileSystemImpl::CloseHandleOf(FileEntry& entry) {
     if (entry.stream != nullptr) {
         platform::fclose(entry.stream);
-        RememberLastWrite(entry);
-        return;
-    }
-    if (cFileCache* const cache = cFileCache::Instance()) cache->Flush(HandleOf(entry));
-    WIN32_FILE_ATTRIBUTE_DATA attributes;
-    if (platform::CloseWithAttributes(entry.fd, entry.stamp, &attributes)) {
-        entry.lastWrite = LastWriteIn(attributes);  // only saves time: the path would tell the same
     } else {
-        RememberLastWrite(entry);
+        cFileCache* const cache = cFileCache::Instance();
+        entry.owesBytes = cache != nullptr && !cache->Flush(HandleOf(entry));
+        platform::_close(entry.fd);
     }
+    RememberLastWrite(entry);
 }
 
 void cFileSystemImpl::RememberLastWrite(FileEntry& entry) {

@@ -44,7 +44,7 @@ bool CanWriteIn(cFileSystem& files, const wchar16* folder) {
     wchar16 name[SystemPathSize];
     if (platform::GetTempFileNameW(folder, ZUTEXT("ZUN"), 0, name) == 0) return false;
     const int file = files.register_file(name, ftNone, true);
-    if (file == 0) {  // memory is short
+    if (file == 0) {  // memory is short, or the name is registered already
         platform::_wremove(name);
         return true;
     }

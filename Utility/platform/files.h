@@ -14,7 +14,7 @@
 //
 // A path may not be null. Memory that runs out fails the call with ENOMEM or error 8.
 //
-// Every call to the system made here, and every call on a stream, passes through the seam of
+// Every call to the system whose failure is told here, and every call on a stream, passes through the seam of
 // <Utility/platform/file_faults.h>.
 #pragma once
 
@@ -89,15 +89,11 @@ struct OpenedFile {
     int descriptor;                        // at the start of the file; -1 if it was not opened
     WIN32_FILE_ATTRIBUTE_DATA attributes;  // dwFileAttributes is INVALID_FILE_ATTRIBUTES where they cannot be had
     int64 length;                          // -1 where the opening does not tell; _lseeki64 does then
-    uint64 stamp;                          // for CloseWithAttributes
 };
 // _wsopen_dispatch, and GetFileAttributesExW of the file as it is then.
 int OpenWithAttributes(const wchar16* path, int flags, int share, int permissions, OpenedFile* file);
 
 int _close(int descriptor);
-// _close; true with the file's attributes if nothing about the file was changed since the opening that gave this stamp,
-// so that its path, too, leads to it still. Else, and where that cannot be told, the path has to be asked.
-bool CloseWithAttributes(int descriptor, uint64 stamp, WIN32_FILE_ATTRIBUTE_DATA* data);
 // The number of bytes read, less than `count` only at the end of the file; -1 on failure.
 int _read(int descriptor, void* buffer, uint32 count);
 // The number of bytes written; less than `count` when the disk is full after some of them, -1 on failure.

@@ -1,3 +1,4 @@
+#include <Utility/instance.h>
 #include <gtest/gtest.h>
 #include <support/fresh_files.h>
 
@@ -435,6 +436,63 @@ TEST_F(DescriptorIo, AClosedFileIsNotResized) {
     EXPECT_EQ(OnDisk(), "content");
 }
 
+TEST_F(DescriptorIo, ACacheIsLeftForAnotherBetweenTwoReadsOfOneBlock) {
+    DecliningCache cache;
+    cFileCache* const own = cFileCache::Instance();
+    const int file = Open("content");
+    EXPECT_EQ(ReadBytes(file, 3), "con");
+    cFileCache::Instance(&cache);
+    EXPECT_EQ(ReadBytes(file, 3), "");
+    EXPECT_EQ(cache.modes, std::vector<int>{2});
+    EXPECT_EQ(WriteBytes(file, "T"), 1);
+    EXPECT_EQ(cache.modes, (std::vector<int>{2, 2}));
+    EXPECT_EQ(OnDisk(), "conTent");
+    cFileCache::Instance(own);
+    EXPECT_EQ(ReadBytes(file, 100), "ent") << "of the block that its cache still holds";
+    close2(file);
+}
+
+// A host's instance, which has another's services.
+class AskedInstance final : public InstanceData {
+public:
+    explicit AskedInstance(InstanceData& asked) : asked_(asked) {}
+    bool SetSlot(unsigned int key, void* value) override { return asked_.SetSlot(key, value); }
+    void* GetSlot(unsigned int key) override {
+        ++questions;
+        return asked_.GetSlot(key);
+    }
+    bool GetAutoDestroy() override { return asked_.GetAutoDestroy(); }
+    void ClearAutoDestroy() override { asked_.ClearAutoDestroy(); }
+
+    int questions = 0;
+
+private:
+    InstanceData& asked_;
+};
+
+TEST_F(DescriptorIo, AHostsInstanceIsAskedForTheServicesByEachCall) {
+    const int file = Open("content");
+    InstanceData* const own = GetInstanceData();
+    AskedInstance host(*own);
+    ASSERT_TRUE(SetInstanceData(&host));
+    const auto Asks = [&](auto call) {
+        const int before = host.questions;
+        call();
+        return host.questions > before;
+    };
+    char bytes[3] = {};
+    EXPECT_TRUE(Asks([&] { EXPECT_EQ(read2(file, bytes, 3), 3); }));
+    EXPECT_EQ(std::string_view(bytes, 3), "con");
+    EXPECT_TRUE(Asks([&] { EXPECT_EQ(read2(file, bytes, 3), 3); })) << "of the block used last";
+    EXPECT_TRUE(Asks([&] { EXPECT_EQ(lseek2(file, 0, 0), 0); }));
+    EXPECT_TRUE(Asks([&] { EXPECT_EQ(write2(file, "C", 1), 1); }));
+    ASSERT_TRUE(SetInstanceData(own));
+    const int before = host.questions;
+    EXPECT_EQ(ReadBytes(file, 100), "ontent");
+    EXPECT_EQ(host.questions, before);
+    close2(file);
+}
+
 // A cache of one block writes as it goes, and one of odd blocks divides as it should --------------------------------
 
 TEST(SmallCache, OfOneBlockIsEnough) {
@@ -474,6 +532,16 @@ TEST_F(NoCache, BytesGoStraightToTheFile) {
     EXPECT_EQ(filelength2(file), 4);
     EXPECT_EQ(close2(file), 0);
     EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "conT");
+}
+
+TEST_F(NoCache, AWriteOfNothingBehindTheEndChangesNothing) {
+    const int file = fileopen(files.Make(ZUTEXT("x.dat"), "content"), omReadWrite, nullptr);
+    EXPECT_EQ(lseek2(file, 1000, 0), 1000);
+    EXPECT_EQ(write2(file, "", 0), 0);
+    EXPECT_EQ(tell2(file), 1000);
+    EXPECT_EQ(filelength2(file), 7);
+    close2(file);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x.dat")), "content");
 }
 
 TEST_F(NoCache, ANegativePositionReadsAndWritesNothing) {

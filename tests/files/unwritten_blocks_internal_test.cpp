@@ -101,6 +101,24 @@ TEST_F(FileFaultsOfDirtyBlocks, GoToTheDiskWhenNobodyElseWrote) {
     EXPECT_EQ(files.directory.Read(ZUTEXT("x")), "unwritten");
 }
 
+TEST_F(FileFaultsOfDirtyBlocks, ArePartOfTheFileThatIsOpenedAgain) {
+    const int file = MakeClosedWithDirtyBlock(ZUTEXT("x"));
+    EXPECT_EQ(filelength2(file), 9);
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(filelength2(file), 9);
+    EXPECT_EQ(lseek2(file, 0, 2), 9);
+    EXPECT_EQ(WriteBytes(file, " tail"), 5);
+    EXPECT_EQ(filelength2(file), 14);
+    close2(file);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x")), "unwritten tail");
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(chsize2(file, 4), 0);
+    close2(file);
+    EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+    EXPECT_EQ(filelength2(file), 4) << "nothing is owed any more";
+    close2(file);
+}
+
 TEST_F(FileFaultsOfDirtyBlocks, LetACopyFailThatWouldMissThem) {
     const int from = files.Make(ZUTEXT("from"), "content");
     const int to = files.Make(ZUTEXT("to"), "before");

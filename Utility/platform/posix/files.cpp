@@ -171,9 +171,8 @@ int WriteAll(uint32 count, Call call) {
     return static_cast<int>(done);
 }
 
-// Whether two paths are spellings of one name: of the same file, which has no other name.
+// Whether two different paths are spellings of one name: of the same file, which has no other name.
 bool IsSameName(const std::string& a, const std::string& b) {
-    if (a == b) return true;
     struct stat first;
     struct stat second;
     return SystemCall([&] { return ::lstat(a.c_str(), &first); }) == 0 &&
@@ -186,7 +185,12 @@ int RenameToFree(const std::string& from, const std::string& to) {
     const int done =
         SystemCall([&] { return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE); });
     if (done == 0) return 0;
-    if (errno == EEXIST) return IsSameName(from, to) ? 0 : Fail(EEXIST);
+    if (errno == EEXIST) {
+        if (from == to) return 0;
+        if (!IsSameName(from, to)) return Fail(EEXIST);
+        // Where case does not count the spelling changes; nothing can be replaced.
+        return SystemCall([&] { return ::rename(from.c_str(), to.c_str()); });
+    }
     if (errno != RuntimeNoSuchCall && errno != EINVAL) return -1;
     struct stat status;
     if (SystemCall([&] { return ::lstat(to.c_str(), &status); }) == 0) return Fail(EEXIST);
@@ -251,29 +255,6 @@ bool IsEarlier(const timespec& a, const timespec& b) {
     return a.tv_sec != b.tv_sec ? a.tv_sec < b.tv_sec : a.tv_nsec < b.tv_nsec;
 }
 
-constexpr int64 NanosecondsInSecond = 1'000'000'000;
-
-// The time of the last change of anything about a file, its renaming and its removal included.
-int64 ChangeTimeOf(const struct stat& status) {
-    return status.st_ctim.tv_sec * NanosecondsInSecond + status.st_ctim.tv_nsec;
-}
-
-// What tells a file from itself after its next change; 0 where nothing does. Changes within one tick of the system's
-// clock may be given the same time, so that one of this very moment tells nothing. No tick is longer than 10 ms.
-uint64 StampOf(const struct stat& status) {
-    constexpr int64 someTicks = 30'000'000;
-    timespec now;
-    if (::clock_gettime(CLOCK_REALTIME_COARSE, &now) != 0) return 0;
-    const int64 changed = ChangeTimeOf(status);
-    const bool isPast = changed < now.tv_sec * NanosecondsInSecond + now.tv_nsec - someTicks;
-    return isPast ? static_cast<uint64>(changed) : 0;
-}
-
-bool StillHasStamp(int file, uint64 stamp, struct stat* status) {
-    return stamp != 0 && StatusOfOpen(file, status) && status->st_nlink != 0 &&
-           static_cast<uint64>(ChangeTimeOf(*status)) == stamp;
-}
-
 }  // namespace
 
 WIN32_FILE_ATTRIBUTE_DATA AttributeDataOf(const struct stat& status) {
@@ -302,7 +283,6 @@ int OpenWithAttributes(const wchar16* path, int flags, int share, int permission
     file->attributes = AttributeDataOf(status);
     if (!known) file->attributes.dwFileAttributes = INVALID_FILE_ATTRIBUTES;
     file->length = known && S_ISREG(status.st_mode) ? status.st_size : -1;
-    file->stamp = StampOf(status);
     return 0;
 }
 
@@ -311,14 +291,6 @@ int _close(int descriptor) {
     const int fault = CallIsRefused() ? errno : 0;
     const int error = ::close(descriptor) == 0 ? fault : RuntimeErrno(errno);
     return error == 0 || error == EINTR ? 0 : Fail(error);
-}
-
-bool CloseWithAttributes(int descriptor, uint64 stamp, WIN32_FILE_ATTRIBUTE_DATA* data) {
-    struct stat status;
-    const bool isInItsPlace = StillHasStamp(descriptor, stamp, &status);
-    _close(descriptor);
-    if (isInItsPlace) *data = AttributeDataOf(status);
-    return isInItsPlace;
 }
 
 int _read(int descriptor, void* buffer, uint32 count) {

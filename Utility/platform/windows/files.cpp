@@ -49,7 +49,6 @@ int _wsopen_dispatch(const wchar16* path, int flags, int share, int permissions,
 
 int OpenWithAttributes(const wchar16* path, int flags, int share, int permissions, OpenedFile* file) {
     file->length = -1;
-    file->stamp = 0;
     const int error = _wsopen_dispatch(path, flags, share, permissions, &file->descriptor, 0);
     if (error != 0) return error;
     if (!GetFileAttributesExW(path, 0, &file->attributes)) file->attributes.dwFileAttributes = INVALID_FILE_ATTRIBUTES;
@@ -62,12 +61,6 @@ int _close(int descriptor) {
     if (result != 0 || fault == 0) return result;
     errno = fault;
     return -1;
-}
-
-// Only the path tells the attributes.
-bool CloseWithAttributes(int descriptor, uint64 /*stamp*/, WIN32_FILE_ATTRIBUTE_DATA* /*data*/) {
-    _close(descriptor);
-    return false;
 }
 
 int _read(int descriptor, void* buffer, uint32 count) {

@@ -12,11 +12,9 @@
 
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <thread>
 
 namespace posix_files_internal_test {
 namespace {
@@ -117,55 +115,24 @@ TEST(PosixFiles, OneWriteBitOfAnySortMakesAFileWritable) {
     EXPECT_EQ(status.st_mode & 07777, mode_t{0755}) << "the owner's bit comes back";
 }
 
-// Opens a file that was made some ticks ago, does something, and closes it: whether the descriptor told its attributes,
-// which are then those that the path tells.
-template <typename Action>
-bool ClosesWithAttributes(const wstring16& path, Action action) {
-    platform::OpenedFile opened;
-    std::this_thread::sleep_for(std::chrono::milliseconds(60));
-    EXPECT_EQ(platform::OpenWithAttributes(path.c_str(), platform::OpenReadOnly, platform::ShareDenyWrite, 0, &opened),
-              0);
-    action();
-    WIN32_FILE_ATTRIBUTE_DATA told{};
-    const bool isTold = platform::CloseWithAttributes(opened.descriptor, opened.stamp, &told);
-    EXPECT_EQ(::fcntl(opened.descriptor, F_GETFD), -1) << "it is closed in any case";
-    WIN32_FILE_ATTRIBUTE_DATA asked{};
-    EXPECT_TRUE(!isTold || platform::GetFileAttributesExW(path.c_str(), 0, &asked));
-    EXPECT_TRUE(!isTold || std::memcmp(&told, &asked, sizeof told) == 0);
-    return isTold;
-}
-
-TEST(PosixFiles, DescriptorTellsTheAttributesOfAFileThatNobodyTouched) {
-    const TempDirectory directory;
-    const wstring16 path = directory.Write(ZUTEXT("file"), "content");
-    EXPECT_TRUE(ClosesWithAttributes(path, [] {}));
-}
-
-TEST(PosixFiles, PathIsAskedAboutAFileThatMayHaveLeftItsPlace) {
+TEST(PosixFiles, FileWhosePathLedNowhereAtItsCloseCountsAsChanged) {
     namespace fs = std::filesystem;
-    const TempDirectory directory;
-    const wstring16 path = directory.Write(ZUTEXT("file"), "content");
-    const fs::path native = directory.Native(ZUTEXT("file"));
-    const fs::path other = directory.Native(ZUTEXT("other"));
-    EXPECT_FALSE(ClosesWithAttributes(path, [&] { fs::rename(native, other); }));
-    EXPECT_FALSE(fs::exists(native));
-    fs::rename(other, native);
-    EXPECT_FALSE(ClosesWithAttributes(path, [&] { fs::resize_file(native, 3); }));
-    EXPECT_FALSE(ClosesWithAttributes(path, [&] { fs::permissions(native, fs::perms::owner_read); }));
-    directory.Write(ZUTEXT("other"), "another file");
-    EXPECT_FALSE(ClosesWithAttributes(path, [&] { fs::rename(other, native); }));
-    EXPECT_FALSE(ClosesWithAttributes(path, [&] { fs::remove(native); }));
-}
-
-TEST(PosixFiles, PathIsAskedAboutAFileThatWasChangedJustBeforeItsOpening) {
-    const TempDirectory directory;
-    const wstring16 path = directory.Write(ZUTEXT("file"), "content");
-    platform::OpenedFile opened;
-    ASSERT_EQ(platform::OpenWithAttributes(path.c_str(), platform::OpenReadOnly, platform::ShareDenyWrite, 0, &opened),
-              0);
-    EXPECT_EQ(opened.stamp, 0u);
-    WIN32_FILE_ATTRIBUTE_DATA told;
-    EXPECT_FALSE(platform::CloseWithAttributes(opened.descriptor, opened.stamp, &told));
+    const test::FreshFiles files;
+    const fs::path folder = files.directory.Native(ZUTEXT("sub"));
+    fs::create_directory(folder);
+    const int file = files.Make(ZUTEXT("sub\\x"), "content");
+    fileopen(file, omRead, nullptr);
+    EXPECT_EQ(test::ReadBytes(file, 100), "content");
+    const fs::path elsewhere = files.directory.Native(ZUTEXT("elsewhere"));
+    fs::rename(folder, elsewhere);
+    EXPECT_EQ(close2(file), 0);
+    fs::rename(elsewhere, folder);
+    int changed = 0;
+    EXPECT_EQ(fileopen(file, omRead, &changed), file);
+    EXPECT_EQ(changed, 1);
+    CacheEntry* entry = nullptr;
+    EXPECT_FALSE(cFileCache::Instance()->Lookup(file, 0, &entry, 0));
+    close2(file);
 }
 
 TEST(PosixFiles, StreamKeepsWhatItWasGivenUntilItIsFlushed) {

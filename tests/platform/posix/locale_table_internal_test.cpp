@@ -15,9 +15,8 @@ namespace locale_table_internal_test {
 namespace {
 
 using namespace Torvo;
-using namespace Torvo::platform;
 
-std::u16string ValueOf(const LocaleTable& table, uint32 type) {
+std::u16string ValueOf(const platform::LocaleTable& table, uint32 type) {
     const auto value = table.Find(type);
     return value.text != nullptr ? value.text : u"(none)";
 }
@@ -27,20 +26,20 @@ std::u16string ValueOf(const LocaleTable& table, uint32 type) {
 TEST(LocaleIdentifierTable, IsSortedWithoutDoubles) {
     std::set<std::string> names;
     uint32 last = 0;
-    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
+    for (const platform::LocaleIdentifier& row : platform::LocaleIdentifiers()) {
         EXPECT_GT(row.lcid, last);
         last = row.lcid;
         EXPECT_TRUE(names.insert(row.name).second) << row.name;
-        EXPECT_EQ(FindLocaleIdentifier(row.lcid), &row);
-        EXPECT_EQ(FindLocaleIdentifier(row.name), &row);
+        EXPECT_EQ(platform::FindLocaleIdentifier(row.lcid), &row);
+        EXPECT_EQ(platform::FindLocaleIdentifier(row.name), &row);
     }
 }
 
 TEST(LocaleIdentifierTable, NeutralRowsLeadToSpecificOnes) {
     std::set<std::string> unnumbered;
-    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
+    for (const platform::LocaleIdentifier& row : platform::LocaleIdentifiers()) {
         if (!row.IsNeutral()) continue;
-        const LocaleIdentifier* const specific = FindLocaleIdentifier(row.specific);
+        const platform::LocaleIdentifier* const specific = platform::FindLocaleIdentifier(row.specific);
         if (specific == nullptr) {
             unnumbered.insert(row.specific);
         } else {
@@ -51,16 +50,16 @@ TEST(LocaleIdentifierTable, NeutralRowsLeadToSpecificOnes) {
 }
 
 TEST(LocaleIdentifierTable, NamesMatchInEitherCaseWithEitherSeparator) {
-    EXPECT_EQ(FindLocaleIdentifier("DE_de")->lcid, 0x407u);
-    EXPECT_EQ(FindLocaleIdentifier("SR-latn_rs")->lcid, 0x241Au);
-    EXPECT_EQ(FindLocaleIdentifier("de-D"), nullptr);
-    EXPECT_EQ(FindLocaleIdentifier("de-DEE"), nullptr);
+    EXPECT_EQ(platform::FindLocaleIdentifier("DE_de")->lcid, 0x407u);
+    EXPECT_EQ(platform::FindLocaleIdentifier("SR-latn_rs")->lcid, 0x241Au);
+    EXPECT_EQ(platform::FindLocaleIdentifier("de-D"), nullptr);
+    EXPECT_EQ(platform::FindLocaleIdentifier("de-DEE"), nullptr);
 }
 
 TEST(LocaleIdentifierTable, CodePagesComeFromTheNearestLanguage) {
-    EXPECT_STREQ(FindNearestLocaleIdentifier("sr-Latn-XK")->name, "sr-Latn");
-    EXPECT_STREQ(FindNearestLocaleIdentifier("de-BE")->name, "de");
-    EXPECT_EQ(FindNearestLocaleIdentifier("xx-YY"), nullptr);
+    EXPECT_STREQ(platform::FindNearestLocaleIdentifier("sr-Latn-XK")->name, "sr-Latn");
+    EXPECT_STREQ(platform::FindNearestLocaleIdentifier("de-BE")->name, "de");
+    EXPECT_EQ(platform::FindNearestLocaleIdentifier("xx-YY"), nullptr);
 }
 
 // ---- The environment
@@ -93,29 +92,29 @@ TEST(LocaleOfTheEnvironment, IsReadInItsUsualForms) {
                  {"_DE", "en-US"},
                  {"@", "en-US"},
                  {"klingon", "en-US"}};
-    for (const auto& [value, name] : cases) EXPECT_EQ(LocaleNameOfEnvironment(value), name) << value;
+    for (const auto& [value, name] : cases) EXPECT_EQ(platform::LocaleNameOfEnvironment(value), name) << value;
 }
 
 // ---- Tables
 
 TEST(LocaleTables, AreSharedByThreadsAndByNeutralLocales) {
-    const LocaleTable* const german = FindLocaleTable(0x407);
+    const platform::LocaleTable* const german = platform::FindLocaleTable(0x407);
     ASSERT_NE(german, nullptr);
-    EXPECT_EQ(FindLocaleTable(0x407), german);
-    EXPECT_EQ(FindLocaleTable(0x007), german);
-    EXPECT_NE(FindLocaleTable(0xC07), german);
-    const LocaleTable* others = nullptr;
-    std::thread([&others] { others = FindLocaleTable(0x407); }).join();
+    EXPECT_EQ(platform::FindLocaleTable(0x407), german);
+    EXPECT_EQ(platform::FindLocaleTable(0x007), german);
+    EXPECT_NE(platform::FindLocaleTable(0xC07), german);
+    const platform::LocaleTable* others = nullptr;
+    std::thread([&others] { others = platform::FindLocaleTable(0x407); }).join();
     EXPECT_EQ(others, german);
 }
 
 TEST(LocaleTables, ManyThreadsAskingAtOnceGetTheSameTables) {
     constexpr int ThreadCount = 8;
-    std::vector<std::vector<const LocaleTable*>> seen(ThreadCount);
+    std::vector<std::vector<const platform::LocaleTable*>> seen(ThreadCount);
     std::vector<std::thread> threads;
     for (auto& tables : seen) {
         threads.emplace_back([&tables] {
-            for (uint32 locale = 0x441; locale < 0x458; ++locale) tables.push_back(FindLocaleTable(locale));
+            for (uint32 locale = 0x441; locale < 0x458; ++locale) tables.push_back(platform::FindLocaleTable(locale));
         });
     }
     for (std::thread& thread : threads) thread.join();
@@ -123,8 +122,8 @@ TEST(LocaleTables, ManyThreadsAskingAtOnceGetTheSameTables) {
 }
 
 TEST(LocaleTables, EveryIdentifierHasACompleteTable) {
-    for (const LocaleIdentifier& row : LocaleIdentifiers()) {
-        const LocaleTable* const table = FindLocaleTable(row.lcid);
+    for (const platform::LocaleIdentifier& row : platform::LocaleIdentifiers()) {
+        const platform::LocaleTable* const table = platform::FindLocaleTable(row.lcid);
         ASSERT_NE(table, nullptr) << row.name;
         for (const uint32 type :
              {LOCALE_SDECIMAL, LOCALE_STHOUSAND, LOCALE_SGROUPING, LOCALE_SCURRENCY, LOCALE_SMONGROUPING, LOCALE_SDATE,
@@ -137,18 +136,19 @@ TEST(LocaleTables, EveryIdentifierHasACompleteTable) {
 }
 
 TEST(LocaleTables, UnknownIdentifierHasNone) {
-    for (const uint32 locale : {0x1234u, 0xFFFFu, 0x10409u, 0xFFFFFFFFu}) EXPECT_EQ(FindLocaleTable(locale), nullptr);
-    EXPECT_NE(FindLocaleTable(0x407), nullptr) << "and leaves the way to others open";
+    for (const uint32 locale : {0x1234u, 0xFFFFu, 0x10409u, 0xFFFFFFFFu})
+        EXPECT_EQ(platform::FindLocaleTable(locale), nullptr);
+    EXPECT_NE(platform::FindLocaleTable(0x407), nullptr) << "and leaves the way to others open";
 }
 
 TEST(LocaleTables, LanguageWithoutDataSpeaksTheMainOneOfItsTerritory) {
-    EXPECT_EQ(ValueOf(BuildLocaleTable("co-FR"), LOCALE_SMONTHNAME1), u"janvier");
-    EXPECT_EQ(ValueOf(BuildLocaleTable("moh-CA"), LOCALE_SMONTHNAME1), u"January");
-    EXPECT_EQ(ValueOf(BuildLocaleTable("smj-SE"), LOCALE_SCURRENCY), u"kr");
+    EXPECT_EQ(ValueOf(platform::BuildLocaleTable("co-FR"), LOCALE_SMONTHNAME1), u"janvier");
+    EXPECT_EQ(ValueOf(platform::BuildLocaleTable("moh-CA"), LOCALE_SMONTHNAME1), u"January");
+    EXPECT_EQ(ValueOf(platform::BuildLocaleTable("smj-SE"), LOCALE_SCURRENCY), u"kr");
 }
 
 TEST(LocaleTables, InvariantLocaleHasItsDocumentedForms) {
-    const LocaleTable table = BuildLocaleTable("");
+    const platform::LocaleTable table = platform::BuildLocaleTable("");
     EXPECT_EQ(ValueOf(table, LOCALE_SSHORTDATE), u"MM/dd/yyyy");
     EXPECT_EQ(ValueOf(table, LOCALE_SLONGDATE), u"dddd, dd MMMM yyyy");
     EXPECT_EQ(ValueOf(table, LOCALE_STIMEFORMAT), u"HH:mm:ss");
@@ -157,15 +157,15 @@ TEST(LocaleTables, InvariantLocaleHasItsDocumentedForms) {
 }
 
 TEST(LocaleTables, LocaleWithoutANumberIsReachedAsTheDefaultOnly) {
-    const LocaleTable table = BuildLocaleTable("de-BE");
+    const platform::LocaleTable table = platform::BuildLocaleTable("de-BE");
     EXPECT_EQ(table.ansiCodePage, 1252u);
     EXPECT_EQ(ValueOf(table, LOCALE_SMONTHNAME1), u"Januar");
-    EXPECT_EQ(FindLocaleTable(0x1000), FindLocaleTable(0));
-    EXPECT_EQ(FindLocaleTable(0xC00), FindLocaleTable(0));
+    EXPECT_EQ(platform::FindLocaleTable(0x1000), platform::FindLocaleTable(0));
+    EXPECT_EQ(platform::FindLocaleTable(0xC00), platform::FindLocaleTable(0));
 }
 
 TEST(LocaleTables, UnsetTypesAreAbsent) {
-    LocaleTable table;
+    platform::LocaleTable table;
     EXPECT_EQ(table.Find(LOCALE_SDECIMAL).text, nullptr);
     table.Set(LOCALE_SDECIMAL, u".");
     EXPECT_EQ(ValueOf(table, LOCALE_SDECIMAL), u".");
@@ -188,16 +188,16 @@ TEST_F(ThreadCodePages, FollowTheThreadsLocale) {
     } cases[] = {{0x409, 1252, 437}, {0x407, 1252, 850}, {0x419, 1251, 866}, {0x411, 932, 932},
                  {0x804, 936, 936},  {0x41E, 874, 874},  {0x42A, 1258, 1258}};
     for (const auto& [locale, ansi, oem] : cases) {
-        SetThreadLocale(locale);
-        EXPECT_EQ(ThreadAnsiCodePage(), ansi);
-        EXPECT_EQ(ThreadOemCodePage(), oem);
+        platform::SetThreadLocale(locale);
+        EXPECT_EQ(platform::ThreadAnsiCodePage(), ansi);
+        EXPECT_EQ(platform::ThreadOemCodePage(), oem);
     }
 }
 
 TEST_F(ThreadCodePages, AreRealOnesForALanguageInUnicodeOnly) {
-    SetThreadLocale(0x439);
-    EXPECT_GE(ThreadAnsiCodePage(), 874u);
-    EXPECT_GE(ThreadOemCodePage(), 437u);
+    platform::SetThreadLocale(0x439);
+    EXPECT_GE(platform::ThreadAnsiCodePage(), 874u);
+    EXPECT_GE(platform::ThreadOemCodePage(), 437u);
 }
 
 // ---- While memory is short
@@ -220,14 +220,14 @@ int FirstQuestionWithoutMemory(uint32 (*ask)(), uint32 usual, uint32 real) {
 // The length of the name, and its first letter in the upper half.
 uint32 ShapeOfDefaultName() {
     wchar16 name[85] = {};
-    const int units = LCIDToLocaleName(0x400, name, 85, 0);
+    const int units = platform::LCIDToLocaleName(0x400, name, 85, 0);
     return static_cast<uint32>(name[0]) << 16 | static_cast<uint32>(units);
 }
 
 TEST(UserDefaultLocaleDeathTest, IsAmericanWhileMemoryIsShort) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_EXIT(std::_Exit(FirstQuestionWithoutMemory(GetThreadLocale, 0x0409, 0x0407)), testing::ExitedWithCode(0),
-                "");
+    EXPECT_EXIT(std::_Exit(FirstQuestionWithoutMemory(platform::GetThreadLocale, 0x0409, 0x0407)),
+                testing::ExitedWithCode(0), "");
     constexpr uint32 English = 'e' << 16 | 6;
     constexpr uint32 German = 'd' << 16 | 6;
     EXPECT_EXIT(std::_Exit(FirstQuestionWithoutMemory(ShapeOfDefaultName, English, German)), testing::ExitedWithCode(0),
@@ -236,20 +236,20 @@ TEST(UserDefaultLocaleDeathTest, IsAmericanWhileMemoryIsShort) {
 
 TEST(LocaleNamesWithoutMemory, AreNotFound) {
     constexpr wchar16 name[] = ZUTEXT("de-Latn-AT-x-a-longer-name");
-    const uint32 found = LocaleNameToLCID(name, 0);
+    const uint32 found = platform::LocaleNameToLCID(name, 0);
     const int64 blocks = test::LiveBlocks();
     const uint64 requests = test::RefuseEachRequest([&](uint64 nth, test::FailingHeap::Mode mode) {
         uint32 locale = 0;
         bool refused = false;
-        SetLastError(0);
+        platform::SetLastError(0);
         {
             const test::FailingHeap heap(nth, mode);
-            locale = LocaleNameToLCID(name, 0);
+            locale = platform::LocaleNameToLCID(name, 0);
             refused = heap.Refused();
         }
         EXPECT_EQ(locale, refused ? 0u : found);
         if (refused) {
-            EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+            EXPECT_EQ(platform::GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
         }
         return refused;
     });
@@ -260,14 +260,14 @@ TEST(LocaleNamesWithoutMemory, AreNotFound) {
 // ---- Null where the calls of the other system would not survive it
 
 TEST(LocaleCallsWithNull, AreRefused) {
-    EXPECT_EQ(GetLocaleInfoW(0x409, LOCALE_SDECIMAL, nullptr, 20), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(LCIDToLocaleName(0x409, nullptr, 20, 0), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(GetSystemDefaultLocaleName(nullptr, 20), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(platform::GetLocaleInfoW(0x409, LOCALE_SDECIMAL, nullptr, 20), 0);
+    EXPECT_EQ(platform::GetLastError(), ERROR_INVALID_PARAMETER);
+    platform::SetLastError(0);
+    EXPECT_EQ(platform::LCIDToLocaleName(0x409, nullptr, 20, 0), 0);
+    EXPECT_EQ(platform::GetLastError(), ERROR_INVALID_PARAMETER);
+    platform::SetLastError(0);
+    EXPECT_EQ(platform::GetSystemDefaultLocaleName(nullptr, 20), 0);
+    EXPECT_EQ(platform::GetLastError(), ERROR_INVALID_PARAMETER);
 }
 
 }  // namespace
