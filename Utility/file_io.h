@@ -25,7 +25,7 @@ ZUAPI int64 lseek2(int file, int64 offset, int whence);
 // The logical position.
 ZUAPI int64 tell2(int file);
 // The length, what was written and is still in the cache included, also what the last close could not write. That of a
-// closed file is the last one known. -1 for a handle that is not registered.
+// closed file, and of one that is open as a stream, is the last one known here. -1 for a handle that is not registered.
 ZUAPI int64 filelength2(int file);
 // Reads at the logical position and moves it on by what was read. Returns how many bytes, less than `count` at the end
 // of the file, where it cannot be read, and where a block of the cache ends early: one that was in the cache when the

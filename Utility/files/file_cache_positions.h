@@ -3,6 +3,8 @@
 
 #include <Utility/file_cache.h>
 
+#include <limits>
+
 namespace Torvo {
 
 // The bit of CacheEntry::flags.
@@ -15,6 +17,7 @@ inline int FirstPositionFrom(cFileCache& cache, int handle, int64 block) {
     while (low < high) {
         const int middle = low + (high - low) / 2;
         const CacheEntry* const entry = cache.EntryAt(middle);
+        if (entry == nullptr) return cache.BlockCount();  // a host's that does not show them
         const bool before = entry->handle != handle ? entry->handle < handle : entry->block < block;
         if (before) {
             low = middle + 1;
@@ -31,7 +34,9 @@ inline int64 EndOfDirtyBlocks(cFileCache& cache, int handle) {
     for (int position = FirstPositionFrom(cache, handle, 0);; ++position) {
         const CacheEntry* const entry = cache.EntryAt(position);
         if (entry == nullptr || entry->handle != handle) return end;
-        if ((entry->flags & DirtyFlag) != 0) end = entry->block * cache.BlockSize() + entry->count;
+        // A block whose end no position can tell is none of the file's.
+        const bool canBeTold = entry->block < std::numeric_limits<int64>::max() / cache.BlockSize();
+        if ((entry->flags & DirtyFlag) != 0 && canBeTold) end = entry->block * cache.BlockSize() + entry->count;
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <Utility/charsets.h>
+#include <Utility/file_cache.h>
 #include <Utility/file_names.h>
 #include <Utility/platform/streams.h>
 #include <Utility/platform/types.h>
@@ -35,7 +36,8 @@ struct FileEntry {
     uint64 lastWrite;          // of the file, at its last close; UnknownTime if it could not be read, 0 if never closed
     StorageRecord* storage;    // owned; null when not open as a compound file
     void* buffer;              // a memory block for the conversion of text, freed when the file is closed
-    bool owesBytes;            // its last close as a descriptor could not write all that the cache held
+    const cFileCache* cache;   // the service when it was last opened as a descriptor; only to be compared
+    bool owesBytes;            // whether its last close as a descriptor may have left bytes unwritten
     uint64 serial;             // of the registration: a handle that is given again has another
 
     static constexpr uint32 ReferenceMask = 0x3FF;

@@ -162,11 +162,11 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
     entry->mode = mode;
     entry->age = 1;
     idle.AgeAll();
-    cFileCache* const cache = cFileCache::Instance();
-    if (mode == omCreate && cache != nullptr) cache->Forget(file);
+    if (cFileCache* const cache = cFileCache::Instance(); mode == omCreate && cache != nullptr) cache->Forget(file);
 
     platform::OpenedFile opened;
     if (!OpenDescriptor(file, mode, &opened)) return -1;
+    cFileCache* const cache = cFileCache::Instance();  // the retry callback may have put another in its place
     entry = FindRegistration(file, serial);
     if (entry == nullptr || entry->IsOpen()) {  // the retry callback has meddled with this very file
         platform::_close(opened.descriptor);
@@ -180,11 +180,16 @@ int cFileSystemImpl::OpenClosed(int file, eOpenMode mode, bool stream, int* chan
     const bool timesAreKnown = lastWrite != FileEntry::UnknownTime && entry->lastWrite != FileEntry::UnknownTime;
     if (timesAreKnown) LookForChanges(*entry, lastWrite, changed);
     if (stream) {
+        // What is written through the stream does not pass the cache. What is dirty there goes to the disk before.
+        if (mode != omRead && cache != nullptr) {
+            entry->fd = opened.descriptor;
+            cache->Forget(file);
+            entry->fd = -1;
+        }
         entry->stream = openedStream;
-        // What is written through the stream does not pass the cache.
-        if (mode != omRead && cache != nullptr) cache->Forget(file);
     } else {
         entry->fd = opened.descriptor;
+        entry->cache = cache;
     }
     if (!timesAreKnown) {
         LookForChanges(*entry, lastWrite, changed);
@@ -305,8 +310,10 @@ void cFileSystemImpl::CloseHandleOf(FileEntry& entry) {
     if (entry.stream != nullptr) {
         platform::fclose(entry.stream);
     } else {
+        // What another cache than the present one holds cannot be written now.
         cFileCache* const cache = cFileCache::Instance();
-        entry.owesBytes = cache != nullptr && !cache->Flush(HandleOf(entry));
+        const bool hasFlushed = cache == nullptr || cache->Flush(HandleOf(entry));
+        entry.owesBytes = !hasFlushed || cache != entry.cache;
         platform::_close(entry.fd);
     }
     RememberLastWrite(entry);

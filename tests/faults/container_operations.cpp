@@ -282,6 +282,11 @@ Operations IntegerListOperations() {
              const std::unique_ptr<ZUList<long32>> list(ZUList<long32>::Create());
              TryToMake(trial, [&] { return list->CreateEnumerator(); });
          }},
+        {"ZUList::CreateRangeEnumerator",
+         [](Trial& trial) {
+             const std::unique_ptr<ZUList<long32>> list(ZUList<long32>::Create());
+             TryToMake(trial, [&] { return list->CreateRangeEnumerator(); });
+         }},
         {"ZUList::CreateItem",
          [](Trial& trial) {
              const std::unique_ptr<ZUList<long32>> list(ZUList<long32>::Create());

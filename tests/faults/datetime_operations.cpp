@@ -121,6 +121,12 @@ Operations DateOperations() {
              trial.Try([&] { return FormatDateString(text.units, 40, LeapDay, ZUTEXT("dd.MM.yyyy")); },
                        [&] { return text.Is(ZUTEXT("")); });
          }},
+        {"FormatDateString, by the locale's picture",
+         [](Trial& trial) {
+             TextBuffer text;
+             trial.Try([&] { return FormatDateString(text.units, 40, LeapDay, int16{31}); },
+                       [&] { return text.Is(ZUTEXT("")); });
+         }},
         {"zuSQLDateToString",
          [](Trial& trial) {
              TextBuffer text(ZUTEXT("as it was"));

@@ -203,6 +203,12 @@ Operations ResourceOperations() {
              return true;
          }},
         {"cResourceDLL::cResourceDLL", [](Trial& trial) { TryLookUp(trial); }},
+        {"cResourceDLL::cResourceDLL, of a module, and its copy",
+         [] {
+             const cResourceDLL library(HINSTANCE{});
+             const cResourceDLL copy(library);  // NOLINT(performance-unnecessary-copy-initialization): it is meant
+             return true;
+         }},
         {"cResourceDLL::GetResource", [](Trial& trial) { TryLookUp(trial); }},
         {"cResourceDLL::bIsWIN95", [](Trial& trial) { TryLookUp(trial); }},
         {"cResourceDLL::FindString",

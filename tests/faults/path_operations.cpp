@@ -95,6 +95,14 @@ Operations FormOperations() {
              resolve_path_reference(name.units, ZUTEXT("C:\\x\\a.tab"));
              return name.Is(ZUTEXT("C:\\x\\b.tab"));
          }},
+        {"resolve_path_reference, of a handle",
+         [](Trial& trial) {
+             trial.Try([] {
+                 TextBuffer name(ZUTEXT("b"));
+                 resolve_path_reference(name.units, 0);
+                 return name.units[1] == ':' && !name.Is(ZUTEXT("C:\\b"));
+             });
+         }},
         {"CalcRelativePath",
          [] {
              TextBuffer path;

@@ -383,6 +383,14 @@ Operations StringCacheOperations() {
              GetCachedString(cache, 1, text.units, 100, nullptr, 0);
              return text.Is(Words);
          }},
+        {"GetIthCachedString, of an entry",
+         [] {
+             static wchar16* cache = nullptr;
+             if (cache == nullptr) CacheString(&cache, Words, nullptr, 0, false);
+             TextBuffer text;
+             return GetIthCachedString(cache, 0, text.units, 100, nullptr, 0) && text.Is(Words) &&
+                    GetCachedStructure(cache, Words, nullptr, 0);
+         }},
         {"GetCachedStructure", [] { return !GetCachedStructure(nullptr, Words, nullptr, 0); }},
         {"GetIthCachedString",
          [] {

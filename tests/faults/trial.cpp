@@ -31,6 +31,7 @@ bool Trial::CallUnderFaults(const std::function<bool()>& call) {
     return isWhole;
 }
 
+namespace trial {
 namespace {
 
 // Whether the list holds records of those numbers only.
@@ -42,6 +43,7 @@ bool AreRecords(std::initializer_list<int32> numbers) {
 }
 
 }  // namespace
+}  // namespace trial
 
 bool Trial::Try(const std::function<bool()>& call, const std::function<bool()>& isTold,
                 std::initializer_list<int32> records) {
@@ -54,7 +56,7 @@ bool Trial::Try(const std::function<bool()>& call, const std::function<bool()>& 
     }
     if (isWhole) return true;
     EXPECT_TRUE(wasHit) << "it failed without a fault";
-    EXPECT_TRUE(AreRecords(records)) << NumErrors() << " records, the first of number " << GetErrorNum(0);
+    EXPECT_TRUE(trial::AreRecords(records)) << NumErrors() << " records, the first of number " << GetErrorNum(0);
     EXPECT_TRUE(isTold()) << "the answer does not tell that it failed";
     EXPECT_TRUE(call()) << "it does not work afterwards";
     return false;

@@ -1,9 +1,10 @@
 #include <Utility/files/own_service.h>
 #include <gtest/gtest.h>
 
-namespace Torvo {
 namespace own_service_internal_test {
 namespace {
+
+using namespace Torvo;
 
 struct Service {
     virtual ~Service() = default;
@@ -24,4 +25,3 @@ TEST(OwnService, IsToldFromAHostsThatIsMadeOfIt) {
 
 }  // namespace
 }  // namespace own_service_internal_test
-}  // namespace Torvo

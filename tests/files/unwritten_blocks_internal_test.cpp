@@ -6,6 +6,8 @@
 
 #include <chrono>
 #include <filesystem>
+#include <limits>
+#include <memory>
 
 namespace Torvo::test {
 namespace unwritten_blocks_internal_test {
@@ -22,7 +24,8 @@ std::string Lettered(std::size_t count) {
 
 class FileFaultsOfDirtyBlocks : public testing::Test {
 protected:
-    FileFaultsOfDirtyBlocks() : files({.blocks = Blocks, .blockSize = BlockSize}) {}
+    explicit FileFaultsOfDirtyBlocks(FileRetryCallback retry = nullptr)
+        : files({.retry = retry, .blocks = Blocks, .blockSize = BlockSize}) {}
 
     // Lets no transfer move a byte for as long as it lives.
     static FailingFiles NothingIsMoved() { return FailingFiles::Short(1, FailingFiles::Mode::kFromThenOn, 0); }
@@ -116,6 +119,101 @@ TEST_F(FileFaultsOfDirtyBlocks, ArePartOfTheFileThatIsOpenedAgain) {
     close2(file);
     EXPECT_EQ(fileopen(file, omRead, nullptr), file);
     EXPECT_EQ(filelength2(file), 4) << "nothing is owed any more";
+    close2(file);
+}
+
+TEST_F(FileFaultsOfDirtyBlocks, ArePartOfAFileThatIsOpenedToReadAndThenToWrite) {
+    const int file = MakeClosedWithDirtyBlock(ZUTEXT("x"));
+    EXPECT_EQ(fileopen(file, omRead, nullptr), file);
+    EXPECT_EQ(filelength2(file), 9);
+    EXPECT_EQ(ReadBytes(file, 100), "unwritten");
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(filelength2(file), 9);
+    close2(file);
+    close2(file);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x")), "unwritten");
+}
+
+TEST_F(FileFaultsOfDirtyBlocks, DoNotShortenAFileThatIsLongerOnDisk) {
+    const std::string content = Lettered(3 * BlockSize);
+    const int file = files.Make(ZUTEXT("x"), content);
+    fileopen(file, omReadWrite, nullptr);
+    EXPECT_EQ(ReadBytes(file, 100), content.substr(0, 100));
+    lseek2(file, BlockSize, 0);
+    EXPECT_EQ(WriteBytes(file, "#"), 1);
+    {
+        const FailingFiles faults = NothingIsMoved();
+        EXPECT_EQ(close2(file), 0);
+    }
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(filelength2(file), 3 * BlockSize);
+    close2(file);
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x")), std::string(content).replace(BlockSize, 1, "#"));
+}
+
+TEST_F(FileFaultsOfDirtyBlocks, GoToTheDiskBeforeAStreamWritesThere) {
+    const int file = MakeClosedWithDirtyBlock(ZUTEXT("x"));
+    EXPECT_TRUE(touch(file));
+    EXPECT_EQ(files.directory.Read(ZUTEXT("x")), "unwritten");
+}
+
+TEST_F(FileFaultsOfDirtyBlocks, ArePartOfTheFileAlsoIfAnotherCacheWasThereAtItsClose) {
+    cFileCache* const own = cFileCache::Instance();
+    const std::unique_ptr<cFileCache> other(cFileCache::Create(4, 512));
+    const int file = files.Register(ZUTEXT("x"));
+    for (cFileCache* const atTheClose : {static_cast<cFileCache*>(nullptr), other.get()}) {
+        EXPECT_EQ(fileopen(file, omCreate, nullptr), file);
+        EXPECT_EQ(WriteBytes(file, "unwritten"), 9);
+        cFileCache::Instance(atTheClose);
+        EXPECT_EQ(close2(file), 0);
+        cFileCache::Instance(own);
+        EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+        EXPECT_EQ(filelength2(file), 9);
+        EXPECT_EQ(lseek2(file, 0, 2), 9);
+        EXPECT_EQ(WriteBytes(file, " tail"), 5);
+        close2(file);
+        EXPECT_EQ(files.directory.Read(ZUTEXT("x")), "unwritten tail");
+    }
+}
+
+TEST_F(FileFaultsOfDirtyBlocks, BehindAllPositionsAreNoneOfTheFile) {
+    const int file = files.Make(ZUTEXT("x"), "content");
+    fileopen(file, omReadWrite, nullptr);
+    const int64 farBlock = std::numeric_limits<int64>::max() / 4;
+    CacheEntry* entry = nullptr;
+    ASSERT_TRUE(cFileCache::Instance()->Lookup(file, farBlock, &entry, 1));
+    entry->count = 5;
+    entry->flags |= 1;
+    EXPECT_EQ(close2(file), 0);
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(filelength2(file), 7);
+    ASSERT_NE(Held(file, farBlock), nullptr);
+    Held(file, farBlock)->flags &= ~1;
+    close2(file);
+}
+
+// A host that answers a denied access by closing what is in the way, and has another cache from then on.
+class FileFaultsOfDirtyBlocksAndRetry : public FileFaultsOfDirtyBlocks {
+protected:
+    FileFaultsOfDirtyBlocksAndRetry() : FileFaultsOfDirtyBlocks(&ChangeCache) {}
+
+    static bool ChangeCache(eOpenMode /*mode*/, const wchar16* /*name*/, int64& /*state*/) {
+        close2(inTheWay);
+        const cFileCache* const former = cFileCache::Instance();
+        cFileCache::Instance(cFileCache::Create(Blocks, BlockSize));
+        delete former;
+        return true;
+    }
+    static inline int inTheWay = 0;
+};
+
+TEST_F(FileFaultsOfDirtyBlocksAndRetry, AreNotLookedForInACacheThatIsGone) {
+    const int file = MakeClosedWithDirtyBlock(ZUTEXT("x"));
+    inTheWay = register_file(files.directory.Path(ZUTEXT("x")).c_str(), ftNone, false);
+    ASSERT_NE(inTheWay, file);
+    EXPECT_EQ(fileopen(inTheWay, omReadWrite, nullptr), inTheWay);
+    EXPECT_EQ(fileopen(file, omReadWrite, nullptr), file);
+    EXPECT_EQ(filelength2(file), 0);
     close2(file);
 }
 

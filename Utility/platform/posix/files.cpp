@@ -171,13 +171,20 @@ int WriteAll(uint32 count, Call call) {
     return static_cast<int>(done);
 }
 
-// Whether two different paths are spellings of one name: of the same file, which has no other name.
+// Whether two different paths are spellings of one name: of the same file, which has no other name, or directory.
 bool IsSameName(const std::string& a, const std::string& b) {
     struct stat first;
     struct stat second;
     return SystemCall([&] { return ::lstat(a.c_str(), &first); }) == 0 &&
            SystemCall([&] { return ::lstat(b.c_str(), &second); }) == 0 && first.st_dev == second.st_dev &&
-           first.st_ino == second.st_ino && first.st_nlink == 1;
+           first.st_ino == second.st_ino && (first.st_nlink == 1 || S_ISDIR(first.st_mode));
+}
+
+// Renames what has the target's name already: nothing is to be done, or the spelling changes where case does not count.
+int Respell(const std::string& from, const std::string& to) {
+    if (from == to) return 0;
+    if (!IsSameName(from, to)) return Fail(EEXIST);
+    return SystemCall([&] { return ::rename(from.c_str(), to.c_str()); });
 }
 
 // Renames without replacing. Where the file system cannot do that in one step, the target is looked for first.
@@ -185,15 +192,10 @@ int RenameToFree(const std::string& from, const std::string& to) {
     const int done =
         SystemCall([&] { return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE); });
     if (done == 0) return 0;
-    if (errno == EEXIST) {
-        if (from == to) return 0;
-        if (!IsSameName(from, to)) return Fail(EEXIST);
-        // Where case does not count the spelling changes; nothing can be replaced.
-        return SystemCall([&] { return ::rename(from.c_str(), to.c_str()); });
-    }
+    if (errno == EEXIST) return Respell(from, to);
     if (errno != RuntimeNoSuchCall && errno != EINVAL) return -1;
     struct stat status;
-    if (SystemCall([&] { return ::lstat(to.c_str(), &status); }) == 0) return Fail(EEXIST);
+    if (SystemCall([&] { return ::lstat(to.c_str(), &status); }) == 0) return Respell(from, to);
     if (errno != ENOENT) return -1;
     return SystemCall([&] { return ::rename(from.c_str(), to.c_str()); });
 }

@@ -12,9 +12,11 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <thread>
 
 namespace posix_files_internal_test {
 namespace {
@@ -121,6 +123,7 @@ TEST(PosixFiles, FileWhosePathLedNowhereAtItsCloseCountsAsChanged) {
     const fs::path folder = files.directory.Native(ZUTEXT("sub"));
     fs::create_directory(folder);
     const int file = files.Make(ZUTEXT("sub\\x"), "content");
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));  // whatever the age of the file
     fileopen(file, omRead, nullptr);
     EXPECT_EQ(test::ReadBytes(file, 100), "content");
     const fs::path elsewhere = files.directory.Native(ZUTEXT("elsewhere"));
@@ -344,6 +347,24 @@ TEST(PosixFiles, FileWithoutALockOfAnybodyIsMovedAndRemoved) {
     EXPECT_EQ(platform::_wrename(directory.Path(ZUTEXT("d")).c_str(), directory.Path(ZUTEXT("e")).c_str()), 0);
 }
 
+TEST(PosixFiles, AnotherSpellingOfANameIsWritten) {
+    const TempDirectory directory;
+    std::filesystem::create_directories(directory.Native(ZUTEXT("d")) / "inner");
+    std::filesystem::create_symlink("d", directory.Native(ZUTEXT("link")));
+    const wstring16 file = directory.Write(ZUTEXT("d\\x"), "content");
+    const wstring16 respelt = directory.Path(ZUTEXT("link\\x"));
+    {
+        // Behind the attempt and the two looks that tell that it is the same file, it is the system that decides.
+        const test::FailingFiles faults(7, test::FailingFiles::Mode::kOnce, EIO);
+        EXPECT_EQ(platform::_wrename(file.c_str(), respelt.c_str()), -1);
+        EXPECT_EQ(errno, EIO);
+    }
+    EXPECT_EQ(platform::_wrename(file.c_str(), respelt.c_str()), 0);
+    EXPECT_EQ(directory.Read(ZUTEXT("d\\x")), "content");
+    const wstring16 inner = directory.Path(ZUTEXT("d\\inner"));
+    EXPECT_EQ(platform::_wrename(inner.c_str(), directory.Path(ZUTEXT("link\\inner")).c_str()), 0);
+}
+
 TEST(PosixFiles, RenamingWithoutTheSystemsHelpNeverReplacesEither) {
     const TempDirectory directory;
     const wstring16 a = directory.Write(ZUTEXT("a"), "first");
@@ -355,6 +376,10 @@ TEST(PosixFiles, RenamingWithoutTheSystemsHelpNeverReplacesEither) {
         const test::FailingFiles faults(4, test::FailingFiles::Mode::kOnce, 40);
         EXPECT_EQ(platform::_wrename(a.c_str(), b.c_str()), -1);
         EXPECT_EQ(errno, EEXIST);
+    }
+    for (const int noSuchCall : {40, EINVAL}) {
+        const test::FailingFiles faults(4, test::FailingFiles::Mode::kOnce, noSuchCall);
+        EXPECT_EQ(platform::_wrename(a.c_str(), a.c_str()), 0);
     }
     const test::FailingFiles faults(4, test::FailingFiles::Mode::kOnce, 40);
     EXPECT_EQ(platform::_wrename(a.c_str(), c.c_str()), 0);
